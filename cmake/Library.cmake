@@ -1,0 +1,82 @@
+# The library: the sources are compiled once, for liboProductTree.so and for the tests of what it hides.
+
+set(productTreeSources
+    resources/ProductTreeResources.cpp
+
+    columns/ColumnInfo.cpp
+    columns/DocumentColumnsInfo.cpp
+    columns/headers/HeaderTable.cpp
+    columns/headers/PlainHeaders.cpp
+    columns/headers/ProductTreeHeaderImpl.cpp
+
+    sorting/PartRuns.cpp
+    sorting/SortSections.cpp
+    sorting/StyleBasedProductTreeSorter.cpp
+
+    cells/CellArena.cpp
+    cells/GroupCellImpl.cpp
+    cells/MarkingCells.cpp
+    cells/NameCells.cpp
+    cells/ProductTreeCellImpl.cpp
+
+    items/BilletItemImpl.cpp
+    items/CellTable.cpp
+    items/InfObjectItemImpl.cpp
+    items/ItemIcons.cpp
+    items/ProductTreeItemData.cpp
+    items/ProductTreeItemId.cpp
+    items/ProductTreeItemImpl.cpp
+    items/SubTreeItemImpl.cpp
+
+    control/Embodiments.cpp
+    control/GrProductTreeWrapper.cpp
+    control/ModuleEntry.cpp
+    control/ProductTreeCtrl.cpp
+    control/ProductTreeCtrlColumns.cpp
+    control/ProductTreeCtrlRows.cpp
+    control/ProductTreeEmbItemsStates.cpp
+)
+
+add_library(productTreeObjects OBJECT ${productTreeSources})
+target_link_libraries(productTreeObjects PUBLIC productTreeHostHeaders oHost PRIVATE productTreeRules)
+set_target_properties(productTreeObjects PROPERTIES
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+
+# Templates of the standard library ignore hidden visibility: the version script keeps them in.
+set(productTreeExports ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+add_library(oProductTree SHARED $<TARGET_OBJECTS:productTreeObjects>)
+add_library(oProductTree::oProductTree ALIAS oProductTree)
+target_link_libraries(oProductTree PUBLIC productTreeHostHeaders oHost PRIVATE productTreeRules)
+target_link_options(oProductTree PRIVATE
+    -Wl,--version-script=${productTreeExports} -Wl,--no-undefined)
+set_target_properties(oProductTree PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    LINK_DEPENDS ${productTreeExports})
+
+# What a host sees: the contract and the exported headers.
+set(productTreePublicHeaders
+    columns/ColumnInfo.h
+    control/GrProductTreeWrapper.h
+    control/IfProductTreeCtrl.h
+    items/ProductTreeItemData.h
+    resources/Export.h
+)
+foreach(header ${productTreePublicHeaders})
+    get_filename_component(folder ${header} DIRECTORY)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/oProductTree/${folder})
+endforeach()
+install(DIRECTORY host/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/oProductTree/host
+    FILES_MATCHING PATTERN "*.h")
+
+include(CMakePackageConfigHelpers)
+install(TARGETS oProductTree oHost productTreeHostHeaders EXPORT oProductTreeTargets)
+install(EXPORT oProductTreeTargets NAMESPACE oProductTree::
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/oProductTree)
+configure_package_config_file(cmake/oProductTreeConfig.cmake.in
+    ${CMAKE_CURRENT_BINARY_DIR}/oProductTreeConfig.cmake
+    INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/oProductTree)
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/oProductTreeConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/oProductTreeConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/oProductTreeConfigVersion.cmake
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/oProductTree)

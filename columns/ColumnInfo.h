@@ -1,0 +1,87 @@
+// What a column is, apart from any row: its property, caption, width, value type, range, list of
+// values and scale between stored and shown units. Cells and heads keep a copy each and the view
+// reads it; a copy costs one count, since copies share their parts until one of them is changed.
+#pragma once
+
+#include "host/SimplePropVal.h"
+#include "host/UniqueMetaObjectKey.h"
+#include "resources/Export.h"
+
+#include <list>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+class IfPropertyDescription;
+
+namespace productTree {
+
+class PRODUCT_TREE_EXPORT ColumnInfo {
+public:
+    /// Width in the view's units by width class: 0 numbers and counts, 1 texts, 2 material and
+    /// section, 3 truth values and lists, 4 narrow numbers, 5 counts per embodiment.
+    static const std::map<int, double> DEFAULT_COLUMN_WIDTH;
+
+    /// The column of a described property. Null gives an empty id, string type and no limits.
+    explicit ColumnInfo(const IfPropertyDescription* description);
+    /// A string column without a description.
+    ColumnInfo(const std::wstring& id, const std::wstring& header, double width);
+
+    /// Takes range, list, unit coefficient, caption, default width and variability.
+    void InitByDescription(const IfPropertyDescription& description);
+    /// The same without the width, which the user may have set.
+    void UpdateByDescription(const IfPropertyDescription& description);
+    void SetRangeByDescription(const IfPropertyDescription& description);
+    void SetListByDescription(const IfPropertyDescription& description);
+    void SetUnitCoefByDescription(const IfPropertyDescription& description);
+    void SetHeaderByDescription(const IfPropertyDescription& description);
+    void SetWidthByDescription(const IfPropertyDescription& description);
+    void SetIsVarByDescription(const IfPropertyDescription& description);
+
+    /// The property's path, or the id of a count column per embodiment.
+    const std::wstring& GetId() const;
+    /// The same to be held on to without a copy.
+    const SharedText& GetSharedId() const;
+    /// The caption, with the shown unit where the property has one.
+    const std::wstring& GetHeader() const;
+    /// 0 integer, 1 double, 2 string, 3 boolean; others have no cells.
+    unsigned GetType() const;
+    double GetWidth() const;
+    void SetWidth(double width);
+    /// Limits in stored units; both 0 when there is no range, and for every type but the numbers.
+    double GetMin() const;
+    double GetMax() const;
+    /// The range is not binding.
+    bool IsVariable() const;
+    /// The values that the property may take, in stored units; empty when it has no list.
+    std::list<SimplePropVal> GetListOfVariant() const;
+    /// The same in shown units.
+    std::list<SimplePropVal> GetListWithUnitCoef() const;
+
+    /// False for a coefficient too near to 0 to divide by; values are then shown as stored.
+    bool IsUnitCoefficientDefined() const;
+    /// From stored to shown units, and back. Integers are cut towards zero, and held at the limits
+    /// of int where the result does not fit.
+    double ApplyUnitCoefficient(double value) const;
+    double UnapplyUnitCoefficient(double value) const;
+    int ApplyUnitCoefficient(int value) const;
+    int UnapplyUnitCoefficient(int value) const;
+    /// `value` in stored units. Both ends are allowed; without a range everything is.
+    bool IsValueInMinMaxRange(double value) const;
+
+    /// The id of the column that counts for these embodiments: "count", then "|" and each non-empty
+    /// key. A key must not hold "|".
+    static std::wstring ConvertGroupCountToId(const std::set<UniqueMetaObjectKey>& keys);
+    /// The embodiments of such an id; empty for every other column, the plain "count" among them.
+    static std::set<UniqueMetaObjectKey> ConvertGroupCountFromId(const std::wstring& id);
+
+private:
+    struct Parts;
+
+    Parts& Detach();
+
+    std::shared_ptr<Parts> m_parts;
+};
+
+} // namespace productTree

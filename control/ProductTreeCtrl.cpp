@@ -1,0 +1,140 @@
+#include "control/ProductTreeCtrl.h"
+
+#include "columns/headers/ProductTreeHeaderImpl.h"
+#include "control/Bracket.h"
+#include "control/GrProductTreeWrapper.h"
+#include "host/data/IfProductTreeData.h"
+#include "items/ProductTreeItemImpl.h"
+#include "resources/ProductTreeResources.h"
+#include "sorting/StyleBasedProductTreeSorter.h"
+
+#include <utility>
+
+namespace productTree {
+
+namespace {
+
+constexpr EventsRouterID c_router{0, 7};
+
+// The one message of the bus that the panel listens to: the document has changed outside of it.
+constexpr unsigned c_documentChanged = 0x601;
+constexpr unsigned long c_structureChanged = 15;
+
+} // namespace
+
+ProductTreeCtrl::ProductTreeCtrl(GrProductTreeWrapper& wrapper) : m_wrapper(wrapper) {
+    Connect(c_router);
+    SetHandler(c_documentChanged, [this](unsigned long wParam, long lParam) {
+        if (wParam == c_structureChanged && lParam == 0)
+            Synchronize();
+        else
+            Refresh();
+    });
+}
+
+ProductTreeCtrl::~ProductTreeCtrl() = default;
+
+void ProductTreeCtrl::Init(std::shared_ptr<IfProductTreeData> data, ITreeTableModel& tree,
+                           IParamSlideBoxModel&) {
+    m_data = std::move(data);
+    m_sorter = std::make_unique<StyleBasedProductTreeSorter>(m_data);
+    m_tree = &tree;
+    m_tree->SetController(*this);
+    m_tree->SetCaption(GetResourceText("IDS_PRODUCTTREE_NAME"));
+    m_tree->ShowColumnHeads(true);
+    m_tree->SetHelpTopic("PRODUCT_TREE_HELP");
+    m_tree->SetToolbar("PRODUCT_TREE_TOOLBAR");
+    m_tree->SetAdditionalToolbar("PRODUCT_TREE_ADDITIONAL_TOOLBAR");
+    Synchronize();
+}
+
+void ProductTreeCtrl::Synchronize() {
+    RefreshReadOnlyMode();
+    LeaveImpossibleEmbodimentMode();
+    if (!m_data || m_rebuilding || IsUnchanged())
+        return;
+    if (!IsViewVisible()) {
+        m_wrapper.GetTreeId()->SetNeedSyncronize(true);
+        return;
+    }
+
+    m_tree->BeginUpdate();
+    RunBracketed(
+        [&] {
+            m_data->BeginRebuild();
+            RebuildColumns();
+            RebuildRows();
+        },
+        [&] { m_tree->EndUpdate(); });
+    UpdateAttributeColumns();
+    m_wrapper.GetTreeId()->SetNeedSyncronize(false);
+    m_wrapper.GetTreeId()->SetNeedRefresh(false);
+    RememberBuild();
+}
+
+void ProductTreeCtrl::Refresh() {
+    RefreshReadOnlyMode();
+    if (!m_data || m_rebuilding)
+        return;
+    const std::uint64_t stamp = m_data->GetChangeStamp();
+    if (m_data->IsReadOnly() && stamp == m_refreshStamp)
+        return;
+    // A build that is owed reads all values, too.
+    if (m_wrapper.GetTreeId()->IsNeedSyncronize()) {
+        Synchronize();
+        return;
+    }
+    if (!IsViewVisible()) {
+        m_wrapper.GetTreeId()->SetNeedRefresh(true);
+        return;
+    }
+    ITreeTableRow* root = m_tree->GetRootRow(0);
+    if (!root)
+        return;
+    UpdateRows(*root);
+    m_wrapper.GetTreeId()->SetNeedRefresh(false);
+    m_refreshStamp = stamp;
+}
+
+void ProductTreeCtrl::RefreshReadOnlyMode() {
+    if (m_data && m_tree)
+        m_tree->SetReadOnly(m_data->IsReadOnly());
+}
+
+bool ProductTreeCtrl::IsViewVisible() const {
+    return m_tree && m_tree->IsVisible();
+}
+
+// Only what can't be changed is ever skipped: the stamp need not know of changes in the making.
+bool ProductTreeCtrl::IsUnchanged() const {
+    if (!m_data->IsReadOnly() || m_syncStamp != m_data->GetChangeStamp())
+        return false;
+    const auto columns = m_columns.find(m_columnSetKey);
+    return columns != m_columns.end() &&
+           columns->second.IsSameColumns(m_data->GetVisiblePropertyIds()) &&
+           m_embodimentMode == m_data->IsEmbodimentMode();
+}
+
+void ProductTreeCtrl::LeaveImpossibleEmbodimentMode() {
+    if (!m_data || !m_tree || !m_data->IsEmbodimentMode())
+        return;
+    if (!m_tree->IsEmbodimentsAllowed() || !m_data->HasEmbodiments())
+        m_data->SetEmbodimentMode(false);
+}
+
+void ProductTreeCtrl::RememberBuild() {
+    m_refreshStamp = m_syncStamp = m_data->GetChangeStamp();
+    m_columnSetKey = m_data->GetColumnSetKey();
+    m_rootKey = m_data->GetRootKey();
+    m_embodimentMode = m_data->IsEmbodimentMode();
+}
+
+void ProductTreeCtrl::UpdateRows(ITreeTableRow& root) {
+    ProductTreeItemImpl* item = FindItemOfRow(root);
+    if (!item)
+        return;
+    m_data->BeginRead();
+    RunBracketed([&] { item->UpdateRow(); }, [&] { m_data->EndRead(); });
+}
+
+} // namespace productTree

@@ -1,0 +1,102 @@
+// The controller of the panel, one a wrapper. It stands between the product data, the view and the
+// library's own rows, columns and sorter, and alone decides when rows are built and when values are
+// read again. Its operations are spread over files by theme: ProductTreeCtrl.cpp has its life and
+// the frame of builds and refreshes, ProductTreeCtrlColumns.cpp and ProductTreeCtrlRows.cpp what a
+// build does.
+#pragma once
+
+#include "columns/DocumentColumnsInfo.h"
+#include "control/IfProductTreeCtrl.h"
+#include "control/ProductTreeEmbItemsStates.h"
+#include "host/EventsBus.h"
+#include "host/UniqueMetaObjectKey.h"
+#include "host/view/ITreeTableModel.h"
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class GrProductTreeWrapper;
+class IParamSlideBoxModel;
+class IfProductTreeData;
+
+namespace productTree {
+
+class IProductTreeSorter;
+class ProductTreeHeaderImpl;
+class ProductTreeItemImpl;
+struct ProductTreeRowInfo;
+
+class ProductTreeCtrl final : public LEventsHandler,
+                              public EventsBusSubscriber,
+                              public IfProductTreeCtrl {
+public:
+    /// Listens to the events bus from now on; there is no view and no data yet.
+    explicit ProductTreeCtrl(GrProductTreeWrapper& wrapper);
+    ~ProductTreeCtrl() override;
+
+    /// Called once, when the panel has its view and its data. Ends in the first full build.
+    void Init(std::shared_ptr<IfProductTreeData> data, ITreeTableModel& tree,
+              IParamSlideBoxModel& slideBox);
+    /// The full build of columns and rows. Owed instead while the panel is hidden, skipped in a
+    /// read-only document that has not changed.
+    void Synchronize();
+    /// Reads all values again; rows and columns stay.
+    void Refresh();
+    void RefreshReadOnlyMode();
+
+private:
+    struct AttributeColumns {
+        bool aggrIntoProduct;
+        bool regWithDesc;
+    };
+
+    bool IsViewVisible() const;
+    bool IsUnchanged() const;
+    void LeaveImpossibleEmbodimentMode();
+    void RememberBuild();
+    void UpdateRows(ITreeTableRow& root);
+
+    void RebuildColumns();
+    void TakeWidthsFromView(DocumentColumnsInfo& columns) const;
+    void MakeFixedHeaders(DocumentColumnsInfo& columns);
+    void UpdateByDescriptions(DocumentColumnsInfo& columns) const;
+    void MakeHeaders(const DocumentColumnsInfo& columns);
+    std::list<ColumnInfo> MakeEmbodimentColumns() const;
+    void UpdateAttributeColumns();
+    DocumentColumnsInfo& GetCurrentColumns();
+
+    void RebuildRows();
+    ITreeTableRow& MakeRootRow(const UniqueMetaObjectKey& rootKey);
+    void UpdateChildRows(const std::vector<ProductTreeRowInfo>& nodes, ITreeTableRow& parent);
+    void GiveItem(ITreeTableRow& row, std::shared_ptr<ProductTreeItemImpl> item);
+    std::shared_ptr<ProductTreeItemImpl> CreateItem(const ProductTreeRowInfo& node,
+                                                    const TreeRowPtr& row) const;
+
+    GrProductTreeWrapper& m_wrapper;
+    std::shared_ptr<IfProductTreeData> m_data;
+    std::unique_ptr<IProductTreeSorter> m_sorter;
+    boost::intrusive_ptr<ITreeTableModel> m_tree;
+    /// By column set key; none is ever dropped.
+    std::map<std::string, DocumentColumnsInfo> m_columns;
+    std::map<std::string, AttributeColumns> m_attributeColumns;
+    std::shared_ptr<ProductTreeHeaderImpl> m_nameHeader;
+    std::shared_ptr<ProductTreeHeaderImpl> m_designationHeader;
+    /// Of the other shown columns, in shown order.
+    std::vector<std::shared_ptr<ProductTreeHeaderImpl>> m_headers;
+    /// Rows are being built: the view and the product data may call back, and a build inside a
+    /// build would pull the rows away from under it.
+    bool m_rebuilding = false;
+    ProductTreeEmbItemsStates m_rowStates;
+    /// What the last full build found.
+    UniqueMetaObjectKey m_rootKey;
+    std::string m_columnSetKey;
+    std::uint64_t m_refreshStamp = 0;
+    std::uint64_t m_syncStamp = 0;
+    bool m_embodimentMode = false;
+};
+
+} // namespace productTree

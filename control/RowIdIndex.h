@@ -1,0 +1,46 @@
+// A list of row ids with an index beside it, so that a row finds out whether its id is in the list
+// without comparing it with each. The answer is that of a scan with Equals.
+#pragma once
+
+#include "items/ProductTreeItemId.h"
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace productTree {
+
+class RowIdIndex {
+public:
+    /// Borrows the ids.
+    explicit RowIdIndex(const std::vector<std::shared_ptr<ProductTreeItemId>>& ids) {
+        m_ids.reserve(ids.size());
+        for (const auto& id : ids) {
+            m_hashes.clear();
+            id->AppendHashes(m_hashes);
+            for (const std::size_t hash : m_hashes)
+                m_ids.emplace(hash, id.get());
+        }
+    }
+
+    bool IsEmpty() const { return m_ids.empty(); }
+
+    bool Contains(const ProductTreeItemId& wanted) const {
+        m_hashes.clear();
+        wanted.AppendHashes(m_hashes);
+        for (const std::size_t hash : m_hashes) {
+            const auto [begin, end] = m_ids.equal_range(hash);
+            for (auto found = begin; found != end; ++found) {
+                if (found->second->Equals(wanted))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+private:
+    std::unordered_multimap<std::size_t, const ProductTreeItemId*> m_ids;
+    mutable std::vector<std::size_t> m_hashes;
+};
+
+} // namespace productTree

@@ -1,0 +1,15 @@
+// How the host shows a text that may hold format marks of its labels.
+#pragma once
+
+#include "host/SharedText.h"
+
+namespace format_label_utils {
+
+/// The text as it is read: marks of the host's label format are gone. A text without marks comes
+/// back as the same text, not as a copy.
+SharedText FormatLabelForDisplay(const SharedText& text);
+
+/// The text on one line: each line break, with the blanks around it, becomes one blank.
+SharedText RemoveNewLineSymbols(const SharedText& text);
+
+} // namespace format_label_utils

@@ -1,0 +1,123 @@
+// A row of the tree-table, cut by theme into small roles. A front end implements it role by role;
+// the library sees only the whole.
+#pragma once
+
+#include "host/RcBase.h"
+#include "host/SharedText.h"
+#include "host/view/IMarkingEditor.h"
+
+#include <cstddef>
+#include <string>
+
+class ITreeTableRow;
+
+namespace productTree {
+class ProductTreeItemData;
+}
+
+using TreeRowPtr = boost::intrusive_ptr<ITreeTableRow>;
+
+/// The row's place among the other rows.
+class ITreeRowStructure : public IRefItem {
+public:
+    virtual void AppendChild(const TreeRowPtr& child) = 0;
+    virtual std::size_t GetChildCount() const = 0;
+    /// The child at that place, which must be below GetChildCount. The row keeps holding it.
+    virtual ITreeTableRow* GetChild(std::size_t index) const = 0;
+    /// Drops children at the end until `count` are left; never adds any. A dropped row, and each
+    /// row below it, lets go of its data, which refers back to the row; a view that goes does the
+    /// same with all its rows.
+    virtual void SetChildCount(std::size_t count) = 0;
+    /// Null for the root row and for a row that stands nowhere.
+    virtual ITreeTableRow* GetParent() const = 0;
+};
+
+/// What the library keeps at the row.
+class ITreeRowData {
+public:
+    virtual ~ITreeRowData() = default;
+
+    /// Null until SetData. The row keeps holding it.
+    virtual productTree::ProductTreeItemData* GetData() const = 0;
+    /// The row holds `data` from now on. The two ids are those under which edits of the row's name
+    /// and of its designation are reported.
+    virtual void SetData(const boost::intrusive_ptr<productTree::ProductTreeItemData>& data,
+                         const std::wstring& nameColumnId, const std::wstring& markingColumnId) = 0;
+};
+
+/// The user's view of the row.
+class ITreeRowState {
+public:
+    virtual ~ITreeRowState() = default;
+
+    virtual bool IsCurrent() const = 0;
+    virtual bool IsExpanded() const = 0;
+    virtual void SetExpanded(bool expanded) = 0;
+    /// False for a row that always shows its children.
+    virtual bool IsCollapsible() const = 0;
+    virtual void SetReadOnly(bool readOnly) = 0;
+};
+
+/// The row's cells, one a shown column; name and designation are not among them.
+class ITreeRowCells {
+public:
+    virtual ~ITreeRowCells() = default;
+
+    virtual std::size_t GetCellCount() const = 0;
+    /// Drops cells at the end, or adds cells without column and editor.
+    virtual void SetCellCount(std::size_t count) = 0;
+    /// Gives an existing cell a new column; its editor stays.
+    virtual void SetCellColumn(std::size_t index, const std::wstring& columnId) = 0;
+    /// Marks the count cell of the embodiment that is worked on.
+    virtual void SetCurrentCountColumn(const std::wstring& columnId) = 0;
+    virtual void ResetCurrentCountColumn() = 0;
+};
+
+/// The row's own label.
+class ITreeRowName {
+public:
+    virtual ~ITreeRowName() = default;
+
+    /// `raw` is what an editor starts from, `shown` what is read.
+    virtual void SetName(const SharedText& raw, const SharedText& shown,
+                         const std::wstring& columnId) = 0;
+    /// The raw text, or what the user has left in the name editor.
+    virtual SharedText GetNameText() const = 0;
+    virtual SharedText GetNameDisplay() const = 0;
+    virtual void SetNameEditable(bool editable) = 0;
+    /// Whether the name is shown as a link; the style counts only then (2: a live link).
+    virtual void SetNameHypertext(bool hypertext) = 0;
+    virtual void SetNameLinkStyle(int style) = 0;
+    /// The resource name of the by-source icon; empty for none.
+    virtual void SetNameIcon(const std::wstring& name) = 0;
+    virtual std::wstring GetNameIcon() const = 0;
+    /// Section rows show the name, and the row, in a style of their own.
+    virtual void SetSectionNameStyle(bool section) = 0;
+    virtual void SetSectionRowStyle(bool section) = 0;
+};
+
+/// What stands before the label.
+class ITreeRowIcon {
+public:
+    virtual ~ITreeRowIcon() = default;
+
+    /// An icon resource of the host and its tip, which may be empty.
+    virtual void SetIcon(int icon, const SharedText& tip) = 0;
+    /// 0 until SetIcon.
+    virtual int GetIcon() const = 0;
+    /// The two check boxes beside the name: 0 none, 1 on, 2 off, 3 on and read-only, 4 off and
+    /// read-only.
+    virtual void SetRegWithDescState(int state) = 0;
+    virtual void SetAggrIntoProductState(int state) = 0;
+};
+
+class ITreeTableRow : public ITreeRowStructure,
+                      public ITreeRowData,
+                      public ITreeRowState,
+                      public ITreeRowCells,
+                      public ITreeRowName,
+                      public ITreeRowIcon {
+public:
+    /// Null for a row that shows no designation.
+    virtual boost::intrusive_ptr<IMarkingEditor> GetMarkingEditor() = 0;
+};

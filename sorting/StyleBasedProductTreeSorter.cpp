@@ -1,0 +1,490 @@
+#include "sorting/StyleBasedProductTreeSorter.h"
+
+#include "columns/PropertyKeys.h"
+#include "host/data/IfProductTreeData.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <numeric>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace productTree {
+
+namespace {
+
+using meta_data::SP::AllStyleId;
+using meta_data::SP::IsSPUsed;
+
+using Key = UniqueMetaObjectKey;
+
+// Sorts behind every real first index.
+constexpr std::uint64_t c_noPlace = std::numeric_limits<std::uint64_t>::max();
+
+enum PartKind { Unknown = 0, View = 2, Assembly = 4, Other = 7, Service = 8 };
+
+// The kinds of parts that make rows.
+const std::set<int> c_rowKinds = {4, 5, 6, 7};
+
+bool IsRowKind(int kind) {
+    return kind >= Assembly && kind <= Other;
+}
+
+const PartAttributes& GetAttributes(const PartHandler& handler) {
+    return handler.IsValid() ? handler.GetProductPart().attributes : PartHandler::c_defaultAttrs;
+}
+
+bool IsInProduct(const PartHandler& handler) {
+    if (handler.IsCalcAvailable()) {
+        if (const auto calculated = handler.GetPropertyCalculator().IsInProduct())
+            return *calculated;
+    }
+    return GetAttributes(handler).inProduct;
+}
+
+const PartHandler& GetSpeakingHandler(const GroupPartHandler& handler) {
+    return handler.GetGroupKey() == Key::null ? handler.GetRawPartHandler()
+                                              : handler.GetGroupPartHandler();
+}
+
+// The key that stands for a group: that of the first part used in the current style, else of the
+// first used in any style, else of the first part.
+class GroupKeyChoice {
+public:
+    GroupKeyChoice(const IfProductDataAggregator& aggregator, meta_data::SP::StyleId style)
+        : m_aggregator(aggregator), m_style(style) {}
+
+    // `asked` is whose use counts; billets are used where their owner is.
+    void Add(const Key& key, const Key& asked) {
+        if (IsSPUsed(m_aggregator, asked, m_style))
+            TakeFirst(m_used, key);
+        else if (IsSPUsed(m_aggregator, asked, AllStyleId()))
+            TakeFirst(m_usedElsewhere, key);
+        else
+            TakeFirst(m_notUsed, key);
+    }
+
+    const Key& Get() const {
+        if (m_used != Key::null)
+            return m_used;
+        return m_usedElsewhere != Key::null ? m_usedElsewhere : m_notUsed;
+    }
+
+private:
+    static void TakeFirst(Key& slot, const Key& key) {
+        if (slot == Key::null)
+            slot = key;
+    }
+
+    const IfProductDataAggregator& m_aggregator;
+    meta_data::SP::StyleId m_style;
+    Key m_used;
+    Key m_usedElsewhere;
+    Key m_notUsed;
+};
+
+} // namespace
+
+StyleBasedProductTreeSorter::StyleBasedProductTreeSorter(std::shared_ptr<IfProductTreeData> data)
+    : m_data(std::move(data)) {}
+
+std::vector<ProductTreeRowInfo> StyleBasedProductTreeSorter::Sort() {
+    m_data->PrepareData();
+    CollectObjects();
+    IndexParts();
+    IndexObjects();
+    DropAndSplit();
+    MakeComparator();
+    m_sections = MakeSortSections(*m_data);
+    m_noSection.parts.clear();
+    Distribute();
+    return MakeRows();
+}
+
+void StyleBasedProductTreeSorter::CollectObjects() {
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    const IfMetaProductData& metaData = aggregator.GetMetaData();
+    m_objects.clear();
+    m_billets.clear();
+    m_orderedParts = aggregator.GetPrimaryMetaData().GetOrderedPartsOfKinds(c_rowKinds);
+    m_topKeys = m_data->GetTopKeys();
+
+    std::unordered_set<Key> met;
+    const auto add = [&](const Key& key) {
+        if (met.insert(key).second)
+            m_objects.push_back(key);
+    };
+    for (const Key& topKey : m_topKeys)
+        std::ranges::for_each(metaData.GetDirectParts(topKey), add);
+    for (const Key& key : metaData.GetPartsOfKinds(c_rowKinds)) {
+        if (metaData.GetParentParts(key).empty())
+            add(key);
+    }
+}
+
+void StyleBasedProductTreeSorter::IndexParts() {
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    const IfMetaProductData& primary = aggregator.GetPrimaryMetaData();
+    m_index.clear();
+    m_index.reserve(m_orderedParts.size() + m_objects.size());
+
+    std::unordered_map<std::string_view, std::size_t> places;
+    places.reserve(m_orderedParts.size());
+    for (std::size_t i = 0; i < m_orderedParts.size(); ++i)
+        places.emplace(m_orderedParts[i].String(), i);
+
+    for (std::size_t i = 0; i < m_topKeys.size(); ++i) {
+        for (Key& part : primary.GetDirectParts(m_topKeys[i])) {
+            const auto place = places.find(part.String());
+            if (place != places.end() && !m_data->IsCountMark(part))
+                m_index.try_emplace(std::move(part), InfObjIndex{i, place->second});
+        }
+    }
+
+    std::vector<std::size_t> rest;
+    for (std::size_t i = 0; i < m_orderedParts.size(); ++i) {
+        if (!m_index.contains(m_orderedParts[i]))
+            rest.push_back(i);
+    }
+    for (const std::size_t i : rest) {
+        if (m_data->IsCountMark(m_orderedParts[i]))
+            m_index.try_emplace(m_orderedParts[i], InfObjIndex{c_noPlace, i});
+    }
+    std::uint64_t counter = 0;
+    for (const std::size_t i : rest) {
+        const Key& part = m_orderedParts[i];
+        if (!m_index.contains(part) && aggregator.GetOwners(part).empty())
+            m_index.try_emplace(part, InfObjIndex{c_noPlace, counter++});
+    }
+}
+
+void StyleBasedProductTreeSorter::IndexObjects() {
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    for (std::size_t i = 0; i < m_objects.size(); ++i) {
+        const Key& object = m_objects[i];
+        if (!aggregator.IsInfObject(object))
+            continue;
+        InfObjIndex index{c_noPlace, c_noPlace};
+        if (meta_data::SP::IsManualBillet(aggregator, object)) {
+            // Manual billets come in the reverse of the order in which they were met.
+            index.second = m_objects.size() - 1 - i;
+        } else {
+            for (const Key& occurrence : aggregator.GetOccurrences(object, nullptr)) {
+                const auto found = m_index.find(occurrence);
+                if (found != m_index.end())
+                    index = std::min(index, found->second);
+            }
+        }
+        m_index.insert_or_assign(object, index);
+    }
+}
+
+void StyleBasedProductTreeSorter::DropAndSplit() {
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    std::erase_if(m_objects, [&](const Key& key) {
+        const IfMetaProductData& metaData = aggregator.GetMetaDataOf(key);
+        return metaData.HasPartHandler(key) && !IsInProduct(metaData.GetPartHandler(key));
+    });
+    const auto billets = std::ranges::stable_partition(m_objects, [&](const Key& key) {
+        return !meta_data::SP::IsAssociativeBillet(aggregator.GetMetaDataOf(key), key) &&
+               !meta_data::SP::IsManualBillet(aggregator, key);
+    });
+    m_billets.assign(std::make_move_iterator(billets.begin()),
+                     std::make_move_iterator(billets.end()));
+    m_objects.erase(billets.begin(), billets.end());
+    std::ranges::sort(m_billets);
+}
+
+void StyleBasedProductTreeSorter::MakeComparator() {
+    using namespace meta_data::grouping;
+    const SpcDescription* description = m_data->GetSpcDescription();
+    m_comparator = description ? CreateDescrGroupingComparator(*description)
+                               : CreateDefaultGroupingComparator();
+    m_comparator->SetOptionA(false);
+    m_comparator->SetIndexMap(m_index);
+    m_comparator->SetOptionB(true);
+    m_comparator->SetOptionC(false);
+}
+
+void StyleBasedProductTreeSorter::Distribute() {
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    const bool single =
+        m_sections.size() == 1 && (m_sections[0].section.numbers == SPCSection().numbers ||
+                                   m_sections[0].section.name.IsEmpty());
+    std::map<decltype(SPCSection::numbers), SortSection*> byNumbers;
+    for (SortSection& section : m_sections)
+        byNumbers.try_emplace(section.section.numbers, &section);
+
+    for (Key& key : m_objects) {
+        SortSection* target = single ? &m_sections[0] : &m_noSection;
+        if (!single) {
+            const auto found = byNumbers.find(FindSpcSection(aggregator, key, nullptr).numbers);
+            if (found != byNumbers.end())
+                target = found->second;
+        }
+        const IfMetaProductData& metaData = aggregator.GetMetaDataOf(key);
+        target->parts.push_back({&metaData, std::move(key)});
+    }
+    m_objects.clear();
+}
+
+StyleBasedProductTreeSorter::Rows StyleBasedProductTreeSorter::MakeRows() {
+    const bool plain = !m_data->AreSectionRowsShown() || m_sections.size() == 1;
+    Rows rows;
+    for (SortSection& section : m_sections) {
+        if (section.parts.empty())
+            continue;
+        if (plain)
+            std::ranges::move(RowsOfParts(section.parts), std::back_inserter(rows));
+        else
+            AddSectionRow(section, rows);
+    }
+    if (!m_noSection.parts.empty())
+        AddSectionRow(m_noSection, rows);
+    return rows;
+}
+
+void StyleBasedProductTreeSorter::AddSectionRow(SortSection& section, Rows& rows) {
+    Rows children = RowsOfParts(section.parts);
+    if (children.empty())
+        return;
+    ProductTreeRowInfo& row = rows.emplace_back();
+    row.kind = RowKind::Section;
+    row.section = section.section;
+    row.label = section.label;
+    row.children = std::move(children);
+}
+
+StyleBasedProductTreeSorter::Rows
+StyleBasedProductTreeSorter::RowsOfParts(std::vector<ConstProductPart>& parts) {
+    Rows rows;
+    ForEachRun(parts, *m_comparator, [&](PartRun run) { RowsOfRun(run, rows); });
+    return rows;
+}
+
+void StyleBasedProductTreeSorter::RowsOfRun(PartRun run, Rows& rows) {
+    Rows loose;
+    std::vector<const ConstProductPart*> joined;
+    for (const ConstProductPart& part : run) {
+        if (IsSeparate(part.key))
+            AddRowsOfOccurrences(GetShownOccurrences(part.key), loose);
+        else
+            joined.push_back(&part);
+    }
+    GroupRow(joined, rows, loose);
+
+    SortByIndex(loose);
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    const IfMetaProductData& metaData = aggregator.GetMetaData();
+    for (ProductTreeRowInfo& row : loose) {
+        const Key object =
+            aggregator.IsInfObject(row.key) ? row.key : aggregator.GetOwnerObject(row.key);
+        rows.push_back(std::move(row));
+        if (!object.IsEmpty())
+            BilletRows(metaData.GetBillets(object), rows);
+    }
+}
+
+void StyleBasedProductTreeSorter::AddRowsOfOccurrences(const Keys& occurrences, Rows& rows) const {
+    for (const Key& occurrence : occurrences) {
+        if (IsShownInTree(occurrence))
+            rows.emplace_back().key = occurrence;
+    }
+}
+
+void StyleBasedProductTreeSorter::GroupRow(const std::vector<const ConstProductPart*>& parts,
+                                           Rows& groups, Rows& loose) {
+    if (parts.empty())
+        return;
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    const IfMetaProductData& metaData = aggregator.GetMetaData();
+    const meta_data::SP::StyleId style = m_data->GetCurrentStyleId();
+
+    ProductTreeRowInfo group;
+    GroupKeyChoice choice(aggregator, style);
+    bool hasOccurrences = false;
+    std::set<Key> billets;
+    for (const ConstProductPart* part : parts) {
+        choice.Add(part->key, part->key);
+        const Keys occurrences = GetShownOccurrences(part->key);
+        hasOccurrences = hasOccurrences || !occurrences.empty();
+        AddRowsOfOccurrences(occurrences, group.children);
+        billets.merge(metaData.GetBillets(part->key));
+    }
+    group.key = choice.Get();
+    SortByIndex(group.children);
+
+    if (group.children.size() >= 2) {
+        group.kind = RowKind::Group;
+        groups.push_back(std::move(group));
+        BilletRows(billets, groups);
+        return;
+    }
+    if (group.children.size() == 1) {
+        ProductTreeRowInfo only = std::move(group.children.front());
+        loose.push_back(std::move(only));
+        return;
+    }
+    if (!hasOccurrences && IsSPUsed(aggregator, group.key, style)) {
+        group.kind = RowKind::PlainObject;
+        loose.push_back(std::move(group));
+    }
+}
+
+void StyleBasedProductTreeSorter::BilletRows(const std::set<Key>& keys, Rows& rows) {
+    if (keys.empty())
+        return;
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    std::vector<ConstProductPart> parts;
+    for (const Key& key : keys)
+        parts.push_back({&aggregator.GetMetaData(), key});
+    std::ranges::stable_sort(parts, [&](const ConstProductPart& a, const ConstProductPart& b) {
+        return CompareBillets(a, b) < 0;
+    });
+
+    const auto isManual = [&](const ConstProductPart& part) {
+        return meta_data::SP::IsManualBillet(aggregator, part.key);
+    };
+    for (std::size_t begin = 0; begin < parts.size();) {
+        std::size_t end = begin + 1;
+        if (isManual(parts[begin])) {
+            const ConstProductPart& part = parts[begin];
+            if (IsBillet(part.key)) {
+                ProductTreeRowInfo& row = rows.emplace_back();
+                row.kind = RowKind::Billet;
+                row.key = part.key;
+                row.sourceKey = part.metaData->GetBilletOwner(part.key);
+            }
+        } else {
+            while (end < parts.size() && !isManual(parts[end]) &&
+                   m_comparator->Compare(parts[end], parts[begin]) == 0)
+                ++end;
+            BilletGroupRow(PartRun(parts).subspan(begin, end - begin), rows);
+        }
+        begin = end;
+    }
+}
+
+void StyleBasedProductTreeSorter::BilletGroupRow(PartRun run, Rows& rows) {
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    const IfMetaProductData& primary = aggregator.GetPrimaryMetaData();
+
+    ProductTreeRowInfo group;
+    GroupKeyChoice choice(aggregator, m_data->GetCurrentStyleId());
+    for (const ConstProductPart& part : run) {
+        choice.Add(part.key, part.metaData->GetBilletOwner(part.key));
+        for (Key& occurrence : GetShownOccurrences(part.key)) {
+            if (!IsInAnySpecification(occurrence))
+                continue;
+            ProductTreeRowInfo& row = group.children.emplace_back();
+            row.kind = RowKind::Billet;
+            row.sourceKey = primary.GetBilletOwner(occurrence);
+            row.key = std::move(occurrence);
+        }
+    }
+    group.key = choice.Get();
+    SortByIndex(group.children);
+
+    if (group.children.size() == 1) {
+        ProductTreeRowInfo only = std::move(group.children.front());
+        rows.push_back(std::move(only));
+        return;
+    }
+    if (!group.children.empty()) {
+        group.kind = RowKind::Group;
+        rows.push_back(std::move(group));
+        return;
+    }
+    if (IsBillet(group.key) && IsInAnySpecification(group.key)) {
+        group.kind = RowKind::Billet;
+        group.sourceKey = aggregator.GetMetaData().GetBilletOwner(group.key);
+        rows.push_back(std::move(group));
+    }
+}
+
+void StyleBasedProductTreeSorter::SortByIndex(Rows& rows) const {
+    if (rows.size() < 2)
+        return;
+    std::vector<std::pair<InfObjIndex, std::uint32_t>> order;
+    order.reserve(rows.size());
+    for (const ProductTreeRowInfo& row : rows)
+        order.emplace_back(GetIndex(row.key), static_cast<std::uint32_t>(order.size()));
+    if (std::ranges::is_sorted(order))
+        return;
+    std::ranges::sort(order);
+    Rows sorted;
+    sorted.reserve(rows.size());
+    for (const auto& [index, from] : order)
+        sorted.push_back(std::move(rows[from]));
+    rows = std::move(sorted);
+}
+
+StyleBasedProductTreeSorter::Keys
+StyleBasedProductTreeSorter::GetShownOccurrences(const Key& object) const {
+    Keys occurrences = m_data->GetAggregator().GetOccurrences(object, nullptr);
+    std::erase_if(occurrences,
+                  [&](const Key& key) { return !m_data->IsInTopKeys(key, m_topKeys); });
+    return occurrences;
+}
+
+bool StyleBasedProductTreeSorter::IsShownInTree(const Key& occurrence) const {
+    const IfMetaProductData& metaData = m_data->GetAggregator().GetPartMetaData(occurrence);
+    const int kind = metaData.GetPartKind(occurrence);
+    if (kind == Unknown || kind == View || kind == Service)
+        return false;
+    if (metaData.GetProperty(occurrence, keys::isPhantom).to_bool())
+        return false;
+    if (IsRowKind(kind)) {
+        const PartHandler handler = metaData.GetPartHandler(occurrence);
+        const PartAttributes& attributes = GetAttributes(handler);
+        if (attributes.hiddenB || !IsInProduct(handler) || attributes.hiddenA)
+            return false;
+    }
+    return m_data->IsShownInTree(occurrence);
+}
+
+bool StyleBasedProductTreeSorter::IsSeparate(const Key& key) const {
+    const GroupPartHandler handler = m_data->GetAggregator().GetGroupPartHandler(key);
+    if (!handler.IsValid())
+        return GroupPartHandler::c_defaultAttrs.separate;
+    return GetAttributes(GetSpeakingHandler(handler)).separate;
+}
+
+bool StyleBasedProductTreeSorter::IsInAnySpecification(const Key& key) const {
+    const GroupPartHandler group = m_data->GetAggregator().GetGroupPartHandler(key);
+    if (!group.IsValid())
+        return false;
+    const PartHandler& handler = GetSpeakingHandler(group);
+    return handler.IsValid() && handler.GetProductPart().used.IsSPUsed(AllStyleId());
+}
+
+bool StyleBasedProductTreeSorter::IsBillet(const Key& key) const {
+    return std::ranges::binary_search(m_billets, key);
+}
+
+InfObjIndex StyleBasedProductTreeSorter::GetIndex(const Key& key) const {
+    const auto found = m_index.find(key);
+    return found == m_index.end() ? InfObjIndex() : found->second;
+}
+
+int StyleBasedProductTreeSorter::CompareBillets(const ConstProductPart& a,
+                                                const ConstProductPart& b) const {
+    const int alike = m_comparator->Compare(a, b);
+    if (alike != 0)
+        return alike;
+    const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    if (!meta_data::SP::IsManualBillet(aggregator, a.key) ||
+        !meta_data::SP::IsManualBillet(aggregator, b.key))
+        return 0;
+    const auto indexOfA = m_index.find(a.key);
+    const auto indexOfB = m_index.find(b.key);
+    if (indexOfA == m_index.end() || indexOfB == m_index.end())
+        return 0;
+    const std::int64_t difference = indexOfA->second - indexOfB->second;
+    return difference < 0 ? -1 : difference > 0 ? 1 : 0;
+}
+
+} // namespace productTree
