@@ -51,7 +51,8 @@ target_link_options(oProductTree PRIVATE
     -Wl,--version-script=${productTreeExports} -Wl,--no-undefined)
 set_target_properties(oProductTree PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-    LINK_DEPENDS ${productTreeExports})
+    LINK_DEPENDS ${productTreeExports}
+    INSTALL_RPATH $ORIGIN)
 
 # What a host sees: the contract and the exported headers.
 set(productTreePublicHeaders

@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Installs the library and builds a host of somebody else's against it, outside of this tree.
+# usage: consumer.sh BUILD_DIR CONSUMER_DIR WORK_DIR CXX
+set -euo pipefail
+
+build=$1
+consumer=$2
+work=$3
+cxx=$4
+
+rm -rf "$work"
+cmake --install "$build" --prefix "$work/prefix" >"$work.log"
+cmake -S "$consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
+    -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="${CONSUMER_CXX_FLAGS:-}"
+cmake --build "$work/build" --parallel 2
+"$work/build/consumer"

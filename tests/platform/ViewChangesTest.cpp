@@ -1,0 +1,140 @@
+#include "tests/platform/ViewBuilder.h"
+
+#include <gtest/gtest.h>
+
+using namespace view_tests;
+using platform::TreeTableChanges;
+
+namespace {
+
+/// Writes down what is announced: `<` rows are about to change, `>` they have, `!` take the
+/// changes.
+class Listener final : public platform::TreeTableObserver {
+public:
+    explicit Listener(platform::TreeTableView& view) : m_view(view) { view.SetObserver(this); }
+    ~Listener() override { m_view.SetObserver(nullptr); }
+
+    void OnRowsAboutToChange() override { m_log += '<'; }
+    void OnRowsChanged() override { m_log += '>'; }
+    void OnChangesPending() override { m_log += '!'; }
+
+    std::string TakeLog() { return std::exchange(m_log, {}); }
+
+private:
+    platform::TreeTableView& m_view;
+    std::string m_log;
+};
+
+std::string Take(platform::TreeTableView& view) {
+    const TreeTableChanges changes = view.TakeChanges();
+    std::string text;
+    const auto add = [&](bool changed, const char* what) {
+        if (changed)
+            text += (text.empty() ? "" : " ") + std::string(what);
+    };
+    add(changes.rows, "rows");
+    add(changes.values, "values");
+    add(changes.expansion, "expansion");
+    add(changes.selection, "selection");
+    add(changes.columns, "columns");
+    add(changes.panel, "panel");
+    return text;
+}
+
+class ViewChanges : public testing::Test {
+protected:
+    boost::intrusive_ptr<platform::TreeTableView> m_view =
+        MakeView({L"root", {{L"a", {{L"a1"}}}, {L"b"}}});
+    Listener m_listener{*m_view};
+
+    void Rename(const std::vector<std::size_t>& path, const std::wstring& name) {
+        RowAt(*m_view, path).SetName(SharedText(name), SharedText(name), L"name");
+    }
+};
+
+TEST_F(ViewChanges, AWalkOverAllRowsIsAnnouncedOnce) {
+    Rename({}, L"product");
+    Rename({0}, L"x");
+    RowAt(*m_view, {1}).SetIcon(58764, {});
+    EXPECT_EQ(m_listener.TakeLog(), "!");
+    EXPECT_EQ(Take(*m_view), "values");
+    Rename({1}, L"y");
+    EXPECT_EQ(m_listener.TakeLog(), "!");
+}
+
+TEST_F(ViewChanges, AWalkThatChangesNothingIsNotAnnounced) {
+    const auto write = [this] {
+        platform::TreeTableRow& row = RowAt(*m_view, {0});
+        row.SetName(SharedText(L"raw"), SharedText(L"shown"), L"name");
+        row.SetNameIcon(L"PRODUCTTREE_BY_SRC_MIXED");
+        row.SetIcon(58764, SharedText(L"Part"));
+        row.SetCellCount(2);
+        row.SetCellColumn(1, L"mass");
+        row.SetExpanded(true);
+        row.SetSectionRowStyle(true);
+        const auto marking = row.GetMarkingEditor();
+        marking->SetBase(SharedText(L"AB.1"));
+        marking->SetCodeDelim(L"-");
+        marking->SetDisplayText(SharedText(L"AB.1"));
+        marking->SetLockedParts({7});
+        marking->SetColumn(L"marking");
+        marking->SetPartTip(SharedText(L"Base"), 1);
+        m_view->SetCaption(SharedText(L"Product tree"));
+        m_view->SetToolbar("PRODUCT_TREE_TOOLBAR");
+    };
+    write();
+    EXPECT_EQ(m_listener.TakeLog(), "!");
+    EXPECT_EQ(Take(*m_view), "values expansion panel");
+    write();
+    EXPECT_EQ(m_listener.TakeLog(), "");
+}
+
+TEST_F(ViewChanges, RowsOfOneUpdateAreAnnouncedOnceAroundIt) {
+    m_view->BeginUpdate();
+    Rename({0}, L"x");
+    EXPECT_EQ(m_listener.TakeLog(), "");
+    RowAt(*m_view, {}).SetChildCount(1);
+    EXPECT_EQ(m_listener.TakeLog(), "<");
+    m_view->BeginUpdate();
+    RowAt(*m_view, {}).AppendChild(MakeRow(*m_view, {L"c", {{L"c1"}}}));
+    m_view->EndUpdate();
+    EXPECT_EQ(m_listener.TakeLog(), "");
+    m_view->EndUpdate();
+    EXPECT_EQ(m_listener.TakeLog(), ">!");
+    EXPECT_EQ(Take(*m_view), "rows values");
+    m_view->EndUpdate();
+    EXPECT_EQ(m_listener.TakeLog(), "");
+}
+
+TEST_F(ViewChanges, ASingleRowIsAnUpdateOfItsOwn) {
+    RowAt(*m_view, {1}).AppendChild(m_view->CreateRow());
+    EXPECT_EQ(m_listener.TakeLog(), "<>!");
+}
+
+TEST_F(ViewChanges, RowsThatStandNowhereAreNotAnnounced) {
+    const TreeRowPtr row = MakeRow(*m_view, {L"x", {{L"y"}}});
+    row->SetChildCount(0);
+    EXPECT_EQ(m_listener.TakeLog().find_first_of("<>"), std::string::npos);
+}
+
+TEST_F(ViewChanges, WhatTheUserDidIsNotAnnounced) {
+    RowAt(*m_view, {0}).SetExpandedByUser(true);
+    m_view->SelectByUser({&RowAt(*m_view, {0, 0})}, &RowAt(*m_view, {0, 0}));
+    EXPECT_EQ(m_listener.TakeLog(), "");
+    EXPECT_TRUE(RowAt(*m_view, {0}).IsExpanded());
+    EXPECT_TRUE(RowAt(*m_view, {0, 0}).IsCurrent());
+    m_view->SelectByUser({&RowAt(*m_view, {1})}, nullptr);
+    ASSERT_EQ(m_view->GetSelectedRows().size(), 1U);
+    EXPECT_EQ(m_view->GetSelectedRows()[0]->GetNameText().Str(), L"b");
+}
+
+TEST_F(ViewChanges, WhatHappenedBeforeAnObserverCameIsToldAtTheNextChange) {
+    m_view->SetObserver(nullptr);
+    Rename({0}, L"x");
+    m_view->SetObserver(&m_listener);
+    m_view->SelectRow(&RowAt(*m_view, {1}), true, true);
+    EXPECT_EQ(m_listener.TakeLog(), "!");
+    EXPECT_EQ(Take(*m_view), "values selection");
+}
+
+} // namespace

@@ -1,0 +1,115 @@
+#include "tests/platform/ViewBuilder.h"
+#include "tests/support/ViewDump.h"
+
+#include <gtest/gtest.h>
+
+using namespace view_tests;
+using support::DumpView;
+
+namespace {
+
+const Node c_product{L"root", {{L"a", {{L"a1"}, {L"a2"}}}, {L"b"}, {L"c", {{L"c1"}}}}};
+
+TEST(ViewRows, FewerChildrenDropTheLastRows) {
+    const auto view = MakeView(c_product);
+    RowAt(*view, {}).SetChildCount(5);
+    EXPECT_EQ(DumpView(*view), "root [a [a1 | a2] | b | c [c1]]");
+    RowAt(*view, {}).SetChildCount(1);
+    EXPECT_EQ(DumpView(*view), "root [a [a1 | a2]]");
+}
+
+TEST(ViewRows, RowsKnowTheirPlace) {
+    const auto view = MakeView(c_product);
+    const platform::TreeTableRow& row = RowAt(*view, {2, 0});
+    EXPECT_EQ(row.GetIndex(), 0U);
+    EXPECT_EQ(row.GetParentRow()->GetIndex(), 2U);
+    EXPECT_EQ(row.GetParent(), view->GetRootRow(0)->GetChild(2));
+    EXPECT_EQ(view->GetRootRow(1), nullptr);
+}
+
+TEST(ViewRows, ADroppedRowThatIsStillHeldStandsNowhere) {
+    const auto view = MakeView(c_product);
+    const TreeRowPtr held(&RowAt(*view, {2, 0}));
+    RowAt(*view, {}).SetChildCount(2);
+    EXPECT_EQ(held->GetParent(), nullptr);
+    EXPECT_EQ(held->GetNameText().Str(), L"c1");
+}
+
+TEST(ViewRows, ARowOutlivesItsView) {
+    TreeRowPtr held;
+    {
+        const auto view = MakeView(c_product);
+        held = &RowAt(*view, {0});
+    }
+    held->SetName(SharedText(L"late"), SharedText(L"late"), L"name");
+    EXPECT_EQ(held->GetNameText().Str(), L"late");
+    EXPECT_EQ(held->GetChildCount(), 2U);
+}
+
+TEST(ViewRows, SelectedRowsComeFromTopToBottom) {
+    const auto view = MakeView(c_product);
+    for (const auto& path : std::vector<std::vector<std::size_t>>{{2, 0}, {0, 1}, {}, {2}, {0}})
+        view->SelectRow(&RowAt(*view, path), path == std::vector<std::size_t>{2}, true);
+    view->SelectRow(&RowAt(*view, {0, 0}), false, true);
+    view->SelectRow(&RowAt(*view, {0}), false, false);
+    std::wstring names;
+    for (const TreeRowPtr& row : view->GetSelectedRows())
+        names += row->GetNameText().Str() + L" ";
+    EXPECT_EQ(names, L"root a1 a2 c c1 ");
+    EXPECT_EQ(DumpView(*view, {.selection = true}), ">root [a [>a1 | >a2] | b | >>c [>c1]]");
+}
+
+TEST(ViewRows, DroppedAndReplacedRowsLeaveTheSelection) {
+    const auto view = MakeView(c_product);
+    view->SelectRow(&RowAt(*view, {0}), false, true);
+    view->SelectRow(&RowAt(*view, {2, 0}), true, true);
+    const TreeRowPtr held(&RowAt(*view, {2, 0}));
+    RowAt(*view, {}).SetChildCount(2);
+    EXPECT_EQ(DumpView(*view, {.selection = true}), "root [>a [a1 | a2] | b]");
+    EXPECT_EQ(view->GetCurrentRow(), nullptr);
+    view->SetRootRow(MakeRow(*view, {L"other", {}}));
+    EXPECT_TRUE(view->GetSelectedRows().empty());
+}
+
+TEST(ViewRows, AClearedSelectionHasNoCurrentRow) {
+    const auto view = MakeView(c_product);
+    view->SelectRow(&RowAt(*view, {0}), true, true);
+    view->ClearSelection();
+    EXPECT_TRUE(view->GetSelectedRows().empty());
+    EXPECT_FALSE(RowAt(*view, {0}).IsCurrent());
+}
+
+TEST(ViewRows, ADesignationIsKeptPartByPart) {
+    const auto view = MakeView(c_product);
+    const auto fill = [](IMarkingEditor& editor) {
+        editor.SetBase(SharedText(L"AB.1"));
+        editor.SetEmbodimentNumDelim(L"-");
+        editor.SetEmbodimentNum(SharedText(L"01"));
+        editor.SetAdditionalNumDelim(L"");
+        editor.SetCodeDelim(L" ");
+        editor.SetCode(SharedText(L"AD"));
+    };
+    const auto first = RowAt(*view, {0}).GetMarkingEditor();
+    const auto second = RowAt(*view, {1}).GetMarkingEditor();
+    fill(*first);
+    EXPECT_FALSE(first->IsSameMarking(*second));
+    fill(*second);
+    EXPECT_TRUE(first->IsSameMarking(*second));
+    EXPECT_EQ(first->GetEmbodimentNumDelim(), L"-");
+    EXPECT_EQ(first->GetAdditionalNumDelim(), L"");
+    first->SetLockedParts({7, 1, 8});
+    EXPECT_EQ(RowAt(*view, {0}).GetMarking().GetLockedParts(), (std::set<int>{1, 7}));
+    first->SetPartTip(SharedText(L"Code"), 7);
+    EXPECT_EQ(RowAt(*view, {0}).GetMarking().GetPartTip(7).Str(), L"Code");
+    EXPECT_TRUE(RowAt(*view, {0}).GetMarking().GetPartTip(8).IsEmpty());
+}
+
+TEST(ViewRows, TheDesignationKeepsItsRowAlive) {
+    auto view = MakeView(c_product);
+    const auto editor = RowAt(*view, {1}).GetMarkingEditor();
+    view.reset();
+    editor->SetBase(SharedText(L"AB.1"));
+    EXPECT_EQ(editor->GetBase().Str(), L"AB.1");
+}
+
+} // namespace

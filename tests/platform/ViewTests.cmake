@@ -1,0 +1,9 @@
+# Tests of the tree-table in memory and of its text form.
+add_executable(viewTests
+    ViewChangesTest.cpp
+    ViewColumnsTest.cpp
+    ViewPrintTest.cpp
+    ViewRowsTest.cpp)
+target_link_libraries(viewTests PRIVATE
+    productTreeTestSupport productTreeView GTest::gtest_main productTreeRules)
+gtest_discover_tests(viewTests DISCOVERY_TIMEOUT 60)
