@@ -151,11 +151,11 @@ std::wstring GetPath(unsigned long number) {
 }
 
 unsigned long GetPropId(const std::wstring& path) {
+    if (path.starts_with(c_userPrefix))
+        return ParseUserPath(path);
     const Numbers& numbers = GetNumbers();
     const auto found = numbers.find(path);
-    if (found != numbers.end())
-        return found->second;
-    return path.starts_with(c_userPrefix) ? ParseUserPath(path) : 0;
+    return found == numbers.end() ? 0 : found->second;
 }
 
 } // namespace ProductProperties

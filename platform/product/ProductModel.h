@@ -1,0 +1,176 @@
+// The plain data of a product document: what the product file stores, what the STEP import fills
+// and what MemoryProduct answers from. Nothing here has behaviour; ValidateModel
+// (ProductValidation.h) says whether a model makes sense.
+#pragma once
+
+#include "host/PropValue.h"
+#include "host/SPCSection.h"
+#include "host/UniqueMetaObjectKey.h"
+#include "host/VariantMarking.h"
+#include "host/data/PartHandler.h"
+
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+/// The kinds of parts. Those from Assembly to Other make rows.
+enum PartKind {
+    PartKindUnknown = 0,
+    PartKindDocument = 1,
+    PartKindFeature = 2,
+    PartKindView = 3,
+    PartKindAssembly = 4,
+    PartKindDetail = 5,
+    PartKindStandard = 6,
+    PartKindOther = 7,
+    PartKindService = 8,
+};
+
+enum class BilletKind { None, Manual, Associative };
+
+/// What objects and occurrences have in common.
+struct PartRecord {
+    UniqueMetaObjectKey key;
+    int kind = PartKindDetail;
+    bool isPhantom = false;
+    /// A part without handler has the default attributes, and stands in no specification.
+    bool hasHandler = true;
+    ProductPart part;
+    /// What a calculator answers for "in product"; no value: there is no calculator.
+    std::optional<bool> calculatedInProduct;
+    /// The group of like parts that speaks for this part; the null key for none.
+    UniqueMetaObjectKey groupKey;
+    /// The count is a mark, present or not.
+    bool isCountMark = false;
+
+    friend bool operator==(const PartRecord&, const PartRecord&) = default;
+};
+
+/// One use of an object.
+struct OccurrenceRecord : PartRecord {
+    /// The embodiments that hold the use; empty: all of them.
+    std::vector<UniqueMetaObjectKey> embodiments;
+    /// The last word on whether it has a row.
+    bool isShown = true;
+
+    friend bool operator==(const OccurrenceRecord&, const OccurrenceRecord&) = default;
+};
+
+struct ObjectRecord : PartRecord {
+    SharedText name;
+    VariantMarking marking;
+    std::set<int> lockedMarkingParts;
+    SPCSection section;
+    /// 0 to 26, see IfProductTreeData::GetIconType.
+    int iconType = 26;
+    bool isActual = true;
+    bool isExcludedFromCount = false;
+    std::optional<bool> aggrIntoProduct;
+    /// All other values, by property number, in stored units, each number once.
+    std::vector<std::pair<unsigned long, PropValue>> properties;
+    /// In the document's order. An object without any stands on the top level by itself.
+    std::vector<OccurrenceRecord> occurrences;
+    /// Objects that this one is a part of, below the top level.
+    std::vector<UniqueMetaObjectKey> parents;
+    /// Objects that own this one, for instance the document it was made in.
+    std::vector<UniqueMetaObjectKey> owners;
+    BilletKind billet = BilletKind::None;
+    /// The object that a billet belongs to.
+    UniqueMetaObjectKey billetOwner;
+
+    friend bool operator==(const ObjectRecord&, const ObjectRecord&) = default;
+};
+
+struct EmbodimentRecord {
+    UniqueMetaObjectKey key;
+    VariantMarking marking;
+
+    friend bool operator==(const EmbodimentRecord&, const EmbodimentRecord&) = default;
+};
+
+/// A property that can be a column. System properties have theirs from a table; a record with the
+/// number of one replaces it.
+struct PropertyRecord {
+    unsigned long number = 0;
+    std::wstring caption;
+    /// 0 integer, 1 double, 2 string, 3 boolean.
+    unsigned type = 2;
+    double min = 0;
+    double max = 0;
+    std::vector<SimplePropVal> list;
+    double unitCoefficient = 0;
+    std::wstring unitCode;
+    bool isVariable = false;
+
+    friend bool operator==(const PropertyRecord&, const PropertyRecord&) = default;
+};
+
+/// A block of sections in a style and the user's choice for it.
+struct StyleBlockRecord {
+    int number = 0;
+    SharedText name;
+    bool isUsed = true;
+    /// Numbers of the style's sections that the block holds.
+    std::vector<int> sections;
+
+    friend bool operator==(const StyleBlockRecord&, const StyleBlockRecord&) = default;
+};
+
+struct StyleSectionRecord {
+    int number = 0;
+    SharedText name;
+    /// The user's choice: the section shows its blocks.
+    bool addBlocks = false;
+    /// The user's choices know the section; one that they do not know is not shown.
+    bool isTuned = true;
+    std::vector<StyleBlockRecord> blocks;
+
+    friend bool operator==(const StyleSectionRecord&, const StyleSectionRecord&) = default;
+};
+
+struct StyleRecord {
+    /// The style can be had; a document may name one that is nowhere to be found.
+    bool isAvailable = true;
+    /// There are choices of the user's for the style.
+    bool isTuned = true;
+    bool sortBySections = true;
+    /// Blocks of the whole specification.
+    bool addBlocks = false;
+    std::vector<StyleSectionRecord> sections;
+    std::vector<StyleBlockRecord> blocks;
+
+    friend bool operator==(const StyleRecord&, const StyleRecord&) = default;
+};
+
+struct ProductModel {
+    /// The object that the root row stands for: name, designation and values count, nothing else.
+    ObjectRecord root;
+    std::vector<ObjectRecord> objects;
+    std::vector<EmbodimentRecord> embodiments;
+    /// The embodiments whose parts are laid out; empty: all.
+    std::vector<UniqueMetaObjectKey> currentEmbodiments;
+    /// The embodiment that is worked on; the null key for none.
+    UniqueMetaObjectKey activeEmbodiment;
+    bool embodimentMode = false;
+    bool isReadOnly = false;
+    bool areSectionRowsShown = true;
+    bool usesSectionIcons = true;
+    bool isAggrIntoProductShown = false;
+    bool isRegWithDescShown = false;
+    /// No value: the document has no specification description.
+    std::optional<StyleRecord> style;
+    meta_data::SP::StyleId styleId = 1;
+    /// The user's own properties, and system properties that differ from the table.
+    std::vector<PropertyRecord> properties;
+    std::string columnSetKey = "product";
+    /// Numbers of the shown properties, in shown order.
+    std::vector<unsigned long> visibleProperties;
+
+    friend bool operator==(const ProductModel&, const ProductModel&) = default;
+};
+
+} // namespace platform

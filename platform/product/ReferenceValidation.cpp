@@ -1,0 +1,252 @@
+#include "platform/product/ReferenceValidation.h"
+
+#include "platform/product/ModelPath.h"
+
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+using Keys = std::vector<UniqueMetaObjectKey>;
+
+/// Bytes that are left to read behind the first byte of a character; -1 for a byte that can't be
+/// the first.
+int FollowingBytes(unsigned char first) {
+    if (first < 0x80)
+        return 0;
+    if (first >= 0xC2 && first <= 0xDF)
+        return 1;
+    if (first >= 0xE0 && first <= 0xEF)
+        return 2;
+    return first >= 0xF0 && first <= 0xF4 ? 3 : -1;
+}
+
+bool IsUtf8(std::string_view text) {
+    constexpr std::uint32_t smallest[] = {0, 0x80, 0x800, 0x10000};
+    for (std::size_t i = 0; i < text.size();) {
+        const auto first = static_cast<unsigned char>(text[i]);
+        const int count = FollowingBytes(first);
+        if (count < 0 || text.size() - i <= static_cast<std::size_t>(count))
+            return false;
+        std::uint32_t code = count == 0 ? first : first & (0x3FU >> count);
+        for (const char c : text.substr(i + 1, static_cast<std::size_t>(count))) {
+            const auto byte = static_cast<unsigned char>(c);
+            if ((byte & 0xC0U) != 0x80U)
+                return false;
+            code = code << 6U | (byte & 0x3FU);
+        }
+        if (code < smallest[count] || (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF)
+            return false;
+        i += static_cast<std::size_t>(count) + 1;
+    }
+    return true;
+}
+
+class ReferenceValidator final {
+public:
+    explicit ReferenceValidator(const ProductModel& model) : m_model(model) {}
+
+    std::optional<ModelFault> Validate() {
+        CollectKeys();
+        if (!m_fault)
+            CheckProduct();
+        if (!m_fault)
+            CheckObjects();
+        if (!m_fault)
+            CheckChains();
+        return std::move(m_fault);
+    }
+
+private:
+    using KeySet = std::unordered_set<UniqueMetaObjectKey>;
+
+    void Fail(const ModelPath& path, std::string reason) {
+        if (!m_fault)
+            m_fault = ModelFault{path.ToText(), m_object, std::move(reason)};
+    }
+
+    void CheckKey(const ModelPath& path, const UniqueMetaObjectKey& key, KeySet& known) {
+        if (key.IsEmpty())
+            return Fail(path, "a key is needed");
+        if (key.String().find('|') != std::string::npos)
+            return Fail(path, "a key must not hold '|'");
+        if (!IsUtf8(key.String()))
+            return Fail(path, "the key is not UTF-8");
+        if (!known.insert(key).second)
+            Fail(path, "the key '" + key.String() + "' is taken already");
+    }
+
+    void CollectKeys() {
+        const ModelPath product;
+        const ModelPath root(product, "product");
+        CheckKey({root, "key"}, m_model.root.key, m_parts);
+        const ModelPath embodiments(product, "embodiments");
+        for (std::size_t i = 0; i < m_model.embodiments.size(); ++i) {
+            const ModelPath place(embodiments, i);
+            CheckKey({place, "key"}, m_model.embodiments[i].key, m_embodiments);
+        }
+        const ModelPath objects(product, "objects");
+        for (std::size_t i = 0; i < m_model.objects.size() && !m_fault; ++i)
+            CollectObject({objects, i}, i);
+    }
+
+    void CollectObject(const ModelPath& path, std::size_t index) {
+        const ObjectRecord& object = m_model.objects[index];
+        m_object = object.key;
+        CheckKey({path, "key"}, object.key, m_parts);
+        m_objects.emplace(object.key, index);
+        const ModelPath uses(path, "uses");
+        for (std::size_t i = 0; i < object.occurrences.size(); ++i) {
+            const ModelPath use(uses, i);
+            CheckKey({use, "key"}, object.occurrences[i].key, m_parts);
+        }
+        m_object = {};
+    }
+
+    void CheckEmbodimentKeys(const ModelPath& path, const Keys& keys) {
+        KeySet met;
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            if (!m_embodiments.contains(keys[i]))
+                Fail({path, i}, "there is no embodiment '" + keys[i].String() + "'");
+            if (!met.insert(keys[i]).second)
+                Fail({path, i}, "the embodiment stands here twice");
+        }
+    }
+
+    void CheckProduct() {
+        const ModelPath product;
+        CheckEmbodimentKeys({product, "currentEmbodiments"}, m_model.currentEmbodiments);
+        const UniqueMetaObjectKey& active = m_model.activeEmbodiment;
+        if (!active.IsEmpty() && !m_embodiments.contains(active))
+            Fail({product, "activeEmbodiment"}, "there is no embodiment '" + active.String() + "'");
+        m_object = m_model.root.key;
+        CheckGroup({product, "product"}, m_model.root);
+        m_object = {};
+    }
+
+    void CheckGroup(const ModelPath& path, const PartRecord& part) {
+        if (!part.groupKey.IsEmpty() && !m_parts.contains(part.groupKey))
+            Fail({path, "group"}, "there is no part '" + part.groupKey.String() + "'");
+    }
+
+    /// The product itself may own objects, as the document that they were made in.
+    void CheckObjectKeys(const ModelPath& path, const Keys& keys, bool isRootAllowed) {
+        KeySet met;
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            const bool isKnown =
+                m_objects.contains(keys[i]) || (isRootAllowed && keys[i] == m_model.root.key);
+            if (!isKnown)
+                Fail({path, i}, "there is no object '" + keys[i].String() + "'");
+            if (!met.insert(keys[i]).second)
+                Fail({path, i}, "the object stands here twice");
+        }
+    }
+
+    void CheckBillet(const ModelPath& path, const ObjectRecord& object) {
+        const ModelPath owner(path, "billetOwner");
+        const UniqueMetaObjectKey& key = object.billetOwner;
+        if (object.billet == BilletKind::None) {
+            if (!key.IsEmpty())
+                Fail(owner, "only a billet has an owner of that kind");
+            return;
+        }
+        if (key.IsEmpty())
+            return Fail(owner, "a billet needs an owner");
+        if (!m_objects.contains(key))
+            Fail(owner, "there is no object '" + key.String() + "'");
+    }
+
+    void CheckObjects() {
+        const ModelPath product;
+        const ModelPath objects(product, "objects");
+        for (std::size_t i = 0; i < m_model.objects.size() && !m_fault; ++i) {
+            const ObjectRecord& object = m_model.objects[i];
+            const ModelPath path(objects, i);
+            m_object = object.key;
+            CheckGroup(path, object);
+            CheckObjectKeys({path, "parents"}, object.parents, false);
+            CheckObjectKeys({path, "owners"}, object.owners, true);
+            CheckBillet(path, object);
+            const ModelPath uses(path, "uses");
+            for (std::size_t j = 0; j < object.occurrences.size(); ++j) {
+                const ModelPath use(uses, j);
+                CheckGroup(use, object.occurrences[j]);
+                CheckEmbodimentKeys({use, "embodiments"}, object.occurrences[j].embodiments);
+            }
+        }
+    }
+
+    void CheckChains() {
+        FindCycle("parents", "the object is part of itself",
+                  [](const ObjectRecord& object) { return object.parents; });
+        FindCycle("owners", "the object owns itself",
+                  [](const ObjectRecord& object) { return object.owners; });
+        FindCycle("billetOwner", "the billet belongs to itself", [](const ObjectRecord& object) {
+            return object.billetOwner.IsEmpty() ? Keys() : Keys{object.billetOwner};
+        });
+    }
+
+    /// Goes along the references of one kind, each object once, without recursion: a chain may be
+    /// as long as the product.
+    template <class Next>
+    void FindCycle(std::string_view member, std::string_view reason, const Next& next) {
+        enum class State : std::uint8_t { New, Open, Done };
+        struct Step {
+            std::size_t object;
+            Keys next;
+        };
+        std::vector<State> states(m_model.objects.size(), State::New);
+        std::vector<Step> open;
+        const auto enter = [&](std::size_t index) {
+            states[index] = State::Open;
+            open.push_back({index, next(m_model.objects[index])});
+        };
+        for (std::size_t start = 0; start < states.size(); ++start) {
+            if (states[start] == State::New)
+                enter(start);
+            while (!open.empty()) {
+                if (open.back().next.empty()) {
+                    states[open.back().object] = State::Done;
+                    open.pop_back();
+                    continue;
+                }
+                const auto found = m_objects.find(open.back().next.back());
+                open.back().next.pop_back();
+                if (found == m_objects.end())
+                    continue;
+                if (states[found->second] == State::Open)
+                    return FailObject(found->second, member, reason);
+                if (states[found->second] == State::New)
+                    enter(found->second);
+            }
+        }
+    }
+
+    void FailObject(std::size_t index, std::string_view member, std::string_view reason) {
+        const ModelPath product;
+        const ModelPath objects(product, "objects");
+        const ModelPath path(objects, index);
+        m_object = m_model.objects[index].key;
+        Fail({path, member}, std::string(reason));
+    }
+
+    const ProductModel& m_model;
+    KeySet m_parts;
+    KeySet m_embodiments;
+    std::unordered_map<UniqueMetaObjectKey, std::size_t> m_objects;
+    UniqueMetaObjectKey m_object;
+    std::optional<ModelFault> m_fault;
+};
+
+} // namespace
+
+std::optional<ModelFault> ValidateReferences(const ProductModel& model) {
+    return ReferenceValidator(model).Validate();
+}
+
+} // namespace platform

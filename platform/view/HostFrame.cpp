@@ -1,0 +1,115 @@
+#include "platform/view/HostFrame.h"
+
+#include "host/frame/FeatureTrees.h"
+#include "host/frame/GuiApp.h"
+#include "host/frame/IfTreeManager.h"
+#include "platform/services/GuiAppSlot.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// The product tree's key in the registry of tree makers.
+constexpr int c_productTreeKey = 3;
+
+class SlideBox final : public RcBase<IParamSlideBoxModel> {};
+
+class Owner final : public RcBase<ITreeOwner> {
+public:
+    boost::intrusive_ptr<IParamSlideBoxModel>
+    MakeSlideBoxModel(productTree::IfProductTreeCtrl*) override {
+        return new SlideBox;
+    }
+    // The view stands where the frame's user puts it, and a box without operations nowhere.
+    void RegisterTreeModel(ITreeTableModel&, int) override {}
+    void RegisterSlideBox(IParamSlideBoxModel&, int) override {}
+};
+
+class Manager final : public RcBase<IfTreeManager> {
+public:
+    explicit Manager(std::shared_ptr<IfProductTreeData> data) : m_data(std::move(data)) {}
+
+    void Register(GrABaseFeatureTree&, std::shared_ptr<TreeModelId> id) override {
+        m_treeId = std::move(id);
+    }
+    void Unregister(GrABaseFeatureTree&, std::shared_ptr<TreeModelId>) override {
+        m_treeId.reset();
+    }
+    void Forget(ITreeWrapper&) override {}
+    std::shared_ptr<IfProductTreeData> GetProductTreeData(const TreeModelId& id) override {
+        return IsOurs(id) ? m_data : nullptr;
+    }
+
+    bool IsOurs(const TreeModelId& id) const { return m_treeId && m_treeId->Value() == id.Value(); }
+    const std::shared_ptr<TreeModelId>& GetTreeId() const { return m_treeId; }
+
+private:
+    std::shared_ptr<IfProductTreeData> m_data;
+    std::shared_ptr<TreeModelId> m_treeId;
+};
+
+std::unique_ptr<ITreeWrapper> MakeProductTree() {
+    const auto& factories = TreeWrapperRegistrar::Get();
+    const auto factory = factories.find(c_productTreeKey);
+    if (factory == factories.end())
+        throw std::runtime_error("the product tree library is not loaded");
+    return factory->second();
+}
+
+} // namespace
+
+class HostFrame::Application final : public IGuiApp, private ITreeModelProvider {
+public:
+    explicit Application(std::shared_ptr<IfProductTreeData> data)
+        : m_view(new TreeTableView), m_manager(new Manager(std::move(data))), m_owner(new Owner),
+          m_slot(*this) {}
+
+    ITreeModelProvider* GetTreeModelProvider() override { return this; }
+
+    TreeTableView& GetView() const { return *m_view; }
+    Manager& GetManager() const { return *m_manager; }
+    Owner& GetOwner() const { return *m_owner; }
+
+private:
+    boost::intrusive_ptr<ITreeTableModel> GetTreeModel(const TreeModelId& id) override {
+        return m_manager->IsOurs(id) ? m_view.get() : nullptr;
+    }
+
+    boost::intrusive_ptr<TreeTableView> m_view;
+    boost::intrusive_ptr<Manager> m_manager;
+    boost::intrusive_ptr<Owner> m_owner;
+    GuiAppSlot m_slot;
+};
+
+HostFrame::HostFrame(std::shared_ptr<IfProductTreeData> data, PanelStart start)
+    : m_application(std::make_unique<Application>(std::move(data))), m_wrapper(MakeProductTree()) {
+    GrABaseFeatureTree& tree = GetTree();
+    tree.SetTreeManager(&m_application->GetManager());
+    tree.SetOwner(&m_application->GetOwner());
+    tree.InitTree();
+    if (start == PanelStart::Shown)
+        tree.SetVisible(true, true);
+}
+
+HostFrame::~HostFrame() = default;
+
+TreeTableView& HostFrame::GetView() const {
+    return m_application->GetView();
+}
+
+GrABaseFeatureTree& HostFrame::GetTree() const {
+    return *m_wrapper->GetFeatureTree();
+}
+
+ITreeWrapper& HostFrame::GetWrapper() const {
+    return *m_wrapper;
+}
+
+std::shared_ptr<TreeModelId> HostFrame::GetTreeId() const {
+    return m_application->GetManager().GetTreeId();
+}
+
+} // namespace platform

@@ -1,0 +1,48 @@
+// The smallest host that a panel can stand in: application, tree manager and owner around one view
+// in memory. Tests and the program make one for each open product. It fills the application's slot
+// as long as it lives; several frames must go in the reverse order of their coming.
+#pragma once
+
+#include "host/frame/ITreeWrapper.h"
+#include "platform/view/TreeTableView.h"
+
+#include <memory>
+
+class GrABaseFeatureTree;
+class IfProductTreeData;
+class TreeModelId;
+
+namespace platform {
+
+enum class PanelStart {
+    Shown,
+    /// The panel is there but hidden, and owes its first build.
+    Hidden
+};
+
+class HostFrame {
+public:
+    /// Takes the product tree from the registry of tree makers and lets it fill its view. Throws
+    /// std::runtime_error when nobody has entered a product tree there, that is when the library is
+    /// not loaded. Null data leaves the panel empty.
+    explicit HostFrame(std::shared_ptr<IfProductTreeData> data,
+                       PanelStart start = PanelStart::Shown);
+    HostFrame(const HostFrame&) = delete;
+    HostFrame& operator=(const HostFrame&) = delete;
+    /// The panel goes first, then its view; rows that somebody still holds stay readable.
+    ~HostFrame();
+
+    TreeTableView& GetView() const;
+    GrABaseFeatureTree& GetTree() const;
+    ITreeWrapper& GetWrapper() const;
+    /// The id that the tree has registered with the manager; null when it has not.
+    std::shared_ptr<TreeModelId> GetTreeId() const;
+
+private:
+    class Application;
+
+    std::unique_ptr<Application> m_application;
+    std::unique_ptr<ITreeWrapper> m_wrapper;
+};
+
+} // namespace platform

@@ -1,0 +1,103 @@
+#include "platform/view/TreeColumns.h"
+
+#include "columns/ColumnInfo.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+bool IsFixed(HeadKind kind) {
+    return kind == HeadKind::Name || kind == HeadKind::Designation;
+}
+
+} // namespace
+
+void ColumnList::Add(ColumnEntry entry) {
+    m_entries.push_back(std::move(entry));
+    m_isIndexed = false;
+}
+
+bool ColumnList::Has(int index) const {
+    return index >= 0 && static_cast<std::size_t>(index) < m_entries.size();
+}
+
+void ColumnList::Remove(int index) {
+    if (!Has(index))
+        return;
+    m_entries.erase(m_entries.begin() + index);
+    m_isIndexed = false;
+}
+
+void ColumnList::SetId(int index, const std::wstring& id) {
+    if (!Has(index))
+        return;
+    At(index).id = id;
+    m_isIndexed = false;
+}
+
+void ColumnList::SetCaption(int index, const std::wstring& caption) {
+    if (Has(index))
+        At(index).caption = caption;
+}
+
+const ColumnEntry* ColumnList::Get(int index) const {
+    return Has(index) ? &m_entries[static_cast<std::size_t>(index)] : nullptr;
+}
+
+int ColumnList::Find(const std::wstring& id) const {
+    if (!m_isIndexed) {
+        m_index.clear();
+        for (std::size_t i = 0; i < m_entries.size(); ++i)
+            m_index.try_emplace(m_entries[i].id, static_cast<int>(i));
+        m_isIndexed = true;
+    }
+    const auto found = m_index.find(id);
+    return found == m_index.end() ? -1 : found->second;
+}
+
+void ColumnHeads::Init(const productTree::ColumnInfo& column, HeadKind kind) {
+    ColumnHead head{column.GetId(), column.GetHeader(), column.GetWidth(), kind};
+    if (!IsFixed(kind)) {
+        m_heads.push_back(std::move(head));
+        return;
+    }
+    const auto place = std::find_if(m_heads.begin(), m_heads.end(),
+                                    [&](const ColumnHead& other) { return other.kind >= kind; });
+    if (place != m_heads.end() && place->kind == kind)
+        *place = std::move(head);
+    else
+        m_heads.insert(place, std::move(head));
+}
+
+void ColumnHeads::Reset() {
+    std::erase_if(m_heads, [](const ColumnHead& head) { return !IsFixed(head.kind); });
+}
+
+bool ColumnHeads::SetWidth(const std::wstring& id, double width) {
+    const auto head = std::find_if(m_heads.begin(), m_heads.end(),
+                                   [&](const ColumnHead& other) { return other.id == id; });
+    if (head == m_heads.end() || !(width > 0))
+        return false;
+    head->width = width;
+    return true;
+}
+
+double ColumnHeads::GetWidth(HeadKind fixed) const {
+    const auto head = std::find_if(m_heads.begin(), m_heads.end(),
+                                   [&](const ColumnHead& other) { return other.kind == fixed; });
+    return head == m_heads.end() ? 0 : head->width;
+}
+
+std::map<std::wstring, double> ColumnHeads::GetWidths() const {
+    std::map<std::wstring, double> widths;
+    for (const ColumnHead& head : m_heads) {
+        if (!IsFixed(head.kind))
+            widths[head.id] = head.width;
+    }
+    return widths;
+}
+
+} // namespace platform

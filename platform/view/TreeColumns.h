@@ -1,0 +1,80 @@
+// The columns of the tree-table in memory: the list of what the user could show, and the heads of
+// what is shown. Only the view calls it; it announces nothing.
+#pragma once
+
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace productTree {
+class ColumnInfo;
+}
+
+namespace platform {
+
+/// What a head offers for editing many rows at once. Name and designation stand first and stay.
+enum class HeadKind { Name, Designation, Text, Int, Double, List, Bool };
+
+struct ColumnHead {
+    std::wstring id;
+    std::wstring caption;
+    /// In the units of ColumnInfo::DEFAULT_COLUMN_WIDTH.
+    double width = 0;
+    HeadKind kind = HeadKind::Text;
+
+    /// Numbers stand at the right of their column.
+    bool IsNumeric() const { return kind == HeadKind::Int || kind == HeadKind::Double; }
+    friend bool operator==(const ColumnHead&, const ColumnHead&) = default;
+};
+
+/// An entry of the list of properties that the user could show.
+struct ColumnEntry {
+    std::wstring id;
+    std::wstring caption;
+    bool isVisible = false;
+};
+
+class ColumnList {
+public:
+    const std::vector<ColumnEntry>& GetEntries() const { return m_entries; }
+    void Add(ColumnEntry entry);
+    /// Indices outside the list are ignored here and below.
+    void Remove(int index);
+    void SetId(int index, const std::wstring& id);
+    void SetCaption(int index, const std::wstring& caption);
+    /// Null outside the list.
+    const ColumnEntry* Get(int index) const;
+    /// The first entry of that id; -1 when there is none.
+    int Find(const std::wstring& id) const;
+
+private:
+    bool Has(int index) const;
+    ColumnEntry& At(int index) { return m_entries[static_cast<std::size_t>(index)]; }
+
+    std::vector<ColumnEntry> m_entries;
+    /// First index of each id; made at the first search after a change.
+    mutable std::unordered_map<std::wstring, int> m_index;
+    mutable bool m_isIndexed = false;
+};
+
+/// Heads in shown order: name, designation, then the others as they were made.
+class ColumnHeads {
+public:
+    const std::vector<ColumnHead>& GetHeads() const { return m_heads; }
+    /// A second head of the name or of the designation takes the place of the first.
+    void Init(const productTree::ColumnInfo& column, HeadKind kind);
+    /// Drops all heads but the two fixed ones.
+    void Reset();
+    /// False when no head has that id, or the width is no width.
+    bool SetWidth(const std::wstring& id, double width);
+    /// 0 without such a head.
+    double GetWidth(HeadKind fixed) const;
+    /// By id, without the two fixed heads.
+    std::map<std::wstring, double> GetWidths() const;
+
+private:
+    std::vector<ColumnHead> m_heads;
+};
+
+} // namespace platform

@@ -1,0 +1,131 @@
+#include "platform/view/TreeTableRow.h"
+
+#include "items/ProductTreeItemData.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+TreeTableRow::TreeTableRow(boost::intrusive_ptr<TreeTableHub> hub)
+    : m_hub(std::move(hub)), m_marking(*this) {}
+
+TreeTableRow::~TreeTableRow() {
+    // Whoever still holds a child holds a row that stands nowhere.
+    for (const auto& child : m_children)
+        child->m_parent = nullptr;
+    m_hub->Forget(*this);
+}
+
+template <class T>
+void TreeTableRow::Change(T& field, const T& value) {
+    if (field == value)
+        return;
+    field = value;
+    m_hub->Note(&TreeTableChanges::values);
+}
+
+void TreeTableRow::ChangeName(NameId& field, const std::wstring& name) {
+    if (m_hub->NameOf(field).Str() != name)
+        Change(field, m_hub->IdOf(name));
+}
+
+void TreeTableRow::PutFlag(Flag flag, bool on) {
+    const auto bit = static_cast<std::uint8_t>(1U << static_cast<unsigned>(flag));
+    m_flags = static_cast<std::uint8_t>(on ? m_flags | bit : m_flags & ~bit);
+}
+
+void TreeTableRow::SetFlag(Flag flag, bool on) {
+    if (HasFlag(flag) == on)
+        return;
+    PutFlag(flag, on);
+    m_hub->Note(&TreeTableChanges::values);
+}
+
+void TreeTableRow::AppendChild(const TreeRowPtr& child) {
+    m_hub->BeginUpdate();
+    if (m_hub->IsInTree(*this))
+        m_hub->AnnounceRowChange();
+    auto& row = static_cast<TreeTableRow&>(*child);
+    row.m_parent = this;
+    row.m_index = static_cast<std::uint32_t>(m_children.size());
+    m_children.emplace_back(&row);
+    m_hub->EndUpdate();
+}
+
+void TreeTableRow::SetChildCount(std::size_t count) {
+    if (count >= m_children.size())
+        return;
+    m_hub->BeginUpdate();
+    if (m_hub->IsInTree(*this))
+        m_hub->AnnounceRowChange();
+    const auto firstDropped = m_children.begin() + static_cast<std::ptrdiff_t>(count);
+    for (auto child = firstDropped; child != m_children.end(); ++child)
+        (*child)->m_parent = nullptr;
+    m_hub->DropDetachedMarks();
+    m_children.erase(firstDropped, m_children.end());
+    m_hub->EndUpdate();
+}
+
+void TreeTableRow::SetData(const boost::intrusive_ptr<productTree::ProductTreeItemData>& data,
+                           const std::wstring& nameColumnId, const std::wstring& markingColumnId) {
+    m_data = data;
+    ChangeName(m_nameColumn, nameColumnId);
+    m_marking.SetColumn(markingColumnId);
+}
+
+void TreeTableRow::SetExpanded(bool expanded) {
+    if (IsExpanded() == expanded)
+        return;
+    PutFlag(Flag::Expanded, expanded);
+    m_hub->Note(&TreeTableChanges::expansion);
+}
+
+void TreeTableRow::SetCellCount(std::size_t count) {
+    if (count == m_cells.size())
+        return;
+    m_cells.resize(count);
+    m_hub->Note(&TreeTableChanges::values);
+}
+
+void TreeTableRow::SetCellColumn(std::size_t index, const std::wstring& columnId) {
+    if (index < m_cells.size())
+        ChangeName(m_cells[index], columnId);
+}
+
+const std::wstring& TreeTableRow::GetCellColumn(std::size_t index) const {
+    return m_hub->NameOf(m_cells[index]);
+}
+
+bool TreeTableRow::HasCell(const std::wstring& columnId) const {
+    return std::any_of(m_cells.begin(), m_cells.end(),
+                       [&](NameId cell) { return m_hub->NameOf(cell).Str() == columnId; });
+}
+
+void TreeTableRow::SetCurrentCountColumn(const std::wstring& columnId) {
+    ChangeName(m_currentCountColumn, columnId);
+}
+
+const std::wstring& TreeTableRow::GetCurrentCountColumn() const {
+    return m_hub->NameOf(m_currentCountColumn);
+}
+
+void TreeTableRow::SetName(const SharedText& raw, const SharedText& shown,
+                           const std::wstring& columnId) {
+    Change(m_name, raw);
+    // Most names are shown as they are: one text then serves both.
+    Change(m_shownName, shown == m_name ? m_name : shown);
+    ChangeName(m_nameColumn, columnId);
+}
+
+void TreeTableRow::SetNameIcon(const std::wstring& name) {
+    ChangeName(m_nameIcon, name);
+}
+
+void TreeTableRow::SetIcon(int icon, const SharedText& tip) {
+    Change(m_icon, icon);
+    if (!(GetIconTip() == tip))
+        Change(m_iconTip, m_hub->IdOf(tip));
+}
+
+} // namespace platform

@@ -1,0 +1,242 @@
+#include "platform/view/TreeTableView.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+std::size_t Depth(const TreeTableRow& row) {
+    std::size_t depth = 0;
+    for (const TreeTableRow* up = row.GetParentRow(); up; up = up->GetParentRow())
+        ++depth;
+    return depth;
+}
+
+/// The order from top to bottom: a row stands before the rows below it.
+bool StandsAbove(const TreeTableRow* a, const TreeTableRow* b) {
+    const std::size_t depthA = Depth(*a);
+    const std::size_t depthB = Depth(*b);
+    for (std::size_t depth = depthA; depth > depthB; --depth)
+        a = a->GetParentRow();
+    for (std::size_t depth = depthB; depth > depthA; --depth)
+        b = b->GetParentRow();
+    if (a == b)
+        return depthA < depthB;
+    while (a->GetParentRow() != b->GetParentRow()) {
+        a = a->GetParentRow();
+        b = b->GetParentRow();
+    }
+    return a->GetIndex() < b->GetIndex();
+}
+
+} // namespace
+
+/// An update of the view's own around a single change.
+class TreeTableView::Update {
+public:
+    explicit Update(TreeTableView& view) : m_view(view) { m_view.BeginUpdate(); }
+    ~Update() { m_view.EndUpdate(); }
+    Update(const Update&) = delete;
+    Update& operator=(const Update&) = delete;
+
+private:
+    TreeTableView& m_view;
+};
+
+TreeTableView::TreeTableView() : m_hub(new TreeTableHub) {}
+
+TreeTableView::~TreeTableView() {
+    // Rows may outlive the view; what they note is of no interest any more.
+    m_hub->SetObserver(nullptr);
+    m_hub->SetRoot(nullptr);
+}
+
+template <class T>
+void TreeTableView::ChangePanel(T& field, const T& value) {
+    if (field == value)
+        return;
+    field = value;
+    m_hub->Note(&TreeTableChanges::panel);
+}
+
+void TreeTableView::SetVisible(bool visible, bool activate) {
+    ChangePanel(m_panel.isVisible, visible);
+    if (activate)
+        Activate(true);
+}
+
+void TreeTableView::SetAdditionalToolbar(const std::string& name) {
+    ChangePanel(m_panel.additionalToolbar, name);
+}
+
+ITreeTableRow* TreeTableView::GetRootRow(std::size_t index) const {
+    return index == 0 ? m_root.get() : nullptr;
+}
+
+void TreeTableView::SetRootRow(const TreeRowPtr& row) {
+    auto* const root = static_cast<TreeTableRow*>(row.get());
+    if (root == m_root.get())
+        return;
+    const Update update(*this);
+    m_hub->AnnounceRowChange();
+    m_hub->SetRoot(root);
+    m_hub->DropDetachedMarks();
+    m_root = root;
+}
+
+void TreeTableView::EndUpdate() {
+    if (m_hub->IsInOutermostUpdate() && m_announcedHeads != m_heads.GetHeads()) {
+        m_announcedHeads = m_heads.GetHeads();
+        m_hub->Note(&TreeTableChanges::columns);
+    }
+    m_hub->EndUpdate();
+}
+
+void TreeTableView::ResetColumns() {
+    const Update update(*this);
+    m_heads.Reset();
+}
+
+void TreeTableView::AddColumn(const std::wstring& caption, const std::wstring& columnId,
+                              bool visible) {
+    m_columns.Add({columnId, caption, visible});
+}
+
+int TreeTableView::GetColumnCount() const {
+    return static_cast<int>(m_columns.GetEntries().size());
+}
+
+std::wstring TreeTableView::GetColumnId(int index) const {
+    const ColumnEntry* entry = m_columns.Get(index);
+    return entry ? entry->id : std::wstring();
+}
+
+void TreeTableView::SetColumnId(int index, const std::wstring& columnId) {
+    m_columns.SetId(index, columnId);
+}
+
+std::wstring TreeTableView::GetColumnCaption(int index) const {
+    const ColumnEntry* entry = m_columns.Get(index);
+    return entry ? entry->caption : std::wstring();
+}
+
+void TreeTableView::SetColumnCaption(int index, const std::wstring& caption) {
+    m_columns.SetCaption(index, caption);
+}
+
+bool TreeTableView::IsColumnVisible(int index) const {
+    const ColumnEntry* entry = m_columns.Get(index);
+    return entry && entry->isVisible;
+}
+
+double TreeTableView::GetMarkingColumnWidth() const {
+    return m_heads.GetWidth(HeadKind::Designation);
+}
+
+void TreeTableView::ClearColumnMark() {
+    SetColumnMark(m_markedColumn, false);
+}
+
+void TreeTableView::SetColumnMark(const std::wstring& columnId, bool marked) {
+    const std::wstring now = marked ? columnId : std::wstring();
+    if (now == m_markedColumn || (!marked && columnId != m_markedColumn))
+        return;
+    m_markedColumn = now;
+    m_hub->Note(&TreeTableChanges::columns);
+}
+
+void TreeTableView::InitHead(const productTree::ColumnInfo& column, HeadKind kind) {
+    const Update update(*this);
+    m_heads.Init(column, kind);
+}
+
+void TreeTableView::InitNameHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::Name);
+}
+
+void TreeTableView::InitDesignationHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::Designation);
+}
+
+void TreeTableView::InitTextHeader(const productTree::ColumnInfo& column,
+                                   const boost::intrusive_ptr<IMenuItems>&) {
+    InitHead(column, HeadKind::Text);
+}
+
+void TreeTableView::InitIntHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::Int);
+}
+
+void TreeTableView::InitDoubleHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::Double);
+}
+
+void TreeTableView::InitListHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::List);
+}
+
+void TreeTableView::InitBoolHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::Bool);
+}
+
+AttributeColumn TreeTableView::GetAttributeColumn(int id) const {
+    const auto column = m_attributeColumns.find(id);
+    return column == m_attributeColumns.end() ? AttributeColumn{} : column->second;
+}
+
+void TreeTableView::SetAttributeColumnEnabled(int id, bool enabled) {
+    const auto column = m_attributeColumns.find(id);
+    if (column != m_attributeColumns.end())
+        ChangePanel(column->second.isEnabled, enabled);
+}
+
+void TreeTableView::SetAttributeColumnShown(int id, bool shown) {
+    const auto column = m_attributeColumns.find(id);
+    if (column != m_attributeColumns.end())
+        ChangePanel(column->second.isShown, shown);
+}
+
+std::vector<TreeRowPtr> TreeTableView::GetSelectedRows() const {
+    std::vector<TreeTableRow*> rows = m_hub->GetSelected();
+    std::sort(rows.begin(), rows.end(), StandsAbove);
+    return {rows.begin(), rows.end()};
+}
+
+void TreeTableView::SelectRow(const TreeRowPtr& row, bool makeCurrent, bool select) {
+    auto& chosen = static_cast<TreeTableRow&>(*row);
+    m_hub->Select(chosen, select);
+    if (makeCurrent)
+        m_hub->SetCurrent(&chosen);
+}
+
+void TreeTableView::ClearSelection() {
+    m_hub->ClearSelection();
+    m_hub->SetCurrent(nullptr);
+}
+
+void TreeTableView::SelectByUser(const std::vector<TreeTableRow*>& rows, TreeTableRow* current) {
+    m_hub->SetQuiet(true);
+    m_hub->ClearSelection();
+    for (TreeTableRow* row : rows)
+        m_hub->Select(*row, true);
+    m_hub->SetCurrent(current);
+    m_hub->SetQuiet(false);
+}
+
+void TreeTableView::SetColumnWidthByUser(const std::wstring& columnId, double width) {
+    if (m_heads.SetWidth(columnId, width))
+        m_announcedHeads = m_heads.GetHeads();
+}
+
+const SharedText& GetShownText(const TreeTableRow& row, const ColumnHead& head) {
+    if (head.kind == HeadKind::Name)
+        return row.GetShownName();
+    if (head.kind == HeadKind::Designation)
+        return row.GetMarking().GetDisplayText();
+    static const SharedText none;
+    return none;
+}
+
+} // namespace platform

@@ -1,0 +1,138 @@
+// A tree-table in memory: the view that the library fills, without a window. It remembers all that
+// it is told, has an observer for a front end that draws it, and is what tests and headless
+// programs look at. What a user does in a front end arrives by the operations named ...ByUser.
+#pragma once
+
+#include "host/view/ITreeTableModel.h"
+#include "platform/view/TreeColumns.h"
+#include "platform/view/TreeTableHub.h"
+#include "platform/view/TreeTableRow.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+struct AttributeColumn {
+    bool isEnabled = false;
+    bool isShown = false;
+};
+
+/// What the panel as a whole was told.
+struct PanelState {
+    bool isVisible = false;
+    bool isActive = false;
+    bool isReadOnly = false;
+    bool areHeadsShown = false;
+    SharedText caption;
+    std::string helpTopic;
+    std::string toolbar;
+    std::string additionalToolbar;
+};
+
+class TreeTableView final : public RcBase<ITreeTableModel> {
+public:
+    TreeTableView();
+    ~TreeTableView() override;
+
+    void SetController(productTree::IfProductTreeCtrl& control) override { m_control = &control; }
+    void SetVisible(bool visible, bool activate) override;
+    bool IsVisible() const override { return m_panel.isVisible; }
+    void Activate(bool active) override { ChangePanel(m_panel.isActive, active); }
+    void SetCaption(const SharedText& caption) override { ChangePanel(m_panel.caption, caption); }
+    void ShowColumnHeads(bool shown) override { ChangePanel(m_panel.areHeadsShown, shown); }
+    void SetHelpTopic(const std::string& name) override { ChangePanel(m_panel.helpTopic, name); }
+    void SetToolbar(const std::string& name) override { ChangePanel(m_panel.toolbar, name); }
+    void SetAdditionalToolbar(const std::string& name) override;
+    void SetReadOnly(bool readOnly) override { ChangePanel(m_panel.isReadOnly, readOnly); }
+
+    TreeRowPtr CreateRow() override { return new TreeTableRow(m_hub); }
+    ITreeTableRow* GetRootRow(std::size_t index) const override;
+    void SetRootRow(const TreeRowPtr& row) override;
+    void BeginUpdate() override { m_hub->BeginUpdate(); }
+    void EndUpdate() override;
+
+    void ResetColumns() override;
+    void AddColumn(const std::wstring& caption, const std::wstring& columnId,
+                   bool visible) override;
+    void RemoveColumn(int index) override { m_columns.Remove(index); }
+    int GetColumnCount() const override;
+    std::wstring GetColumnId(int index) const override;
+    void SetColumnId(int index, const std::wstring& columnId) override;
+    std::wstring GetColumnCaption(int index) const override;
+    void SetColumnCaption(int index, const std::wstring& caption) override;
+    bool IsColumnVisible(int index) const override;
+    int FindColumn(const std::wstring& columnId) const override { return m_columns.Find(columnId); }
+    std::map<std::wstring, double> GetColumnWidths() const override { return m_heads.GetWidths(); }
+    double GetNameColumnWidth() const override { return m_heads.GetWidth(HeadKind::Name); }
+    double GetMarkingColumnWidth() const override;
+    void OnColumnsRebuilt() override {}
+    void ClearColumnMark() override;
+    void SetColumnMark(const std::wstring& columnId, bool marked) override;
+
+    void InitNameHeader(const productTree::ColumnInfo& column) override;
+    void InitDesignationHeader(const productTree::ColumnInfo& column) override;
+    void InitTextHeader(const productTree::ColumnInfo& column,
+                        const boost::intrusive_ptr<IMenuItems>& popup) override;
+    void InitIntHeader(const productTree::ColumnInfo& column) override;
+    void InitDoubleHeader(const productTree::ColumnInfo& column) override;
+    void InitListHeader(const productTree::ColumnInfo& column) override;
+    void InitBoolHeader(const productTree::ColumnInfo& column) override;
+
+    void SetAttributeColumnEnabled(int id, bool enabled) override;
+    void SetAttributeColumnShown(int id, bool shown) override;
+    bool IsAttributeColumnShown(int id) const override { return GetAttributeColumn(id).isShown; }
+
+    std::vector<TreeRowPtr> GetSelectedRows() const override;
+    void SelectRow(const TreeRowPtr& row, bool makeCurrent, bool select) override;
+    /// No row is current afterwards.
+    void ClearSelection() override;
+
+    bool IsEmbodimentsAllowed() const override { return m_embodimentsAllowed; }
+
+    /// At most one; null takes it away. It must be gone before the front end is.
+    void SetObserver(TreeTableObserver* observer) { m_hub->SetObserver(observer); }
+    TreeTableChanges TakeChanges() { return m_hub->TakeChanges(); }
+    /// Null until the panel is built.
+    TreeTableRow* GetRoot() const { return m_root.get(); }
+    TreeTableRow* GetCurrentRow() const { return m_hub->GetCurrent(); }
+    const PanelState& GetPanel() const { return m_panel; }
+    /// Null until the panel has its control.
+    productTree::IfProductTreeCtrl* GetControl() const { return m_control; }
+    const std::vector<ColumnHead>& GetHeads() const { return m_heads.GetHeads(); }
+    const std::vector<ColumnEntry>& GetColumnEntries() const { return m_columns.GetEntries(); }
+    /// The id of the marked column; empty for none.
+    const std::wstring& GetMarkedColumn() const { return m_markedColumn; }
+    /// An id other than 200 and 201 is that of a column neither enabled nor shown.
+    AttributeColumn GetAttributeColumn(int id) const;
+    void SetEmbodimentsAllowed(bool allowed) { m_embodimentsAllowed = allowed; }
+
+    /// Replaces the selection. The current row may be null.
+    void SelectByUser(const std::vector<TreeTableRow*>& rows, TreeTableRow* current);
+    void SetColumnWidthByUser(const std::wstring& columnId, double width);
+
+private:
+    class Update;
+
+    template <class T>
+    void ChangePanel(T& field, const T& value);
+    void InitHead(const productTree::ColumnInfo& column, HeadKind kind);
+
+    boost::intrusive_ptr<TreeTableHub> m_hub;
+    boost::intrusive_ptr<TreeTableRow> m_root;
+    productTree::IfProductTreeCtrl* m_control = nullptr;
+    PanelState m_panel;
+    ColumnList m_columns;
+    ColumnHeads m_heads;
+    /// The heads as they were last announced: a build makes all of them again, mostly the same.
+    std::vector<ColumnHead> m_announcedHeads;
+    std::wstring m_markedColumn;
+    std::map<int, AttributeColumn> m_attributeColumns{{200, {}}, {201, {}}};
+    bool m_embodimentsAllowed = true;
+};
+
+/// What a row shows in the column of that head. Empty for a column that the row has no cell in.
+const SharedText& GetShownText(const TreeTableRow& row, const ColumnHead& head);
+
+} // namespace platform

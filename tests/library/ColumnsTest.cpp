@@ -1,0 +1,111 @@
+// The columns of the panel as the view has them after a build.
+
+#include "tests/library/PanelTest.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using platform::ProductModel;
+using support::Product;
+
+// Heads with their widths, then the entries that are visible in the view's list.
+std::string DumpColumns(const platform::TreeTableView& view) {
+    std::wstring text;
+    for (const platform::ColumnHead& head : view.GetHeads())
+        text += (text.empty() ? L"" : L" ") + head.id + L":" +
+                std::to_wstring(static_cast<int>(head.width));
+    text += L" /";
+    for (const platform::ColumnEntry& entry : view.GetColumnEntries()) {
+        if (entry.isVisible)
+            text += L" " + entry.id;
+    }
+    return {text.begin(), text.end()};
+}
+
+Product WithColumns(std::initializer_list<std::wstring> paths) {
+    return std::move(Product().Root(L"r").Columns(paths).Object("a").Name(L"a").Uses());
+}
+
+TEST(Columns, NameAndDesignationComeFirstThenTheVisibleOnesInTheirOrder) {
+    const Panel panel(WithColumns({L"mass", L"comment"}));
+    EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 mass:75 comment:189 / mass comment");
+}
+
+TEST(Columns, TheViewsListFollowsWhatIsVisible) {
+    Panel panel(WithColumns({L"mass", L"comment"}));
+    const std::size_t entries = panel.View().GetColumnEntries().size();
+    panel.Change([](ProductModel& model) {
+        std::swap(model.visibleProperties[0], model.visibleProperties[1]);
+    });
+    EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 comment:189 mass:75 / comment mass");
+    panel.Change([](ProductModel& model) {
+        model.visibleProperties.resize(1);
+        model.properties.push_back(
+            {.number = 1001, .caption = L"Own", .type = 0, .list = {}, .unitCode = {}});
+    });
+    EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 comment:189 / comment");
+    EXPECT_EQ(panel.View().GetColumnEntries().size(), entries + 1);
+    EXPECT_GE(panel.View().FindColumn(L"user.1001"), 0);
+    panel.Change([](ProductModel& model) { model.properties.clear(); });
+    EXPECT_LT(panel.View().FindColumn(L"user.1001"), 0);
+}
+
+TEST(Columns, WidthsAreKeptPerColumnSetAndComeBackWithIt) {
+    Panel panel(WithColumns({L"mass"}).ColumnSet("first"));
+    panel.View().SetColumnWidthByUser(L"name", 300);
+    panel.View().SetColumnWidthByUser(L"marking", 111);
+    panel.View().SetColumnWidthByUser(L"mass", 99);
+    panel.Change([](ProductModel& model) { model.columnSetKey = "second"; });
+    EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 mass:75 / mass");
+    panel.View().SetColumnWidthByUser(L"mass", 50);
+    panel.Change([](ProductModel& model) { model.columnSetKey = "first"; });
+    EXPECT_EQ(DumpColumns(panel.View()), "name:300 marking:111 mass:99 / mass");
+    panel.Change([](ProductModel& model) { model.columnSetKey = "second"; });
+    EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 mass:50 / mass");
+}
+
+TEST(Columns, InEmbodimentModeACountColumnStandsForEachEmbodiment) {
+    Panel panel(WithColumns({L"mass", L"count", L"comment"})
+                    .Embodiment("e1")
+                    .Embodiment("e2", L"01")
+                    .EmbodimentMode());
+    EXPECT_EQ(DumpColumns(panel.View()),
+              "name:189 marking:189 mass:75 count|e1:45 count|e2:45 comment:189 "
+              "/ mass count comment");
+    panel.View().SetColumnWidthByUser(L"count|e2", 60);
+    panel.data->SetEmbodimentMode(false);
+    panel.Tree().Synchronize();
+    EXPECT_EQ(DumpColumns(panel.View()),
+              "name:189 marking:189 mass:75 count:75 comment:189 / mass count comment");
+    panel.data->SetEmbodimentMode(true);
+    panel.Tree().Synchronize();
+    EXPECT_EQ(DumpColumns(panel.View()),
+              "name:189 marking:189 mass:75 count|e1:45 count|e2:60 comment:189 "
+              "/ mass count comment");
+}
+
+TEST(Columns, TheAttributeColumnsKeepTheUsersChoicePerColumnSet) {
+    Panel panel(WithColumns({}).ColumnSet("first"));
+    const auto shown = [&] {
+        const auto aggr = panel.View().GetAttributeColumn(200);
+        const auto reg = panel.View().GetAttributeColumn(201);
+        return std::array{aggr.isEnabled, aggr.isShown, reg.isEnabled, reg.isShown};
+    };
+    EXPECT_EQ(shown(), (std::array{false, false, false, false}));
+    panel.Change([](ProductModel& model) {
+        model.columnSetKey = "second";
+        model.isAggrIntoProductShown = true;
+    });
+    EXPECT_EQ(shown(), (std::array{true, true, false, false}));
+    panel.View().SetAttributeColumnShown(200, false);
+    panel.Change([](ProductModel& model) { model.columnSetKey = "first"; });
+    EXPECT_EQ(shown(), (std::array{true, false, false, false}));
+    panel.View().SetAttributeColumnShown(200, true);
+    panel.Change([](ProductModel& model) { model.columnSetKey = "second"; });
+    EXPECT_EQ(shown(), (std::array{true, false, false, false}));
+    panel.Change([](ProductModel& model) { model.columnSetKey = "first"; });
+    EXPECT_EQ(shown(), (std::array{true, true, false, false}));
+}
+
+} // namespace

@@ -1,0 +1,293 @@
+#include "tests/support/ProductBuilder.h"
+
+#include "host/ProductProperties.h"
+
+#include <algorithm>
+
+namespace support {
+
+using platform::OccurrenceRecord;
+using platform::PartRecord;
+
+UniqueMetaObjectKey Key(std::string_view key) {
+    return UniqueMetaObjectKey(std::string(key));
+}
+
+Product::Product() {
+    m_model.root.key = Key("root");
+}
+
+std::shared_ptr<platform::MemoryProduct> Product::Make() const {
+    return std::make_shared<platform::MemoryProduct>(m_model);
+}
+
+Product& Product::Root(const std::wstring& name, const std::wstring& designation) {
+    m_model.root.name = name;
+    m_model.root.marking.SetBase(designation);
+    return *this;
+}
+
+Product& Product::Object(std::string_view key) {
+    platform::ObjectRecord& object = m_model.objects.emplace_back();
+    object.key = Key(key);
+    object.section.numbers[0] = 20;
+    object.part.used = meta_data::SPUsed({1});
+    m_currentUses = 0;
+    return *this;
+}
+
+Product& Product::Name(const std::wstring& name) {
+    CurrentObject().name = name;
+    return *this;
+}
+
+Product& Product::Designation(const std::wstring& base) {
+    CurrentObject().marking.SetBase(base);
+    return *this;
+}
+
+Product& Product::Marking(const VariantMarking& marking) {
+    CurrentObject().marking = marking;
+    return *this;
+}
+
+Product& Product::LockedMarkingParts(std::initializer_list<int> parts) {
+    CurrentObject().lockedMarkingParts = parts;
+    return *this;
+}
+
+Product& Product::Section(int number, const std::wstring& name) {
+    return SectionNumbers({number}, name);
+}
+
+Product& Product::SectionNumbers(std::initializer_list<std::int32_t> numbers,
+                                 const std::wstring& name) {
+    SPCSection section;
+    std::copy_n(numbers.begin(), std::min(numbers.size(), section.numbers.size()),
+                section.numbers.begin());
+    section.name = name;
+    CurrentObject().section = section;
+    return *this;
+}
+
+Product& Product::Material(const std::wstring& material) {
+    return Value(L"material", SimplePropVal(SharedText(material)));
+}
+
+Product& Product::Mass(double kilograms) {
+    return Value(L"mass", SimplePropVal(kilograms));
+}
+
+Product& Product::Value(const std::wstring& path, SimplePropVal value) {
+    CurrentObject().properties.emplace_back(ProductProperties::GetPropId(path),
+                                            PropValue(std::move(value)));
+    return *this;
+}
+
+Product& Product::Icon(int type) {
+    CurrentObject().iconType = type;
+    return *this;
+}
+
+Product& Product::NotActual() {
+    CurrentObject().isActual = false;
+    return *this;
+}
+
+Product& Product::ExcludedFromCount() {
+    CurrentObject().isExcludedFromCount = true;
+    return *this;
+}
+
+Product& Product::AggrIntoProduct(bool on) {
+    CurrentObject().aggrIntoProduct = on;
+    return *this;
+}
+
+Product& Product::PartOf(std::string_view parent) {
+    CurrentObject().parents.push_back(Key(parent));
+    return *this;
+}
+
+Product& Product::OwnedBy(std::string_view owner) {
+    CurrentObject().owners.push_back(Key(owner));
+    return *this;
+}
+
+Product& Product::BilletOf(std::string_view owner, platform::BilletKind kind) {
+    CurrentObject().billet = kind;
+    CurrentObject().billetOwner = Key(owner);
+    return *this;
+}
+
+OccurrenceRecord& Product::AddUse(UniqueMetaObjectKey key) {
+    const platform::ObjectRecord& object = CurrentObject();
+    OccurrenceRecord use;
+    use.key = std::move(key);
+    use.kind = object.kind;
+    use.part.used = object.part.used;
+    return CurrentObject().occurrences.emplace_back(std::move(use));
+}
+
+Product& Product::Uses(int count) {
+    for (int i = 0; i < count; ++i) {
+        const std::size_t number = CurrentObject().occurrences.size() + 1;
+        AddUse(Key(CurrentObject().key.String() + '#' + std::to_string(number)));
+    }
+    m_currentUses = static_cast<std::size_t>(count);
+    return *this;
+}
+
+Product& Product::Use(std::string_view key) {
+    AddUse(Key(key));
+    m_currentUses = 1;
+    return *this;
+}
+
+template <class Change>
+Product& Product::ChangeUses(Change change) {
+    std::vector<OccurrenceRecord>& uses = CurrentObject().occurrences;
+    std::for_each(uses.end() - static_cast<std::ptrdiff_t>(m_currentUses), uses.end(), change);
+    return *this;
+}
+
+template <class Change>
+Product& Product::ChangeParts(Change change) {
+    if (m_currentUses != 0)
+        return ChangeUses(change);
+    change(static_cast<PartRecord&>(CurrentObject()));
+    return *this;
+}
+
+Product& Product::In(Keys embodiments) {
+    return ChangeUses([&](OccurrenceRecord& use) {
+        for (const std::string_view key : embodiments)
+            use.embodiments.push_back(Key(key));
+    });
+}
+
+Product& Product::NotShown() {
+    return ChangeUses([](OccurrenceRecord& use) { use.isShown = false; });
+}
+
+Product& Product::Kind(int kind) {
+    return ChangeParts([kind](PartRecord& part) { part.kind = kind; });
+}
+
+Product& Product::Phantom() {
+    return ChangeParts([](PartRecord& part) { part.isPhantom = true; });
+}
+
+Product& Product::NoHandler() {
+    return ChangeParts([](PartRecord& part) { part.hasHandler = false; });
+}
+
+Product& Product::NotInProduct() {
+    return ChangeParts([](PartRecord& part) { part.part.attributes.inProduct = false; });
+}
+
+Product& Product::CalculatedInProduct(bool inProduct) {
+    return ChangeParts([inProduct](PartRecord& part) { part.calculatedInProduct = inProduct; });
+}
+
+Product& Product::Separate() {
+    return ChangeParts([](PartRecord& part) { part.part.attributes.separate = true; });
+}
+
+Product& Product::HiddenA() {
+    return ChangeParts([](PartRecord& part) { part.part.attributes.hiddenA = true; });
+}
+
+Product& Product::HiddenB() {
+    return ChangeParts([](PartRecord& part) { part.part.attributes.hiddenB = true; });
+}
+
+Product& Product::UsedIn(std::vector<meta_data::SP::StyleId> styles) {
+    return ChangeParts([&styles](PartRecord& part) { part.part.used = meta_data::SPUsed(styles); });
+}
+
+Product& Product::InGroupOf(std::string_view groupKey) {
+    return ChangeParts([groupKey](PartRecord& part) { part.groupKey = Key(groupKey); });
+}
+
+Product& Product::CountMark() {
+    return ChangeParts([](PartRecord& part) { part.isCountMark = true; });
+}
+
+Product& Product::Embodiment(std::string_view key, const std::wstring& number) {
+    platform::EmbodimentRecord embodiment;
+    embodiment.key = Key(key);
+    embodiment.marking = m_model.root.marking;
+    if (!number.empty()) {
+        embodiment.marking.SetEmbodimentNumDelim(L'-');
+        embodiment.marking.SetEmbodimentNum(number);
+    }
+    m_model.embodiments.push_back(std::move(embodiment));
+    return *this;
+}
+
+Product& Product::CurrentEmbodiments(Keys keys) {
+    m_model.currentEmbodiments.clear();
+    for (const std::string_view key : keys)
+        m_model.currentEmbodiments.push_back(Key(key));
+    return *this;
+}
+
+Product& Product::ActiveEmbodiment(std::string_view key) {
+    m_model.activeEmbodiment = Key(key);
+    return *this;
+}
+
+Product& Product::EmbodimentMode(bool on) {
+    m_model.embodimentMode = on;
+    return *this;
+}
+
+Product& Product::NoSectionRows() {
+    m_model.areSectionRowsShown = false;
+    return *this;
+}
+
+Product& Product::NoSectionIcons() {
+    m_model.usesSectionIcons = false;
+    return *this;
+}
+
+Product& Product::ReadOnly() {
+    m_model.isReadOnly = true;
+    return *this;
+}
+
+Product& Product::Style(platform::StyleRecord style) {
+    m_model.style = std::move(style);
+    return *this;
+}
+
+Product& Product::StyleSections(const std::vector<std::pair<int, std::wstring>>& sections) {
+    platform::StyleRecord style;
+    for (const auto& [number, name] : sections) {
+        platform::StyleSectionRecord& section = style.sections.emplace_back();
+        section.number = number;
+        section.name = name;
+    }
+    return Style(std::move(style));
+}
+
+Product& Product::Columns(std::initializer_list<std::wstring> paths) {
+    m_model.visibleProperties.clear();
+    for (const std::wstring& path : paths)
+        m_model.visibleProperties.push_back(ProductProperties::GetPropId(path));
+    return *this;
+}
+
+Product& Product::ColumnSet(const std::string& key) {
+    m_model.columnSetKey = key;
+    return *this;
+}
+
+Product& Product::Property(platform::PropertyRecord record) {
+    m_model.properties.push_back(std::move(record));
+    return *this;
+}
+
+} // namespace support

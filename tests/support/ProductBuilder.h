@@ -1,0 +1,114 @@
+// Products in a few lines of a test:
+//
+//     Product().Root(L"Gearbox", L"AB.100")
+//         .Object("bolt").Name(L"Bolt M8").Section(25).Uses(4)
+//         .Object("case").Name(L"Case").Designation(L"AB.101").Uses().Separate()
+//
+// What follows Object speaks of that object, until Use or Uses; from there on what is said of a
+// part (its attributes, its embodiments, its handler) is said of the uses just added. Nothing is
+// checked: a test may write a product that makes no sense.
+#pragma once
+
+#include "platform/product/MemoryProduct.h"
+
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace support {
+
+UniqueMetaObjectKey Key(std::string_view key);
+
+class Product {
+public:
+    using Keys = std::initializer_list<std::string_view>;
+
+    /// An empty product: its root has the key "root", no name and no designation.
+    Product();
+
+    platform::ProductModel Model() const { return m_model; }
+    operator platform::ProductModel() const { return m_model; }
+    std::shared_ptr<platform::MemoryProduct> Make() const;
+
+    Product& Root(const std::wstring& name, const std::wstring& designation = {});
+
+    /// A part of section 20 that stands in the specification of style 1.
+    Product& Object(std::string_view key);
+    Product& Name(const std::wstring& name);
+    Product& Designation(const std::wstring& base);
+    Product& Marking(const VariantMarking& marking);
+    Product& LockedMarkingParts(std::initializer_list<int> parts);
+    Product& Section(int number, const std::wstring& name = {});
+    /// All six numbers of the section, the rest of them 0.
+    Product& SectionNumbers(std::initializer_list<std::int32_t> numbers,
+                            const std::wstring& name = {});
+    Product& Material(const std::wstring& material);
+    Product& Mass(double kilograms);
+    /// `path` as ProductProperties has it.
+    Product& Value(const std::wstring& path, SimplePropVal value);
+    Product& Icon(int type);
+    Product& NotActual();
+    Product& ExcludedFromCount();
+    Product& AggrIntoProduct(bool on);
+    Product& PartOf(std::string_view parent);
+    Product& OwnedBy(std::string_view owner);
+    Product& BilletOf(std::string_view owner,
+                      platform::BilletKind kind = platform::BilletKind::Manual);
+
+    /// Uses of the object, of its kind and standing in the same specifications. Their keys are that
+    /// of the object, '#' and the number of the use, from 1 on.
+    Product& Uses(int count = 1);
+    Product& Use(std::string_view key);
+    /// The embodiments that hold the use.
+    Product& In(Keys embodiments);
+    /// The last word: the use has no row.
+    Product& NotShown();
+
+    // Of the object, or of the uses just added.
+    Product& Kind(int kind);
+    Product& Phantom();
+    Product& NoHandler();
+    Product& NotInProduct();
+    Product& CalculatedInProduct(bool inProduct);
+    Product& Separate();
+    Product& HiddenA();
+    Product& HiddenB();
+    Product& UsedIn(std::vector<meta_data::SP::StyleId> styles);
+    Product& NotUsed() { return UsedIn({}); }
+    Product& InGroupOf(std::string_view groupKey);
+    Product& CountMark();
+
+    Product& Embodiment(std::string_view key, const std::wstring& number = {});
+    Product& CurrentEmbodiments(Keys keys);
+    Product& ActiveEmbodiment(std::string_view key);
+    Product& EmbodimentMode(bool on = true);
+
+    Product& NoSectionRows();
+    Product& NoSectionIcons();
+    Product& ReadOnly();
+    Product& Style(platform::StyleRecord style);
+    /// A style of these sections without blocks.
+    Product& StyleSections(const std::vector<std::pair<int, std::wstring>>& sections);
+
+    /// The shown columns, by path.
+    Product& Columns(std::initializer_list<std::wstring> paths);
+    Product& ColumnSet(const std::string& key);
+    Product& Property(platform::PropertyRecord record);
+
+private:
+    platform::ObjectRecord& CurrentObject() { return m_model.objects.back(); }
+    platform::OccurrenceRecord& AddUse(UniqueMetaObjectKey key);
+    template <class Change>
+    Product& ChangeParts(Change change);
+    template <class Change>
+    Product& ChangeUses(Change change);
+
+    platform::ProductModel m_model;
+    /// How many of the last object's uses are spoken of; 0: the object itself.
+    std::size_t m_currentUses = 0;
+};
+
+} // namespace support
