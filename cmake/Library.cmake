@@ -49,6 +49,9 @@ add_library(oProductTree::oProductTree ALIAS oProductTree)
 target_link_libraries(oProductTree PUBLIC productTreeHostHeaders oHost PRIVATE productTreeRules)
 target_link_options(oProductTree PRIVATE
     -Wl,--version-script=${productTreeExports} -Wl,--no-undefined)
+# The library enters its tree in the host's registry while it is loaded: who links it needs it even
+# where nothing of it is called by name.
+target_link_options(oProductTree INTERFACE -Wl,--no-as-needed)
 set_target_properties(oProductTree PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
     LINK_DEPENDS ${productTreeExports}

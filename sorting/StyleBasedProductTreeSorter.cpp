@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <limits>
 #include <map>
-#include <numeric>
-#include <string_view>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -49,6 +48,36 @@ const PartHandler& GetSpeakingHandler(const GroupPartHandler& handler) {
     return handler.GetGroupKey() == Key::null ? handler.GetRawPartHandler()
                                               : handler.GetGroupPartHandler();
 }
+
+// Where a part stands among the ordered parts. Parts are mostly asked for in that very order; a map
+// is made for the first that is not.
+class PartPlaces {
+public:
+    explicit PartPlaces(const std::vector<Key>& parts) : m_parts(parts) {}
+
+    std::optional<std::size_t> Find(const Key& part) {
+        if (m_next < m_parts.size() && m_parts[m_next] == part)
+            return m_next++;
+        if (m_places.empty())
+            MakeMap();
+        const auto place = m_places.find(part);
+        if (place == m_places.end())
+            return std::nullopt;
+        m_next = place->second + 1;
+        return place->second;
+    }
+
+private:
+    void MakeMap() {
+        m_places.reserve(m_parts.size());
+        for (std::size_t i = 0; i < m_parts.size(); ++i)
+            m_places.try_emplace(m_parts[i], i);
+    }
+
+    const std::vector<Key>& m_parts;
+    std::unordered_map<Key, std::size_t> m_places;
+    std::size_t m_next = 0;
+};
 
 // The key that stands for a group: that of the first part used in the current style, else of the
 // first used in any style, else of the first part.
@@ -109,6 +138,10 @@ void StyleBasedProductTreeSorter::CollectObjects() {
     const IfMetaProductData& metaData = aggregator.GetMetaData();
     m_objects.clear();
     m_billets.clear();
+    m_uses.clear();
+    // A host that threw in the middle of the last sort has left rows in them.
+    m_loose.Clear();
+    m_children.Clear();
     m_orderedParts = aggregator.GetPrimaryMetaData().GetOrderedPartsOfKinds(c_rowKinds);
     m_topKeys = m_data->GetTopKeys();
 
@@ -120,7 +153,7 @@ void StyleBasedProductTreeSorter::CollectObjects() {
     for (const Key& topKey : m_topKeys)
         std::ranges::for_each(metaData.GetDirectParts(topKey), add);
     for (const Key& key : metaData.GetPartsOfKinds(c_rowKinds)) {
-        if (metaData.GetParentParts(key).empty())
+        if (!met.contains(key) && metaData.GetParentParts(key).empty())
             add(key);
     }
 }
@@ -131,53 +164,42 @@ void StyleBasedProductTreeSorter::IndexParts() {
     m_index.clear();
     m_index.reserve(m_orderedParts.size() + m_objects.size());
 
-    std::unordered_map<std::string_view, std::size_t> places;
-    places.reserve(m_orderedParts.size());
-    for (std::size_t i = 0; i < m_orderedParts.size(); ++i)
-        places.emplace(m_orderedParts[i].String(), i);
-
+    PartPlaces places(m_orderedParts);
+    std::vector<bool> isIndexed(m_orderedParts.size());
     for (std::size_t i = 0; i < m_topKeys.size(); ++i) {
-        for (Key& part : primary.GetDirectParts(m_topKeys[i])) {
-            const auto place = places.find(part.String());
-            if (place != places.end() && !m_data->IsCountMark(part))
-                m_index.try_emplace(std::move(part), InfObjIndex{i, place->second});
+        for (const Key& part : primary.GetDirectParts(m_topKeys[i])) {
+            const auto place = places.Find(part);
+            if (!place || isIndexed[*place] || m_data->IsCountMark(part))
+                continue;
+            m_index.try_emplace(part, InfObjIndex{i, *place});
+            isIndexed[*place] = true;
         }
     }
 
-    std::vector<std::size_t> rest;
     for (std::size_t i = 0; i < m_orderedParts.size(); ++i) {
-        if (!m_index.contains(m_orderedParts[i]))
-            rest.push_back(i);
-    }
-    for (const std::size_t i : rest) {
-        if (m_data->IsCountMark(m_orderedParts[i]))
+        if (!isIndexed[i] && m_data->IsCountMark(m_orderedParts[i])) {
             m_index.try_emplace(m_orderedParts[i], InfObjIndex{c_noPlace, i});
+            isIndexed[i] = true;
+        }
     }
     std::uint64_t counter = 0;
-    for (const std::size_t i : rest) {
-        const Key& part = m_orderedParts[i];
-        if (!m_index.contains(part) && aggregator.GetOwners(part).empty())
-            m_index.try_emplace(part, InfObjIndex{c_noPlace, counter++});
+    for (std::size_t i = 0; i < m_orderedParts.size(); ++i) {
+        if (!isIndexed[i] && aggregator.GetOwners(m_orderedParts[i]).empty())
+            m_index.try_emplace(m_orderedParts[i], InfObjIndex{c_noPlace, counter++});
     }
 }
 
 void StyleBasedProductTreeSorter::IndexObjects() {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    m_uses.reserve(m_objects.size());
     for (std::size_t i = 0; i < m_objects.size(); ++i) {
         const Key& object = m_objects[i];
         if (!aggregator.IsInfObject(object))
             continue;
-        InfObjIndex index{c_noPlace, c_noPlace};
-        if (meta_data::SP::IsManualBillet(aggregator, object)) {
-            // Manual billets come in the reverse of the order in which they were met.
-            index.second = m_objects.size() - 1 - i;
-        } else {
-            for (const Key& occurrence : aggregator.GetOccurrences(object, nullptr)) {
-                const auto found = m_index.find(occurrence);
-                if (found != m_index.end())
-                    index = std::min(index, found->second);
-            }
-        }
+        InfObjIndex index = CollectUses(object, m_uses[object]);
+        // Manual billets come in the reverse of the order in which they were met.
+        if (meta_data::SP::IsManualBillet(aggregator, object))
+            index = {c_noPlace, m_objects.size() - 1 - i};
         m_index.insert_or_assign(object, index);
     }
 }
@@ -266,71 +288,76 @@ StyleBasedProductTreeSorter::RowsOfParts(std::vector<ConstProductPart>& parts) {
 }
 
 void StyleBasedProductTreeSorter::RowsOfRun(PartRun run, Rows& rows) {
-    Rows loose;
     std::vector<const ConstProductPart*> joined;
+    joined.reserve(run.size());
     for (const ConstProductPart& part : run) {
         if (IsSeparate(part.key))
-            AddRowsOfOccurrences(GetShownOccurrences(part.key), loose);
+            AddRowsOfUses(GetUses(part.key), m_loose);
         else
             joined.push_back(&part);
     }
-    GroupRow(joined, rows, loose);
+    GroupRow(joined, rows, m_loose);
 
-    SortByIndex(loose);
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     const IfMetaProductData& metaData = aggregator.GetMetaData();
-    for (ProductTreeRowInfo& row : loose) {
+    m_loose.TakeInOrder([&](ProductTreeRowInfo&& row, const InfObjIndex&) {
         const Key object =
             aggregator.IsInfObject(row.key) ? row.key : aggregator.GetOwnerObject(row.key);
         rows.push_back(std::move(row));
         if (!object.IsEmpty())
             BilletRows(metaData.GetBillets(object), rows);
-    }
+    });
 }
 
-void StyleBasedProductTreeSorter::AddRowsOfOccurrences(const Keys& occurrences, Rows& rows) const {
-    for (const Key& occurrence : occurrences) {
-        if (IsShownInTree(occurrence))
-            rows.emplace_back().key = occurrence;
+void StyleBasedProductTreeSorter::AddRowsOfUses(const Uses& uses, IndexedRows& rows) const {
+    for (const Use& use : uses) {
+        if (IsShownInTree(use.key))
+            rows.Add(use.index).key = use.key;
     }
 }
 
 void StyleBasedProductTreeSorter::GroupRow(const std::vector<const ConstProductPart*>& parts,
-                                           Rows& groups, Rows& loose) {
+                                           Rows& groups, IndexedRows& loose) {
     if (parts.empty())
         return;
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     const IfMetaProductData& metaData = aggregator.GetMetaData();
     const meta_data::SP::StyleId style = m_data->GetCurrentStyleId();
 
-    ProductTreeRowInfo group;
     GroupKeyChoice choice(aggregator, style);
-    bool hasOccurrences = false;
+    bool hasUses = false;
     std::set<Key> billets;
     for (const ConstProductPart* part : parts) {
         choice.Add(part->key, part->key);
-        const Keys occurrences = GetShownOccurrences(part->key);
-        hasOccurrences = hasOccurrences || !occurrences.empty();
-        AddRowsOfOccurrences(occurrences, group.children);
+        const Uses& uses = GetUses(part->key);
+        hasUses = hasUses || !uses.empty();
+        AddRowsOfUses(uses, m_children);
         billets.merge(metaData.GetBillets(part->key));
     }
-    group.key = choice.Get();
-    SortByIndex(group.children);
 
-    if (group.children.size() >= 2) {
+    const std::size_t count = m_children.GetSize();
+    if (count >= 2) {
+        ProductTreeRowInfo& group = groups.emplace_back();
         group.kind = RowKind::Group;
-        groups.push_back(std::move(group));
+        group.key = choice.Get();
+        group.children.reserve(count);
+        m_children.TakeInOrder([&](ProductTreeRowInfo&& row, const InfObjIndex&) {
+            group.children.push_back(std::move(row));
+        });
         BilletRows(billets, groups);
         return;
     }
-    if (group.children.size() == 1) {
-        ProductTreeRowInfo only = std::move(group.children.front());
-        loose.push_back(std::move(only));
+    if (count == 1) {
+        m_children.TakeInOrder([&](ProductTreeRowInfo&& row, const InfObjIndex& index) {
+            loose.Add(index) = std::move(row);
+        });
         return;
     }
-    if (!hasOccurrences && IsSPUsed(aggregator, group.key, style)) {
-        group.kind = RowKind::PlainObject;
-        loose.push_back(std::move(group));
+    const Key& key = choice.Get();
+    if (!hasUses && IsSPUsed(aggregator, key, style)) {
+        ProductTreeRowInfo& row = loose.Add(GetIndex(key));
+        row.kind = RowKind::PlainObject;
+        row.key = key;
     }
 }
 
@@ -372,62 +399,57 @@ void StyleBasedProductTreeSorter::BilletGroupRow(PartRun run, Rows& rows) {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     const IfMetaProductData& primary = aggregator.GetPrimaryMetaData();
 
-    ProductTreeRowInfo group;
     GroupKeyChoice choice(aggregator, m_data->GetCurrentStyleId());
+    IndexedRows billets;
     for (const ConstProductPart& part : run) {
         choice.Add(part.key, part.metaData->GetBilletOwner(part.key));
-        for (Key& occurrence : GetShownOccurrences(part.key)) {
-            if (!IsInAnySpecification(occurrence))
+        for (const Use& use : GetUses(part.key)) {
+            if (!IsInAnySpecification(use.key))
                 continue;
-            ProductTreeRowInfo& row = group.children.emplace_back();
+            ProductTreeRowInfo& row = billets.Add(use.index);
             row.kind = RowKind::Billet;
-            row.sourceKey = primary.GetBilletOwner(occurrence);
-            row.key = std::move(occurrence);
+            row.key = use.key;
+            row.sourceKey = primary.GetBilletOwner(use.key);
         }
     }
-    group.key = choice.Get();
-    SortByIndex(group.children);
 
-    if (group.children.size() == 1) {
-        ProductTreeRowInfo only = std::move(group.children.front());
-        rows.push_back(std::move(only));
-        return;
-    }
-    if (!group.children.empty()) {
+    const Key& key = choice.Get();
+    Rows* target = &rows;
+    if (billets.GetSize() >= 2) {
+        ProductTreeRowInfo& group = rows.emplace_back();
         group.kind = RowKind::Group;
-        rows.push_back(std::move(group));
-        return;
+        group.key = key;
+        target = &group.children;
+    } else if (billets.GetSize() == 0 && IsBillet(key) && IsInAnySpecification(key)) {
+        ProductTreeRowInfo& row = rows.emplace_back();
+        row.kind = RowKind::Billet;
+        row.key = key;
+        row.sourceKey = aggregator.GetMetaData().GetBilletOwner(key);
     }
-    if (IsBillet(group.key) && IsInAnySpecification(group.key)) {
-        group.kind = RowKind::Billet;
-        group.sourceKey = aggregator.GetMetaData().GetBilletOwner(group.key);
-        rows.push_back(std::move(group));
-    }
+    billets.TakeInOrder(
+        [&](ProductTreeRowInfo&& row, const InfObjIndex&) { target->push_back(std::move(row)); });
 }
 
-void StyleBasedProductTreeSorter::SortByIndex(Rows& rows) const {
-    if (rows.size() < 2)
-        return;
-    std::vector<std::pair<InfObjIndex, std::uint32_t>> order;
-    order.reserve(rows.size());
-    for (const ProductTreeRowInfo& row : rows)
-        order.emplace_back(GetIndex(row.key), static_cast<std::uint32_t>(order.size()));
-    if (std::ranges::is_sorted(order))
-        return;
-    std::ranges::sort(order);
-    Rows sorted;
-    sorted.reserve(rows.size());
-    for (const auto& [index, from] : order)
-        sorted.push_back(std::move(rows[from]));
-    rows = std::move(sorted);
+const StyleBasedProductTreeSorter::Uses& StyleBasedProductTreeSorter::GetUses(const Key& object) {
+    const auto [uses, isNew] = m_uses.try_emplace(object);
+    if (isNew)
+        CollectUses(object, uses->second);
+    return uses->second;
 }
 
-StyleBasedProductTreeSorter::Keys
-StyleBasedProductTreeSorter::GetShownOccurrences(const Key& object) const {
+InfObjIndex StyleBasedProductTreeSorter::CollectUses(const Key& object, Uses& uses) const {
+    InfObjIndex first{c_noPlace, c_noPlace};
     Keys occurrences = m_data->GetAggregator().GetOccurrences(object, nullptr);
-    std::erase_if(occurrences,
-                  [&](const Key& key) { return !m_data->IsInTopKeys(key, m_topKeys); });
-    return occurrences;
+    uses.reserve(occurrences.size());
+    for (Key& occurrence : occurrences) {
+        const auto found = m_index.find(occurrence);
+        const bool hasIndex = found != m_index.end();
+        if (hasIndex)
+            first = std::min(first, found->second);
+        if (m_data->IsInTopKeys(occurrence, m_topKeys))
+            uses.push_back({std::move(occurrence), hasIndex ? found->second : InfObjIndex()});
+    }
+    return first;
 }
 
 bool StyleBasedProductTreeSorter::IsShownInTree(const Key& occurrence) const {

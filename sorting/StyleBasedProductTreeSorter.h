@@ -5,11 +5,14 @@
 
 #include "host/data/Grouping.h"
 #include "sorting/IProductTreeSorter.h"
+#include "sorting/IndexedRows.h"
 #include "sorting/PartRuns.h"
 #include "sorting/SortSections.h"
 
 #include <memory>
 #include <set>
+#include <unordered_map>
+#include <vector>
 
 class IfMetaProductData;
 class IfProductDataAggregator;
@@ -27,6 +30,13 @@ private:
     using Keys = std::vector<UniqueMetaObjectKey>;
     using Rows = std::vector<ProductTreeRowInfo>;
 
+    /// An occurrence of an object that stands in one of the top keys, with its place in the order.
+    struct Use {
+        UniqueMetaObjectKey key;
+        InfObjIndex index;
+    };
+    using Uses = std::vector<Use>;
+
     void CollectObjects();
     void IndexParts();
     void IndexObjects();
@@ -38,15 +48,17 @@ private:
     void AddSectionRow(SortSection& section, Rows& rows);
     Rows RowsOfParts(std::vector<ConstProductPart>& parts);
     void RowsOfRun(PartRun run, Rows& rows);
-    void AddRowsOfOccurrences(const Keys& occurrences, Rows& rows) const;
+    void AddRowsOfUses(const Uses& uses, IndexedRows& rows) const;
     /// Puts a group of two or more in `groups`, with its billets behind it, anything else in
     /// `loose`.
-    void GroupRow(const std::vector<const ConstProductPart*>& parts, Rows& groups, Rows& loose);
+    void GroupRow(const std::vector<const ConstProductPart*>& parts, Rows& groups,
+                  IndexedRows& loose);
     void BilletRows(const std::set<UniqueMetaObjectKey>& keys, Rows& rows);
     void BilletGroupRow(PartRun run, Rows& rows);
-    void SortByIndex(Rows& rows) const;
 
-    Keys GetShownOccurrences(const UniqueMetaObjectKey& object) const;
+    const Uses& GetUses(const UniqueMetaObjectKey& object);
+    /// Takes them into m_uses, and gives the first index of all occurrences.
+    InfObjIndex CollectUses(const UniqueMetaObjectKey& object, Uses& uses) const;
     bool IsShownInTree(const UniqueMetaObjectKey& occurrence) const;
     bool IsSeparate(const UniqueMetaObjectKey& key) const;
     bool IsInAnySpecification(const UniqueMetaObjectKey& key) const;
@@ -65,6 +77,11 @@ private:
     Keys m_orderedParts;
     std::vector<SortSection> m_sections;
     SortSection m_noSection;
+    /// By object, each asked of the host once.
+    std::unordered_map<UniqueMetaObjectKey, Uses> m_uses;
+    /// Room for the rows of the run at hand.
+    IndexedRows m_loose;
+    IndexedRows m_children;
 };
 
 } // namespace productTree

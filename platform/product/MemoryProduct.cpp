@@ -166,8 +166,10 @@ std::optional<bool> MemoryProduct::GetBySource(const PropertyRef& /*ref*/) const
 }
 
 std::set<int> MemoryProduct::GetLockedMarkingParts(const UniqueMetaObjectKey& key) const {
-    const ObjectRecord* const object = m_state->FindObject(key);
-    return object ? object->lockedMarkingParts : std::set<int>();
+    const PartEntry* const part = m_state->index.Find(key);
+    if (!part || !part->hasLockedMarkingParts)
+        return {};
+    return part->object->record->lockedMarkingParts;
 }
 
 bool MemoryProduct::IsHypertext(const PropertyRef& /*ref*/) const {
@@ -184,18 +186,18 @@ bool MemoryProduct::IsHypertextActive(const PropertyRef& /*ref*/) const {
 }
 
 int MemoryProduct::GetIconType(const UniqueMetaObjectKey& key) const {
-    const ObjectRecord* const object = m_state->FindObject(key);
-    return object ? object->iconType : c_otherIcon;
+    const PartEntry* const part = m_state->index.Find(key);
+    return part ? part->iconType : c_otherIcon;
 }
 
 bool MemoryProduct::IsActual(const UniqueMetaObjectKey& key) const {
-    const ObjectRecord* const object = m_state->FindObject(key);
-    return !object || object->isActual;
+    const PartEntry* const part = m_state->index.Find(key);
+    return !part || part->isActual;
 }
 
 bool MemoryProduct::IsExcludedFromCount(const UniqueMetaObjectKey& key) const {
-    const ObjectRecord* const object = m_state->FindObject(key);
-    return object && object->isExcludedFromCount;
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && part->isExcludedFromCount;
 }
 
 bool MemoryProduct::IsAggrIntoProductShown() const {

@@ -124,6 +124,10 @@ PartEntry& ProductIndex::AddPart(const PartRecord& record, const ObjectEntry& ob
     part.object = &object;
     part.kind = record.kind;
     part.isCountMark = record.isCountMark;
+    part.iconType = object.record->iconType;
+    part.hasLockedMarkingParts = !object.record->lockedMarkingParts.empty();
+    part.isActual = object.record->isActual;
+    part.isExcludedFromCount = object.record->isExcludedFromCount;
     part.isInGroup = !record.groupKey.IsEmpty();
     part.hasHandler = record.hasHandler;
     part.hasCalculator = record.calculatedInProduct.has_value();
@@ -142,7 +146,12 @@ void ProductIndex::MakeSlots() {
     for (std::size_t part = 0; part < m_parts.size(); ++part) {
         const UniqueMetaObjectKey& key = m_parts[part].key;
         // The root may have no key, and the null key names nothing.
-        if (key.IsEmpty() || Find(key))
+        if (key.IsEmpty())
+            continue;
+        const PartEntry* const first = FindInSlots(key);
+        key.SetHint(static_cast<std::uint32_t>(first ? first - m_parts.data()
+                                                     : static_cast<std::ptrdiff_t>(part)));
+        if (first)
             continue;
         const std::uint32_t hash = HashOf(key);
         std::size_t i = hash & (size - 1);
@@ -165,8 +174,16 @@ void ProductIndex::Link() {
 }
 
 const PartEntry* ProductIndex::Find(const UniqueMetaObjectKey& key) const {
-    if (m_slots.empty())
+    if (m_slots.empty() || key.IsEmpty())
         return nullptr;
+    // Nearly every key that is asked about is a copy of one that stands here.
+    const std::uint32_t hint = key.GetHint();
+    if (hint < m_parts.size() && m_parts[hint].key.IsSame(key))
+        return &m_parts[hint];
+    return FindInSlots(key);
+}
+
+const PartEntry* ProductIndex::FindInSlots(const UniqueMetaObjectKey& key) const {
     const std::size_t mask = m_slots.size() - 1;
     const std::uint32_t hash = HashOf(key);
     for (std::size_t i = hash & mask; m_slots[i].part != 0; i = (i + 1) & mask) {

@@ -38,6 +38,7 @@ struct PartEntry {
     const PartEntry* owner = nullptr;
     const ObjectEntry* object = nullptr;
     std::int32_t kind = 0;
+    std::int32_t iconType = 0;
     bool isUse : 1 = false;
     bool isRoot : 1 = false;
     /// Of a use: it stands in all top parts. Of an object: one of its uses does.
@@ -49,6 +50,9 @@ struct PartEntry {
     bool isUsedInCurrentStyle : 1 = false;
     bool isUsedInAnyStyle : 1 = false;
     bool isInGroup : 1 = false;
+    bool hasLockedMarkingParts : 1 = false;
+    bool isActual : 1 = true;
+    bool isExcludedFromCount : 1 = false;
     bool hasHandler : 1 = false;
     bool hasCalculator : 1 = false;
     bool isCalculatedInProduct : 1 = false;
@@ -97,6 +101,7 @@ private:
     void AddUses(PartEntry& owner);
     PartEntry& AddPart(const PartRecord& record, const ObjectEntry& object);
     void MakeSlots();
+    const PartEntry* FindInSlots(const UniqueMetaObjectKey& key) const;
     void Link();
 
     meta_data::SP::StyleId m_currentStyle = 0;

@@ -2,6 +2,7 @@
 
 #include "host/ProductProperties.h"
 
+#include <algorithm>
 #include <limits>
 #include <string_view>
 

@@ -1,7 +1,6 @@
-// The order of objects: designation, name, section, material, mass. Objects equal in all of these
-// are alike when they have an identity, a designation or the name of a standard part; objects
-// without one are told apart by the document's order and at last by their keys, so that the order
-// is total and the same at every run.
+// The order of objects by their grouping records. Objects that compare equal are alike when they
+// have an identity; those without one are told apart by the document's order and at last by their
+// keys, so that the order is total and the same at every run.
 //
 // With option A parts at different places of the document are never alike: their group would have
 // no place of its own.
@@ -10,10 +9,8 @@
 
 #include "host/data/IfProductDataAggregator.h"
 #include "platform/values/GroupingKeys.h"
-#include "platform/values/NaturalOrder.h"
 
 #include <algorithm>
-#include <cstring>
 #include <unordered_map>
 
 namespace meta_data::grouping {
@@ -28,75 +25,26 @@ int Order(const T& a, const T& b) {
     return a < b ? -1 : b < a ? 1 : 0;
 }
 
-int CompareBytes(const std::string& a, const std::string& b) {
-    const int order = std::memcmp(a.data(), b.data(), std::min(a.size(), b.size()));
-    return order != 0 ? order : Order(a.size(), b.size());
-}
-
-int CompareTexts(const SharedText& a, const SharedText& b) {
-    return a.IsSame(b) ? 0 : a.Str().compare(b.Str());
-}
-
-/// By the prepared keys; equal numbers in different writing are told apart by code points.
-int CompareTexts(const std::string& keyA, const SharedText& a, const std::string& keyB,
-                 const SharedText& b) {
-    if (a.IsSame(b))
-        return 0;
-    const int order = CompareBytes(keyA, keyB);
-    return order != 0 ? order : CompareTexts(a, b);
-}
-
-int CompareTails(const GroupingRecord& a, const GroupingRecord& b, bool numbersAsNumbers) {
-    if (const int order = Order(a.section.numbers[0], b.section.numbers[0]))
-        return order;
-    if (platform::IsNamedStandardPart(a) && platform::IsNamedStandardPart(b))
-        return 0;
-    if (const int order = Order(a.section.numbers, b.section.numbers))
-        return order;
-    if (const int order = CompareTexts(a.section.name, b.section.name))
-        return order;
-    if (!a.material.IsSame(b.material)) {
-        const int natural =
-            numbersAsNumbers ? platform::CompareNatural(a.material.Str(), b.material.Str()) : 0;
-        if (const int order = natural != 0 ? natural : CompareTexts(a.material, b.material))
-            return order;
-    }
-    return Order(a.mass, b.mass);
-}
-
-int CompareRecords(const GroupingRecord& a, const GroupingRecord& b, bool numbersAsNumbers) {
-    if (&a == &b)
-        return 0;
-    if (const int order =
-            CompareTexts(a.designationKey, a.designation, b.designationKey, b.designation))
-        return order;
-    if (const int order = CompareTexts(a.nameKey, a.name, b.nameKey, b.name))
-        return order;
-    return CompareTails(a, b, numbersAsNumbers);
-}
-
-/// Finds the records of parts: the body is looked at once, and under options for which the
-/// product's own keys do not serve a record is made anew once.
+/// Finds the records of parts: a body is looked at once, and under options for which the product's
+/// own records do not serve each is made anew once.
 class RecordSource {
 public:
-    void SetOptions(bool numbersAsNumbers, bool ignoresCase) {
-        m_numbersAsNumbers = numbersAsNumbers;
-        m_ignoresCase = ignoresCase;
+    void SetOptions(platform::TextOptions options) {
+        m_options = options;
         m_remade.clear();
     }
 
     const GroupingRecord& Get(const ConstProductPart& part) const {
+        static const GroupingRecord unknown;
         const IGroupingKeys* const keys = FindKeys(part.metaData);
         const GroupingRecord* const record = keys ? keys->GetGroupingRecord(part.key) : nullptr;
         if (!record)
-            return c_unknown;
-        return m_numbersAsNumbers && !m_ignoresCase ? *record : Remade(*record);
+            return unknown;
+        return m_options.numbersAsNumbers && !m_options.ignoresCase ? *record : Remade(*record);
     }
 
 private:
     const IGroupingKeys* FindKeys(const IfMetaProductData* body) const {
-        if (!body)
-            return nullptr;
         if (body == m_lastBody)
             return m_lastKeys;
         const auto [found, isNew] = m_bodies.try_emplace(body, nullptr);
@@ -107,37 +55,23 @@ private:
         return m_lastKeys;
     }
 
-    SharedText Folded(const SharedText& text) const {
-        return m_ignoresCase ? SharedText(platform::FoldCase(text.Str())) : text;
-    }
-
     const GroupingRecord& Remade(const GroupingRecord& record) const {
         const auto [found, isNew] = m_remade.try_emplace(&record);
-        if (!isNew)
-            return found->second;
-        found->second =
-            platform::MakeGroupingRecord(record.section, Folded(record.designation),
-                                         Folded(record.name), Folded(record.material), record.mass);
-        if (!m_numbersAsNumbers) {
-            found->second.designationKey = platform::MakePlainKey(found->second.designation.Str());
-            found->second.nameKey = platform::MakePlainKey(found->second.name.Str());
-        }
+        if (isNew)
+            found->second =
+                platform::MakeGroupingRecord(record.section, record.designation, record.name,
+                                             record.material, record.mass, m_options);
         return found->second;
     }
 
-    static const GroupingRecord c_unknown;
-
-    bool m_numbersAsNumbers = false;
-    bool m_ignoresCase = false;
+    platform::TextOptions m_options;
     mutable std::unordered_map<const IfMetaProductData*, const IGroupingKeys*> m_bodies;
     mutable const IfMetaProductData* m_lastBody = nullptr;
     mutable const IGroupingKeys* m_lastKeys = nullptr;
     mutable std::unordered_map<const GroupingRecord*, GroupingRecord> m_remade;
 };
 
-const GroupingRecord RecordSource::c_unknown;
-
-/// Like records together, so that only one of them has to be sorted.
+/// Brings like records together, so that only one of them has to be sorted.
 class LikeTable {
 public:
     explicit LikeTable(std::size_t records) {
@@ -147,38 +81,64 @@ public:
         m_slots.resize(size);
     }
 
-    /// The number given first to a record like this one, which is `next` when there is none yet.
-    template <class IsAlike>
-    std::uint32_t Find(std::size_t hash, std::uint32_t next, IsAlike isAlike) {
+    /// The number given first to a record like this one; `next`, when there is none yet.
+    std::uint32_t Find(const GroupingRecord& record, std::uint32_t next) {
         const std::size_t mask = m_slots.size() - 1;
-        for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        for (std::size_t i = record.hash & mask;; i = (i + 1) & mask) {
             Slot& slot = m_slots[i];
-            if (slot.number == c_free) {
-                slot = {hash, next};
+            if (!slot.record) {
+                slot = {record.hash, &record, next};
                 return next;
             }
-            if (slot.hash == hash && isAlike(slot.number))
+            if (slot.hash == record.hash && platform::CompareRecords(record, *slot.record) == 0)
                 return slot.number;
         }
     }
 
 private:
-    static constexpr std::uint32_t c_free = 0xFFFFFFFF;
     struct Slot {
         std::size_t hash = 0;
-        std::uint32_t number = c_free;
+        const GroupingRecord* record = nullptr;
+        std::uint32_t number = 0;
     };
 
     std::vector<Slot> m_slots;
 };
 
-/// One place to be given: the parts of a class of like ones, or a single part.
+/// One place to be given: to the parts of a class of like ones, or to a single part.
 struct PlaceEntry {
     const GroupingRecord* record;
     const UniqueMetaObjectKey* key;
     InfObjIndex index;
     std::uint32_t number;
+    /// Of the designation: the bytes behind those that all begin with.
+    std::uint64_t prefix = 0;
 };
+
+std::size_t CommonSize(std::string_view a, std::string_view b) {
+    const std::size_t size = std::min(a.size(), b.size());
+    return static_cast<std::size_t>(
+        std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(size), b.begin()).first -
+        a.begin());
+}
+
+std::uint64_t PrefixOf(std::string_view key) {
+    std::uint64_t prefix = 0;
+    for (std::size_t i = 0; i < sizeof(prefix); ++i)
+        prefix = prefix << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0u);
+    return prefix;
+}
+
+/// Most pairs are then told apart without a look at the records, which lie far from each other.
+void SetPrefixes(std::vector<PlaceEntry>& entries) {
+    if (entries.empty())
+        return;
+    std::string_view common = entries.front().record->GetDesignationKey();
+    for (const PlaceEntry& entry : entries)
+        common = common.substr(0, CommonSize(common, entry.record->GetDesignationKey()));
+    for (PlaceEntry& entry : entries)
+        entry.prefix = PrefixOf(entry.record->GetDesignationKey().substr(common.size()));
+}
 
 class GroupingComparator final : public IfGroupingComparator {
 public:
@@ -187,11 +147,10 @@ public:
             if (const int order = Order(FindIndex(a.key), FindIndex(b.key)))
                 return order;
         }
-        const GroupingRecord& recordA = m_records.Get(a);
-        const GroupingRecord& recordB = m_records.Get(b);
-        if (const int order = CompareRecords(recordA, recordB, m_numbersAsNumbers))
+        const GroupingRecord& record = m_records.Get(a);
+        if (const int order = platform::CompareRecords(record, m_records.Get(b)))
             return order;
-        if (platform::HasIdentity(recordA))
+        if (platform::HasIdentity(record))
             return 0;
         if (const int order = Order(FindIndex(a.key), FindIndex(b.key)))
             return order;
@@ -218,12 +177,12 @@ public:
 
     void SetOptionA(bool on) override { m_documentOrderFirst = on; }
     void SetOptionB(bool on) override {
-        m_numbersAsNumbers = on;
-        m_records.SetOptions(m_numbersAsNumbers, m_ignoresCase);
+        m_options.numbersAsNumbers = on;
+        m_records.SetOptions(m_options);
     }
     void SetOptionC(bool on) override {
-        m_ignoresCase = on;
-        m_records.SetOptions(m_numbersAsNumbers, m_ignoresCase);
+        m_options.ignoresCase = on;
+        m_records.SetOptions(m_options);
     }
     void SetIndexMap(const InfObjIndexMap& index) override { m_index = &index; }
 
@@ -244,14 +203,8 @@ private:
         for (std::size_t i = 0; i < parts.size(); ++i) {
             const GroupingRecord& record = m_records.Get(parts[i]);
             const auto next = static_cast<std::uint32_t>(entries.size());
-            classes[i] = next;
-            if (!m_documentOrderFirst && platform::HasIdentity(record)) {
-                classes[i] = table.Find(record.hash, next, [&](std::uint32_t number) {
-                    const GroupingRecord& other = *entries[number].record;
-                    return platform::HasIdentity(other) &&
-                           CompareRecords(record, other, m_numbersAsNumbers) == 0;
-                });
-            }
+            const bool mayShare = !m_documentOrderFirst && platform::HasIdentity(record);
+            classes[i] = mayShare ? table.Find(record, next) : next;
             if (classes[i] == next)
                 entries.push_back({&record, &parts[i].key, {}, next});
         }
@@ -260,24 +213,20 @@ private:
 
     void SortEntries(std::vector<PlaceEntry>& entries) const {
         if (m_documentOrderFirst) {
-            for (PlaceEntry& entry : entries)
-                entry.index = FindIndex(*entry.key);
-            std::sort(entries.begin(), entries.end(), [this](const auto& a, const auto& b) {
-                if (const int order = Order(a.index, b.index))
-                    return order < 0;
-                if (const int order = CompareRecords(*a.record, *b.record, m_numbersAsNumbers))
-                    return order < 0;
-                return !platform::HasIdentity(*a.record) && *a.key < *b.key;
-            });
+            SortByDocument(entries.begin(), entries.end());
             return;
         }
-        std::sort(entries.begin(), entries.end(), [this](const auto& a, const auto& b) {
-            return CompareRecords(*a.record, *b.record, m_numbersAsNumbers) < 0;
+        SetPrefixes(entries);
+        std::sort(entries.begin(), entries.end(), [](const PlaceEntry& a, const PlaceEntry& b) {
+            if (a.prefix != b.prefix)
+                return a.prefix < b.prefix;
+            return platform::CompareRecords(*a.record, *b.record) < 0;
         });
-        // The document's order is asked only where it decides, since its map is slow.
+        // The document's order is asked only where it decides.
         for (auto begin = entries.begin(); begin != entries.end();) {
-            const auto end = std::find_if(begin + 1, entries.end(), [&](const auto& entry) {
-                return CompareRecords(*begin->record, *entry.record, m_numbersAsNumbers) != 0;
+            const auto end = std::find_if(begin + 1, entries.end(), [&](const PlaceEntry& entry) {
+                return entry.prefix != begin->prefix ||
+                       platform::CompareRecords(*begin->record, *entry.record) != 0;
             });
             if (end - begin > 1)
                 SortByDocument(begin, end);
@@ -285,25 +234,29 @@ private:
         }
     }
 
+    /// By the document's order, and within one place of it as Compare does.
     void SortByDocument(std::vector<PlaceEntry>::iterator begin,
                         std::vector<PlaceEntry>::iterator end) const {
         for (auto entry = begin; entry != end; ++entry)
             entry->index = FindIndex(*entry->key);
-        std::sort(begin, end, [](const auto& a, const auto& b) {
-            const int order = Order(a.index, b.index);
-            return order != 0 ? order < 0 : *a.key < *b.key;
+        std::sort(begin, end, [](const PlaceEntry& a, const PlaceEntry& b) {
+            if (const int order = Order(a.index, b.index))
+                return order < 0;
+            if (const int order = platform::CompareRecords(*a.record, *b.record))
+                return order < 0;
+            return !platform::HasIdentity(*a.record) && *a.key < *b.key;
         });
     }
 
-    bool IsOnePlace(const PlaceEntry& a, const PlaceEntry& b) const {
-        if (!(a.index == b.index) || CompareRecords(*a.record, *b.record, m_numbersAsNumbers) != 0)
+    static bool IsOnePlace(const PlaceEntry& a, const PlaceEntry& b) {
+        if (a.prefix != b.prefix || !(a.index == b.index) ||
+            platform::CompareRecords(*a.record, *b.record) != 0)
             return false;
         return platform::HasIdentity(*a.record) || *a.key == *b.key;
     }
 
     bool m_documentOrderFirst = false;
-    bool m_numbersAsNumbers = false;
-    bool m_ignoresCase = false;
+    platform::TextOptions m_options;
     RecordSource m_records;
     const InfObjIndexMap* m_index = nullptr;
 };

@@ -1,6 +1,6 @@
-// What the host's order of objects reads of an object. A body of meta data that has it at hand
-// implements IGroupingKeys beside IfMetaProductData; parts of any other body are all different and
-// stand by the document's order alone.
+// What the host's order of objects reads of an object, and the order itself for two of them. A body
+// of meta data that has it at hand implements IGroupingKeys beside IfMetaProductData; parts of any
+// other body are all different and stand by the document's order alone.
 #pragma once
 
 #include "host/SPCSection.h"
@@ -10,8 +10,15 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace platform {
+
+/// How texts compare; the default is what the panel asks for.
+struct TextOptions {
+    bool numbersAsNumbers = true;
+    bool ignoresCase = false;
+};
 
 /// The values of one object, with what makes comparing them fast. Not changed after it was made.
 struct GroupingRecord {
@@ -21,19 +28,30 @@ struct GroupingRecord {
     SharedText material;
     /// In kilograms; no value where the mass is not known.
     std::optional<double> mass;
+    bool numbersAsNumbers = true;
 
-    /// MakeNaturalKey of the two texts that decide most comparisons.
-    std::string designationKey;
-    std::string nameKey;
+    std::string_view GetDesignationKey() const;
+    std::string_view GetNameKey() const;
+
+    /// The two texts that decide most comparisons, as bytes that order as the texts do.
+    std::string keys;
+    std::uint32_t designationKeySize = 0;
+    /// Equal keys mean equal texts. Else a number has leading zeros, and the texts have a word too.
+    bool hasExactKeys = true;
     /// Equal for records that are alike.
     std::size_t hash = 0;
 };
 
+/// Texts, the section's name apart, are taken as `options` see them.
 GroupingRecord MakeGroupingRecord(SPCSection section, SharedText designation, SharedText name,
-                                  SharedText material, std::optional<double> mass);
+                                  SharedText material, std::optional<double> mass,
+                                  TextOptions options = {});
 
-/// Only such records can be alike: a designation names a product, and a standard part is named by
-/// its name; names of other products are no identity.
+/// By designation, name, section, material, mass. Both records were made with the same options.
+int CompareRecords(const GroupingRecord& a, const GroupingRecord& b);
+
+/// Only records with an identity are alike when they compare equal: a designation names a product,
+/// and a standard part is named by its name; names of other products are no identity.
 bool HasIdentity(const GroupingRecord& record);
 /// A standard part that is known by its name alone, whatever its material and mass.
 bool IsNamedStandardPart(const GroupingRecord& record);
@@ -42,7 +60,8 @@ class IGroupingKeys {
 public:
     virtual ~IGroupingKeys() = default;
 
-    /// Null for a key that the body does not know. Lives as long as the body stays unchanged.
+    /// Made with the default options. Null for a key that the body does not know. Lives as long as
+    /// the body stays unchanged.
     virtual const GroupingRecord* GetGroupingRecord(const UniqueMetaObjectKey& key) const = 0;
 };
 

@@ -144,6 +144,18 @@ std::string MakeNaturalKey(std::wstring_view text) {
     return key;
 }
 
+bool HasLeadingZeros(std::wstring_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!IsDigit(text[i]))
+            continue;
+        const std::size_t end = FindNumberEnd(text, i);
+        if (text[i] == L'0' && end - i > 1)
+            return true;
+        i = end;
+    }
+    return false;
+}
+
 std::string MakePlainKey(std::wstring_view text) {
     std::string key;
     key.reserve(text.size());

@@ -14,7 +14,10 @@ int CompareNatural(std::wstring_view a, std::wstring_view b) noexcept;
 /// Bytes that compare, by memcmp and then by length, as CompareNatural does the texts: for texts
 /// that are compared many times.
 std::string MakeNaturalKey(std::wstring_view text);
-/// The same for the order of code points, in which digits are characters like all others.
+/// Some number in the text begins with zeros that do not count. Of texts without such numbers only
+/// equal ones compare zero.
+bool HasLeadingZeros(std::wstring_view text);
+/// Bytes that compare as the texts' code points do, digits among them.
 std::string MakePlainKey(std::wstring_view text);
 
 /// The text with capital letters made small, in the alphabets that designations are written in:

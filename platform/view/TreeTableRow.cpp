@@ -17,14 +17,6 @@ TreeTableRow::~TreeTableRow() {
     m_hub->Forget(*this);
 }
 
-template <class T>
-void TreeTableRow::Change(T& field, const T& value) {
-    if (field == value)
-        return;
-    field = value;
-    m_hub->Note(&TreeTableChanges::values);
-}
-
 void TreeTableRow::ChangeName(NameId& field, const std::wstring& name) {
     if (m_hub->NameOf(field).Str() != name)
         Change(field, m_hub->IdOf(name));

@@ -102,7 +102,12 @@ private:
     void PutFlag(Flag flag, bool on);
     void SetFlag(Flag flag, bool on);
     template <class T>
-    void Change(T& field, const T& value);
+    void Change(T& field, const T& value) {
+        if (field == value)
+            return;
+        field = value;
+        m_hub->Note(&TreeTableChanges::values);
+    }
     void ChangeName(NameId& field, const std::wstring& name);
 
     boost::intrusive_ptr<TreeTableHub> m_hub;

@@ -53,14 +53,6 @@ TreeTableView::~TreeTableView() {
     m_hub->SetRoot(nullptr);
 }
 
-template <class T>
-void TreeTableView::ChangePanel(T& field, const T& value) {
-    if (field == value)
-        return;
-    field = value;
-    m_hub->Note(&TreeTableChanges::panel);
-}
-
 void TreeTableView::SetVisible(bool visible, bool activate) {
     ChangePanel(m_panel.isVisible, visible);
     if (activate)

@@ -116,7 +116,12 @@ private:
     class Update;
 
     template <class T>
-    void ChangePanel(T& field, const T& value);
+    void ChangePanel(T& field, const T& value) {
+        if (field == value)
+            return;
+        field = value;
+        m_hub->Note(&TreeTableChanges::panel);
+    }
     void InitHead(const productTree::ColumnInfo& column, HeadKind kind);
 
     boost::intrusive_ptr<TreeTableHub> m_hub;

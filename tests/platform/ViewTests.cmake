@@ -5,5 +5,5 @@ add_executable(viewTests
     ViewPrintTest.cpp
     ViewRowsTest.cpp)
 target_link_libraries(viewTests PRIVATE
-    productTreeTestSupport productTreeView GTest::gtest_main productTreeRules)
+    productTreeTestSupport productTreeView oProductTree GTest::gtest_main productTreeRules)
 gtest_discover_tests(viewTests DISCOVERY_TIMEOUT 60)

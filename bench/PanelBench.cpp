@@ -1,0 +1,85 @@
+// The panel's own work: sorting, building, reading, remembering.
+
+#include "bench/BenchProduct.h"
+#include "control/ProductTreeEmbItemsStates.h"
+#include "host/frame/FeatureTrees.h"
+#include "platform/view/HostFrame.h"
+#include "sorting/StyleBasedProductTreeSorter.h"
+
+namespace {
+
+using bench::GetProduct;
+using bench::Measure;
+
+std::size_t GetSize(const benchmark::State& state) {
+    return static_cast<std::size_t>(state.range(0));
+}
+
+void Sort(benchmark::State& state) {
+    productTree::StyleBasedProductTreeSorter sorter(GetProduct(GetSize(state)));
+    Measure(state, [&] { return sorter.Sort(); });
+}
+BENCHMARK(Sort)->Apply(bench::Sizes);
+
+void FirstBuild(benchmark::State& state) {
+    const auto product = GetProduct(GetSize(state));
+    Measure(state, [&] { return std::make_unique<platform::HostFrame>(product); });
+}
+BENCHMARK(FirstBuild)->Apply(bench::Sizes);
+
+void Rebuild(benchmark::State& state) {
+    const platform::HostFrame frame(GetProduct(GetSize(state)));
+    Measure(state, [&] {
+        frame.GetTree().Synchronize();
+        return 0;
+    });
+}
+BENCHMARK(Rebuild)->Apply(bench::Sizes);
+
+void Refresh(benchmark::State& state) {
+    const platform::HostFrame frame(GetProduct(GetSize(state)));
+    Measure(state, [&] {
+        frame.GetTree().Refresh();
+        return 0;
+    });
+}
+BENCHMARK(Refresh)->Apply(bench::Sizes);
+
+// Every tenth row, so that all kinds of rows are among them.
+void ExpandSome(platform::TreeTableRow& row, std::size_t& counter) {
+    row.SetExpanded(counter++ % 10 == 0);
+    for (std::size_t i = 0; i < row.GetChildCount(); ++i)
+        ExpandSome(row.GetChildRow(i), counter);
+}
+
+struct ExpandedPanel {
+    explicit ExpandedPanel(std::size_t size) : frame(GetProduct(size)) {
+        std::size_t counter = 0;
+        ExpandSome(*frame.GetView().GetRoot(), counter);
+        states.Store(frame.GetView(), key, false);
+    }
+
+    platform::HostFrame frame;
+    UniqueMetaObjectKey key{"root"};
+    productTree::ProductTreeEmbItemsStates states;
+};
+
+void Store(benchmark::State& state) {
+    ExpandedPanel panel(GetSize(state));
+    Measure(state, [&] {
+        panel.states.Store(panel.frame.GetView(), panel.key, false);
+        return 0;
+    });
+}
+BENCHMARK(Store)->Apply(bench::Sizes);
+
+void Restore(benchmark::State& state) {
+    ExpandedPanel panel(GetSize(state));
+    Measure(state, [&] {
+        panel.states.Restore(panel.frame.GetView(), panel.key, false);
+        return 0;
+    });
+}
+BENCHMARK(Restore)->Apply(bench::Sizes);
+
+} // namespace

@@ -1,0 +1,132 @@
+#include "desktop/Document.h"
+
+#include "desktop/store/ProductFile.h"
+#include "host/ProductProperties.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+enum class FileKind { Unknown, Step, Product };
+
+constexpr std::string_view c_stepMark = "ISO-10303-21";
+constexpr std::string_view c_byteOrderMark = "\xEF\xBB\xBF";
+
+std::variant<FileKind, FileError> TellKind(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (status.type() == std::filesystem::file_type::not_found)
+        return FileError{"no such file"};
+    if (std::filesystem::is_directory(status))
+        return FileError{"is a directory"};
+    if (error)
+        return FileError{"cannot be read: " + error.message()};
+    if (!std::filesystem::is_regular_file(status))
+        return FileError{"is not a regular file"};
+
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return FileError{"cannot be read: " + std::string(std::strerror(errno))};
+    std::string start(c_byteOrderMark.size(), '\0');
+    file.read(start.data(), static_cast<std::streamsize>(start.size()));
+    if (start != c_byteOrderMark) {
+        file.clear();
+        file.seekg(0);
+    }
+    file >> std::ws;
+    start.assign(c_stepMark.size(), '\0');
+    file.read(start.data(), static_cast<std::streamsize>(start.size()));
+    if (start == c_stepMark)
+        return FileKind::Step;
+    return start.front() == '{' || start.front() == '[' ? FileKind::Product : FileKind::Unknown;
+}
+
+std::variant<Document, FileError> OpenStep(const std::filesystem::path& path,
+                                           const import::StepOptions& options) {
+#ifdef PRODUCT_TREE_HAS_STEP
+    auto read = import::StepDocument::Read(path, options);
+    if (auto* error = std::get_if<FileError>(&read))
+        return std::move(*error);
+    Document document;
+    document.path = path;
+    document.step = std::get<std::unique_ptr<import::StepDocument>>(std::move(read));
+    document.model = document.step->GetModel();
+    document.notes = document.step->GetNotes();
+    return document;
+#else
+    static_cast<void>(path);
+    static_cast<void>(options);
+    return FileError{"this build reads no STEP files"};
+#endif
+}
+
+std::variant<Document, FileError> OpenProduct(const std::filesystem::path& path,
+                                              const import::StepOptions& options) {
+    if (!options.assembly.empty())
+        return FileError{"--assembly is for STEP files"};
+    if (options.flatten)
+        return FileError{"--flatten is for STEP files"};
+    auto read = store::ReadProductFile(path);
+    if (auto* error = std::get_if<FileError>(&read))
+        return std::move(*error);
+    Document document;
+    document.path = path;
+    document.model = std::get<platform::ProductModel>(std::move(read));
+    return document;
+}
+
+void SetProperty(platform::ObjectRecord& object, unsigned long number, PropValue value) {
+    const auto found = std::find_if(object.properties.begin(), object.properties.end(),
+                                    [&](const auto& property) { return property.first == number; });
+    if (found != object.properties.end())
+        found->second = std::move(value);
+    else
+        object.properties.emplace_back(number, std::move(value));
+}
+
+} // namespace
+
+std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,
+                                               const import::StepOptions& options) {
+    const auto kind = TellKind(path);
+    if (const auto* error = std::get_if<FileError>(&kind))
+        return *error;
+    switch (std::get<FileKind>(kind)) {
+    case FileKind::Step:
+        return OpenStep(path, options);
+    case FileKind::Product:
+        return OpenProduct(path, options);
+    case FileKind::Unknown:
+        break;
+    }
+    return FileError{"neither a STEP file nor a product file"};
+}
+
+void ApplyMasses(platform::ProductModel& model, const import::StepDocument::Masses& masses) {
+    std::unordered_map<UniqueMetaObjectKey, double> byKey(masses.begin(), masses.end());
+    const unsigned long massNumber = ProductProperties::GetPropId(L"mass");
+    for (platform::ObjectRecord& object : model.objects) {
+        const auto mass = byKey.find(object.key);
+        if (mass != byKey.end())
+            SetProperty(object, massNumber, PropValue(SimplePropVal(mass->second)));
+    }
+}
+
+std::string Diagnostic(const std::filesystem::path& path, const std::string& text) {
+    std::string line = "product-tree: " + path.string() + ": " + text;
+    std::replace_if(
+        line.begin(), line.end(),
+        [](char character) { return static_cast<unsigned char>(character) < 0x20; }, ' ');
+    return line;
+}
+
+} // namespace desktop

@@ -1,0 +1,32 @@
+// Gathers products, their uses and their materials from the loaded entities of a STEP file. This is
+// where the reader's entity classes end and plain data begins.
+#pragma once
+
+#include "desktop/FileError.h"
+#include "desktop/import/ProductStructure.h"
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <variant>
+
+class StepData_StepModel;
+
+namespace desktop::import {
+
+class TextDecoder;
+
+/// What the entities of a file say, beside the geometry.
+struct StepContents {
+    ProductStructure structure;
+    /// Names of other files that the file refers to.
+    std::set<std::string> otherFiles;
+    /// How many densities have no unit of mass per volume and are left out.
+    std::size_t unclearDensities = 0;
+};
+
+/// An error where a use has lost one of its ends.
+std::variant<StepContents, FileError> ReadContents(const StepData_StepModel& model,
+                                                   const TextDecoder& decoder);
+
+} // namespace desktop::import

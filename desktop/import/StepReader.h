@@ -1,0 +1,40 @@
+// Open CASCADE's reader with one file in it: the loaded entities, and the volumes of its parts on
+// demand. Reading and measuring are quiet; failures that the reader notices come out as errors or
+// as missing values. One thread at a time.
+#pragma once
+
+#include "desktop/FileError.h"
+#include "desktop/import/StepImport.h"
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <variant>
+
+class STEPControl_Reader;
+class StepData_StepModel;
+
+namespace desktop::import {
+
+class StepReader final {
+public:
+    /// `text` comes from PrepareForReader.
+    static std::variant<std::unique_ptr<StepReader>, FileError> Load(std::string_view text);
+
+    StepReader(const StepReader&) = delete;
+    StepReader& operator=(const StepReader&) = delete;
+    ~StepReader();
+
+    const StepData_StepModel& GetModel() const;
+    /// Transfers the shape of a product definition, which is the entity of that rank in the model,
+    /// and gives the volume of its solids in m3. No value: it has none, or it can't be transferred,
+    /// or `progress` said stop. A damaged shape may end the process.
+    std::optional<double> MeasureVolume(int entity, const Progress& progress);
+
+private:
+    explicit StepReader(std::unique_ptr<STEPControl_Reader> reader);
+
+    std::unique_ptr<STEPControl_Reader> m_reader;
+};
+
+} // namespace desktop::import

@@ -1,0 +1,72 @@
+#include "desktop/store/Moments.h"
+
+#include <charconv>
+#include <chrono>
+
+namespace desktop::store {
+
+namespace {
+
+constexpr std::string_view c_pattern = "0000-00-00T00:00:00Z";
+constexpr std::size_t c_dateLength = 10;
+
+bool FollowsPattern(std::string_view text) {
+    if (text.size() != c_pattern.size() && text.size() != c_dateLength)
+        return false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isDigit = text[i] >= '0' && text[i] <= '9';
+        if (c_pattern[i] == '0' ? !isDigit : text[i] != c_pattern[i])
+            return false;
+    }
+    return true;
+}
+
+/// The number at that place of the pattern; 0 behind the end of a date.
+int NumberAt(std::string_view text, std::size_t place, std::size_t length) {
+    int number = 0;
+    if (place < text.size())
+        std::from_chars(text.data() + place, text.data() + place + length, number);
+    return number;
+}
+
+void WriteNumber(std::string& text, std::size_t place, std::size_t length, std::int64_t number) {
+    for (std::size_t i = place + length; i-- > place; number /= 10)
+        text[i] = static_cast<char>('0' + number % 10);
+}
+
+} // namespace
+
+std::string FormatMoment(DateTime moment) {
+    using namespace std::chrono;
+    const sys_seconds time{seconds(moment.seconds)};
+    const sys_days day = floor<days>(time);
+    const year_month_day date(day);
+    const hh_mm_ss clock(time - day);
+    std::string text(c_pattern);
+    WriteNumber(text, 0, 4, static_cast<int>(date.year()));
+    WriteNumber(text, 5, 2, static_cast<unsigned>(date.month()));
+    WriteNumber(text, 8, 2, static_cast<unsigned>(date.day()));
+    WriteNumber(text, 11, 2, clock.hours().count());
+    WriteNumber(text, 14, 2, clock.minutes().count());
+    WriteNumber(text, 17, 2, clock.seconds().count());
+    return text;
+}
+
+std::optional<DateTime> ParseMoment(std::string_view text) {
+    using namespace std::chrono;
+    if (!FollowsPattern(text))
+        return std::nullopt;
+    const year_month_day date(year(NumberAt(text, 0, 4)),
+                              month(static_cast<unsigned>(NumberAt(text, 5, 2))),
+                              day(static_cast<unsigned>(NumberAt(text, 8, 2))));
+    const hours hour(NumberAt(text, 11, 2));
+    const minutes minute(NumberAt(text, 14, 2));
+    const seconds second(NumberAt(text, 17, 2));
+    if (!date.ok() || date.year() < year(1) || hour.count() > 23 || minute.count() > 59 ||
+        second.count() > 59)
+        return std::nullopt;
+    const sys_seconds time = sys_days(date) + hour + minute + second;
+    return DateTime{time.time_since_epoch().count()};
+}
+
+} // namespace desktop::store

@@ -1,0 +1,189 @@
+// The members of the product file, each once: its name, the value it stands for, and the value that
+// it has when it is left out. Reading and writing are two archives that walk the same lists, so
+// that they cannot come apart. A new member is one more line here; a file without it stays
+// readable.
+#pragma once
+
+#include "desktop/store/PropertyNames.h"
+#include "platform/product/ProductModel.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+namespace desktop::store {
+
+inline constexpr std::string_view c_format = "product-tree 1";
+inline constexpr std::string_view c_rootKey = "product";
+
+inline constexpr std::array<std::string_view, 9> c_kinds = {
+    "unknown", "document", "feature", "view", "assembly", "detail", "standard", "other", "service"};
+inline constexpr std::array<std::string_view, 3> c_billets = {"none", "manual", "associative"};
+/// In the order of ValueType.
+inline constexpr std::array<std::string_view, 5> c_valueTypes = {"integer", "number", "text",
+                                                                 "boolean", "time"};
+/// A single value can be a moment, a property can't be one of moments.
+inline constexpr std::span<const std::string_view> c_propertyTypes =
+    std::span(c_valueTypes).first<4>();
+
+/// Reading fills the record, writing only looks at it.
+template <class Archive, class Record>
+using In = std::conditional_t<Archive::c_isReading, Record&, const Record&>;
+
+/// The icon type of an object that names none.
+inline int PlainIcon(int kind) {
+    switch (kind) {
+    case platform::PartKindAssembly:
+        return 0;
+    case platform::PartKindDetail:
+        return 1;
+    case platform::PartKindStandard:
+        return 2;
+    default:
+        return 26;
+    }
+}
+
+/// The key of a use that has none of its own.
+inline std::string UseKey(const platform::ObjectRecord& object, std::size_t index) {
+    return object.key.String() + '#' + std::to_string(index + 1);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::EmbodimentRecord> record) {
+    file.Value("key", record.key);
+    file.Value("designation", record.marking);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::PropertyRecord> record) {
+    file.Property("property", record.number);
+    file.Value("name", record.caption);
+    file.Word("type", record.type, c_propertyTypes, static_cast<unsigned>(ValueType::Text));
+    file.Value("min", record.min);
+    file.Value("max", record.max);
+    file.Literals("list", record.list, static_cast<ValueType>(record.type));
+    file.Value("unit", record.unitCode);
+    file.Value("unitCoefficient", record.unitCoefficient);
+    file.Value("variable", record.isVariable);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::StyleBlockRecord> record) {
+    file.Value("number", record.number);
+    file.Value("name", record.name);
+    file.Value("used", record.isUsed, true);
+    file.Value("sections", record.sections);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::StyleSectionRecord> record) {
+    file.Value("number", record.number);
+    file.Value("name", record.name);
+    file.Value("tuned", record.isTuned, true);
+    file.Value("addBlocks", record.addBlocks);
+    file.Records("blocks", record.blocks);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::StyleRecord> record) {
+    file.Value("available", record.isAvailable, true);
+    file.Value("tuned", record.isTuned, true);
+    file.Value("sortBySections", record.sortBySections, true);
+    file.Records("sections", record.sections);
+    file.Value("addBlocks", record.addBlocks);
+    file.Records("blocks", record.blocks);
+}
+
+/// `plain` has what the part is taken to be unless it says otherwise.
+template <class Archive>
+void DescribePart(Archive& file, In<Archive, platform::PartRecord> part,
+                  const platform::PartRecord& plain) {
+    file.Word("kind", part.kind, c_kinds, plain.kind);
+    file.Value("specifications", part.part.used, plain.part.used);
+    const PartAttributes& attributes = plain.part.attributes;
+    file.Value("inProduct", part.part.attributes.inProduct, attributes.inProduct);
+    file.Value("calculatedInProduct", part.calculatedInProduct, plain.calculatedInProduct);
+    file.Value("separate", part.part.attributes.separate, attributes.separate);
+    file.Value("hiddenA", part.part.attributes.hiddenA, attributes.hiddenA);
+    file.Value("hiddenB", part.part.attributes.hiddenB, attributes.hiddenB);
+    file.Value("phantom", part.isPhantom, plain.isPhantom);
+    file.Value("handler", part.hasHandler, plain.hasHandler);
+    file.Value("group", part.groupKey, plain.groupKey);
+    file.Value("countMark", part.isCountMark, plain.isCountMark);
+}
+
+/// A use is taken to be like its object.
+template <class Archive>
+void DescribeUse(Archive& file, In<Archive, platform::OccurrenceRecord> use,
+                 const platform::ObjectRecord& object, std::size_t index) {
+    file.Value("key", use.key, UniqueMetaObjectKey(UseKey(object, index)));
+    file.Value("embodiments", use.embodiments);
+    file.Value("shown", use.isShown, true);
+    DescribePart(file, use, object);
+}
+
+template <class Archive>
+void DescribeObject(Archive& file, In<Archive, platform::ObjectRecord> object,
+                    const platform::ObjectRecord& plain) {
+    file.Value("key", object.key, plain.key);
+    file.Value("designation", object.marking);
+    file.Value("name", object.name);
+    file.Section("section", object.section);
+    DescribePart(file, object, plain);
+    file.Word("billet", object.billet, c_billets, platform::BilletKind::None);
+    file.Value("billetOwner", object.billetOwner);
+    file.Value("parents", object.parents);
+    file.Value("owners", object.owners);
+    file.Value("icon", object.iconType, PlainIcon(object.kind));
+    file.Value("lockedDesignationParts", object.lockedMarkingParts);
+    file.Value("actual", object.isActual, true);
+    file.Value("excludedFromCount", object.isExcludedFromCount);
+    file.Value("aggregateIntoProduct", object.aggrIntoProduct);
+    file.Values("properties", object.properties);
+    file.Uses("uses", object);
+}
+
+/// What an object is taken to be: it stands in the document's own specification.
+inline platform::ObjectRecord PlainObject(const platform::ProductModel& model,
+                                          std::string_view key = {}) {
+    platform::ObjectRecord plain;
+    plain.key = UniqueMetaObjectKey(std::string(key));
+    plain.part.used = meta_data::SPUsed({model.styleId});
+    return plain;
+}
+
+/// Everything that objects are read by.
+template <class Archive>
+void DescribeSettings(Archive& file, In<Archive, platform::ProductModel> model) {
+    const platform::ProductModel plain;
+    file.Value("readOnly", model.isReadOnly);
+    file.Records("properties", model.properties);
+    file.UseProperties(model.properties);
+    file.Value("columnSet", model.columnSetKey, plain.columnSetKey);
+    file.Properties("columns", model.visibleProperties);
+    file.Value("aggregateIntoProductShown", model.isAggrIntoProductShown);
+    file.Value("registerWithDescriptionShown", model.isRegWithDescShown);
+    file.Value("sectionRows", model.areSectionRowsShown, true);
+    file.Value("sectionIcons", model.usesSectionIcons, true);
+    file.Value("styleId", model.styleId, plain.styleId);
+    file.Record("style", model.style);
+    file.UseStyle(model.style);
+    file.Records("embodiments", model.embodiments);
+    file.Value("currentEmbodiments", model.currentEmbodiments);
+    file.Value("activeEmbodiment", model.activeEmbodiment);
+    file.Value("embodimentMode", model.embodimentMode);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::ProductModel> model) {
+    file.Format("format", c_format);
+    file.Place("product");
+    DescribeSettings(file, model);
+    file.Object("product", model.root, PlainObject(model, c_rootKey));
+    file.Objects("objects", model.objects, PlainObject(model));
+}
+
+} // namespace desktop::store

@@ -1,0 +1,53 @@
+#include "desktop/store/PropertyNames.h"
+
+#include "desktop/store/Texts.h"
+#include "host/ProductProperties.h"
+#include "platform/product/SystemProperties.h"
+
+namespace desktop::store {
+
+PropertyNames::PropertyNames(const std::vector<platform::PropertyRecord>& definitions) {
+    for (const platform::PropertyRecord& record : definitions) {
+        m_types.emplace(record.number, static_cast<ValueType>(record.type));
+        std::string name = ToUtf8(record.caption);
+        if (name.empty() || NumberOfPath(name) != 0)
+            continue;
+        const auto [entry, isNew] = m_numbers.emplace(std::move(name), record.number);
+        if (!isNew && entry->second != record.number)
+            entry->second = 0;
+    }
+    for (const platform::PropertyRecord& record : platform::GetSystemProperties())
+        m_types.emplace(record.number, static_cast<ValueType>(record.type));
+    for (const auto& [name, number] : m_numbers)
+        if (number > ProductProperties::lastSystemId)
+            m_names.emplace(number, name);
+}
+
+std::string PropertyNames::PathOf(unsigned long number) {
+    return ToUtf8(ProductProperties::GetPath(number));
+}
+
+unsigned long PropertyNames::NumberOfPath(const std::string& path) {
+    return ProductProperties::GetPropId(ToWide(path));
+}
+
+std::string PropertyNames::NameOf(unsigned long number) const {
+    const auto found = m_names.find(number);
+    return found == m_names.end() ? PathOf(number) : found->second;
+}
+
+unsigned long PropertyNames::NumberOf(const std::string& name) const {
+    if (const unsigned long number = NumberOfPath(name))
+        return number;
+    const auto found = m_numbers.find(name);
+    return found == m_numbers.end() ? 0 : found->second;
+}
+
+std::optional<ValueType> PropertyNames::TypeOf(unsigned long number) const {
+    const auto found = m_types.find(number);
+    if (found == m_types.end())
+        return std::nullopt;
+    return found->second;
+}
+
+} // namespace desktop::store

@@ -1,0 +1,24 @@
+// Values of properties as JSON. A value stands as it is where JSON and the property's type leave no
+// doubt of its kind; else as an object {"type", "value"}, which also holds a value's format text,
+// and a structured value under "tree".
+#pragma once
+
+#include "desktop/store/JsonDocument.h"
+#include "desktop/store/PropertyNames.h"
+#include "platform/product/ModelPath.h"
+
+namespace desktop::store {
+
+/// No type: the property takes any. Throws ReadFault.
+PropValue DecodeValue(const JsonValue& json, const platform::ModelPath& path,
+                      std::optional<ValueType> type);
+SimplePropVal DecodeLiteral(const JsonValue& json, const platform::ModelPath& path,
+                            std::optional<ValueType> type);
+
+JsonValue EncodeValue(const PropValue& value, std::optional<ValueType> type);
+JsonValue EncodeLiteral(const SimplePropVal& value, std::optional<ValueType> type);
+
+/// A double, as a whole number where it is one.
+JsonValue EncodeNumber(double value);
+
+} // namespace desktop::store

@@ -1,0 +1,67 @@
+#include "desktop/window/DialogDecisions.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QString>
+
+namespace desktop {
+
+namespace {
+
+QString ToQString(const SharedText& text) {
+    return QString::fromStdWString(text.Str());
+}
+
+QString FilterOf(const std::vector<std::wstring>& patterns) {
+    if (patterns.empty())
+        return {};
+    QString filter = QStringLiteral("Products (");
+    for (const std::wstring& pattern : patterns)
+        filter += QString::fromStdWString(pattern) + QLatin1Char(' ');
+    return filter.trimmed() + QStringLiteral(");;All files (*)");
+}
+
+} // namespace
+
+std::optional<std::size_t> DialogDecisions::Ask(const platform::Question& question) {
+    QMessageBox box(QMessageBox::Question, ToQString(question.title), ToQString(question.text),
+                    QMessageBox::NoButton, &m_window);
+    box.setTextFormat(Qt::PlainText);
+    std::vector<QPushButton*> buttons;
+    for (const SharedText& caption : question.buttons)
+        buttons.push_back(box.addButton(ToQString(caption), QMessageBox::AcceptRole));
+    // Closing the box is an answer of its own, whatever the buttons are.
+    auto* const closed = box.addButton(QMessageBox::Close);
+    closed->hide();
+    box.setEscapeButton(closed);
+    box.exec();
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (box.clickedButton() == buttons[i])
+            return i;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::filesystem::path>
+DialogDecisions::ChooseFile(const platform::FileRequest& request) {
+    const QString title = ToQString(request.title);
+    const QString start = QString::fromStdString(request.start.string());
+    const QString filter = FilterOf(request.patterns);
+    const QString chosen = request.forWriting
+                               ? QFileDialog::getSaveFileName(&m_window, title, start, filter)
+                               : QFileDialog::getOpenFileName(&m_window, title, start, filter);
+    if (chosen.isEmpty())
+        return std::nullopt;
+    return std::filesystem::path(QFile::encodeName(chosen).toStdString());
+}
+
+void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {
+    QMessageBox box(QMessageBox::Warning, ToQString(title), ToQString(text), QMessageBox::Ok,
+                    &m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+} // namespace desktop

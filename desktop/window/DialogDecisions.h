@@ -1,0 +1,23 @@
+// Answers what the program needs decided with dialogs on the screen.
+#pragma once
+
+#include "platform/services/UserDecisions.h"
+
+class QWidget;
+
+namespace desktop {
+
+class DialogDecisions final : public platform::IUserDecisions {
+public:
+    /// Dialogs stand in front of the window, which must outlive this.
+    explicit DialogDecisions(QWidget& window) : m_window(window) {}
+
+    std::optional<std::size_t> Ask(const platform::Question& question) override;
+    std::optional<std::filesystem::path> ChooseFile(const platform::FileRequest& request) override;
+    void Tell(const SharedText& title, const SharedText& text) override;
+
+private:
+    QWidget& m_window;
+};
+
+} // namespace desktop

@@ -1,0 +1,42 @@
+// The drawings that icons are put together from: flat shapes on a grid of 16 by 16, one function a
+// kind of object. The caller has scaled the painter and switched antialiasing on.
+#pragma once
+
+class QPainter;
+
+namespace desktop::glyphs {
+
+inline constexpr double c_grid = 16;
+
+using Draw = void (*)(QPainter& painter);
+
+void Nothing(QPainter& painter);
+void Folder(QPainter& painter);
+
+void Part(QPainter& painter);
+void Assembly(QPainter& painter);
+void Complex(QPainter& painter);
+void Phantom(QPainter& painter);
+void EmbodiedPart(QPainter& painter);
+void EmbodiedAssembly(QPainter& painter);
+void StandardPart(QPainter& painter);
+void CataloguePart(QPainter& painter);
+void Billet(QPainter& painter);
+void Material(QPainter& painter);
+void Kit(QPainter& painter);
+void Library(QPainter& painter);
+void Other(QPainter& painter);
+
+void Sheet(QPainter& painter);
+void Drawing(QPainter& painter);
+void PartsList(QPainter& painter);
+void Report(QPainter& painter);
+
+void Profile(QPainter& painter);
+void Circle(QPainter& painter);
+void Text(QPainter& painter);
+void Hatch(QPainter& painter);
+void Axis(QPainter& painter);
+void Dimension(QPainter& painter);
+
+} // namespace desktop::glyphs

@@ -1,0 +1,69 @@
+#include "desktop/window/WindowProgram.h"
+
+#include "desktop/window/MainWindow.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPixmap>
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+/// The toolkit with the program's looks. Options of the command line are not for it.
+class Application {
+public:
+    Application() {
+        QApplication::setApplicationName(QStringLiteral("product-tree"));
+        QApplication::setStyle(QStringLiteral("Fusion"));
+    }
+
+    int Run() { return QApplication::exec(); }
+
+private:
+    int m_argumentCount = 1;
+    char m_name[13] = "product-tree";
+    char* m_arguments[2] = {m_name, nullptr};
+    QApplication m_application{m_argumentCount, m_arguments};
+};
+
+/// Without a display the toolkit has a lot to say of what it misses; none of it matters to a
+/// picture.
+void TellOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "product-tree: %s\n", qPrintable(message));
+}
+
+} // namespace
+
+int RunWindow(std::unique_ptr<Session> session) {
+    Application application;
+    MainWindow window;
+    window.Show(std::move(session));
+    window.show();
+    window.StartMasses();
+    return application.Run();
+}
+
+bool WritePicture(std::unique_ptr<Session> session, const std::filesystem::path& path) {
+    if (!std::getenv("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(TellOnlyWhatIsFatal);
+    Application application;
+    MainWindow window;
+    window.Show(std::move(session));
+    window.show();
+    QApplication::processEvents();
+    window.FitToRows();
+    QApplication::processEvents();
+    // Keys go nowhere in a picture: no row is to be marked as theirs.
+    if (QWidget* focus = window.focusWidget())
+        focus->clearFocus();
+    return window.grab().save(QFile::decodeName(path.c_str()), "PNG");
+}
+
+} // namespace desktop

@@ -1,0 +1,18 @@
+// The two things that need the window toolkit: running the window, and taking a picture of it.
+#pragma once
+
+#include "desktop/Session.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace desktop {
+
+/// Runs until the user closes the window. The program's exit status.
+int RunWindow(std::unique_ptr<Session> session);
+
+/// Draws the window without a display and writes it as a PNG file. False when that can't be
+/// written.
+bool WritePicture(std::unique_ptr<Session> session, const std::filesystem::path& path);
+
+} // namespace desktop

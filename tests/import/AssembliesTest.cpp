@@ -1,0 +1,176 @@
+#include "desktop/import/Utf8.h"
+#include "host/ProductProperties.h"
+#include "tests/import/StepFileText.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <map>
+
+namespace {
+
+using desktop::import::StepDocument;
+using desktop::import::StepOptions;
+using desktop::import::ToUtf8;
+
+/// Real assemblies stand outside the repository; without them their tests are skipped.
+class Assemblies : public testing::Test {
+protected:
+    void SetUp() override {
+        const char* folder = std::getenv("PRODUCT_TREE_ASSEMBLIES");
+        m_folder = folder ? folder : PRODUCT_TREE_ASSEMBLIES_DIR;
+        if (!std::filesystem::is_directory(m_folder))
+            GTEST_SKIP() << "no assemblies in " << m_folder;
+    }
+
+    std::unique_ptr<StepDocument> Read(const char* file, const StepOptions& options = {}) {
+        auto result = StepDocument::Read(m_folder / file, options);
+        const auto* error = std::get_if<desktop::FileError>(&result);
+        EXPECT_FALSE(error) << file << ": " << (error ? error->reason : "");
+        return error ? nullptr : std::move(std::get<0>(result));
+    }
+
+    std::string LoadBytes(const char* file) {
+        std::ifstream stream(m_folder / file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    std::filesystem::path m_folder;
+};
+
+std::size_t CountOccurrences(const StepDocument& document) {
+    std::size_t count = 0;
+    for (const platform::ObjectRecord& object : document.GetModel().objects)
+        count += object.occurrences.size();
+    return count;
+}
+
+std::map<std::string, double> MassesByName(StepDocument& document) {
+    std::map<UniqueMetaObjectKey, std::string> names{
+        {document.GetModel().root.key, ToUtf8(document.GetModel().root.name.Str())}};
+    for (const platform::ObjectRecord& object : document.GetModel().objects)
+        names[object.key] = ToUtf8(object.name.Str());
+    std::map<std::string, double> masses;
+    for (const auto& [key, mass] : document.ComputeMasses([](double) { return true; }))
+        masses[names.at(key)] = mass;
+    return masses;
+}
+
+TEST_F(Assemblies, HaveTheProductsAndUsesThatTheirTextHas) {
+    // Counted from the text of the files by a script that knows nothing of the reader.
+    const struct {
+        const char* file;
+        const char* root;
+        std::size_t objects, uses, parts, partUses;
+    } cases[] = {
+        {"PushDevice_Assembly.step", "Assembly 1", 67, 67, 67, 67},
+        {"RasPiMouse_with_Pi4B.stp", "RasPiMouse&LIDAR", 2, 3, 13, 24},
+        {"as1-oc-214.stp", "as1", 3, 4, 5, 18},
+        {"as1_pe_203.stp", "AS1_PE_ASM", 3, 4, 5, 18},
+        {"cubefactory_01_00_00-shredder_unit.STEP", "01_00_00-shredderunit", 2, 2, 40, 103},
+        {"eight_cyl.stp", "eight_cyl", 8, 8, 8, 8},
+        {"isometria_Switch.STEP", "Assem1", 5, 5, 5, 5},
+        {"koch_Follower_Arm.STEP", "Follower_Arm", 12, 25, 12, 25},
+        {"low_cost_robot_arm.step", "arm_my_v3 v1", 11, 11, 26, 115},
+        {"makair_Pressure_Valve_V7.step", "Pressure Valve V7 v1", 18, 27, 23, 64},
+        {"odrive_PCB_v3.5.step", "PCB", 180, 180, 40, 625},
+        {"pp_Compression_V2.0.step", "00_compression Stripped 3D model v1", 7, 7, 46, 72},
+        {"pp_Display_cubes.STEP", "cubes assembly", 4, 4, 9, 90},
+        {"s1-c5-214/s1-c5-214.stp", "*MASTER", 4, 5, 4, 5},
+    };
+    for (const auto& known : cases) {
+        const auto direct = Read(known.file);
+        const auto flat = Read(known.file, {"", true, ""});
+        ASSERT_TRUE(direct && flat);
+        EXPECT_EQ(ToUtf8(direct->GetModel().root.name.Str()), known.root);
+        EXPECT_EQ(direct->GetModel().objects.size(), known.objects) << known.file;
+        EXPECT_EQ(CountOccurrences(*direct), known.uses) << known.file;
+        EXPECT_EQ(flat->GetModel().objects.size(), known.parts) << known.file;
+        EXPECT_EQ(CountOccurrences(*flat), known.partUses) << known.file;
+    }
+}
+
+TEST_F(Assemblies, KeepEveryLetterOfTheirNames) {
+    EXPECT_EQ(tests::Dump(m_folder / "isometria_Switch.STEP", {"", false, "GBK"}),
+              "Assem1\n20 bottom part_默认è_ x1\n20 bottom pin_默认è_ x1\n"
+              "20 top shield_默认è_ x1\n20 copper button_默认è_ x1\n20 shrapnel_默认è_ x1\n");
+    EXPECT_EQ(tests::Dump(m_folder / "RasPiMouse_with_Pi4B.stp", {"RasPiMouse_Wheel", false, ""}),
+              "RasPiMouse_Wheel\n20 Whreel5_ネジ穴位置改良 [Whreel5_ネジ穴位置改良ver3] x1\n"
+              "20 タイヤφ44用7.5mm幅_RT-T75-44-R x1\n");
+}
+
+TEST_F(Assemblies, SayHowManyOtherFilesTheyReferTo) {
+    EXPECT_EQ(Read("s1-c5-214/s1-c5-214.stp")->GetNotes(),
+              std::vector<std::string>{"4 other files are referred to and not followed"});
+    EXPECT_TRUE(Read("as1-oc-214.stp")->GetNotes().empty());
+}
+
+TEST_F(Assemblies, HaveMaterialsAndMassesInTheirOwnUnits) {
+    const auto document = Read("RasPiMouse_with_Pi4B.stp", {"", true, ""});
+    std::map<std::string, std::string> materials;
+    for (const platform::ObjectRecord& object : document->GetModel().objects) {
+        ASSERT_EQ(object.properties.size(), 2u) << ToUtf8(object.name.Str());
+        EXPECT_EQ(object.properties[0].first, ProductProperties::GetPropId(L"material"));
+        EXPECT_EQ(object.properties[1].first, ProductProperties::GetPropId(L"material.density"));
+        materials[ToUtf8(object.properties[0].second.to_wstring().Str())] =
+            ToUtf8(object.properties[1].second.to_wstring().Str());
+    }
+    EXPECT_EQ(materials, (std::map<std::string, std::string>{{"Aluminum-6061", "2710"},
+                                                             {"アセタール樹脂、白", "1425"},
+                                                             {"アルミニウム 6061", "2710"},
+                                                             {"一般", "1000"}}));
+    const std::map<std::string, double> masses = MassesByName(*document);
+    EXPECT_EQ(masses.size(), 14u);
+    EXPECT_NEAR(masses.at("アルミフレーム"), 0.0115 * 2.71, 0.001);
+}
+
+TEST_F(Assemblies, WeighWhatTheirOwnVolumesSay) {
+    // The file tells the volume of each part; with 1 g/cm3 for all they are the masses.
+    std::string text = LoadBytes("as1-oc-214.stp");
+    std::string added =
+        "#90001=(MASS_UNIT()NAMED_UNIT(*)SI_UNIT($,.GRAM.));\n"
+        "#90002=(LENGTH_UNIT()NAMED_UNIT(*)SI_UNIT(.CENTI.,.METRE.));\n"
+        "#90003=DERIVED_UNIT_ELEMENT(#90001,1.);\n"
+        "#90004=DERIVED_UNIT_ELEMENT(#90002,-3.);\n"
+        "#90005=DERIVED_UNIT((#90003,#90004));\n"
+        "#90006=MEASURE_REPRESENTATION_ITEM('',POSITIVE_RATIO_MEASURE(1.),#90005);\n"
+        "#90007=REPRESENTATION('density',(#90006),$);\n";
+    int number = 90010;
+    for (const char* part : {"#742", "#1122", "#1901", "#3795", "#6202"}) {
+        const std::string property = "#" + std::to_string(number++);
+        added += property + "=PROPERTY_DEFINITION('material property','density'," + part + ");\n#" +
+                 std::to_string(number++) + "=PROPERTY_DEFINITION_REPRESENTATION(" + property +
+                 ",#90007);\n";
+    }
+    text.insert(text.rfind("ENDSEC;"), added);
+    const tests::TemporaryFile file("as1.stp", text);
+    const auto result = StepDocument::Read(file.GetPath(), {});
+    ASSERT_TRUE(std::holds_alternative<std::unique_ptr<StepDocument>>(result));
+    StepDocument& document = *std::get<0>(result);
+
+    const desktop::import::Progress stop = [](double share) { return share < 0.3; };
+    EXPECT_TRUE(document.ComputeMasses(stop).empty());
+
+    const std::map<std::string, double> masses = MassesByName(document);
+    ASSERT_EQ(masses.size(), 4u);
+    EXPECT_NEAR(masses.at("plate"), 0.5305752, 1e-6);
+    EXPECT_NEAR(masses.at("rod-assembly"), 0.0170371, 1e-6);
+    EXPECT_NEAR(masses.at("l-bracket-assembly"), 0.1084539, 1e-6);
+    EXPECT_NEAR(masses.at("as1"), 0.7645201, 1e-6);
+}
+
+TEST_F(Assemblies, AreRefusedWhereverTheyAreCut) {
+    for (const char* name : {"as1-oc-214.stp", "eight_cyl.stp", "koch_Follower_Arm.STEP"}) {
+        const std::string whole = LoadBytes(name);
+        const std::size_t end = whole.rfind("END-ISO-10303-21;");
+        for (std::size_t size = 1; size < end; size += whole.size() / 23) {
+            const tests::TemporaryFile file("cut.stp", whole.substr(0, size));
+            EXPECT_EQ(tests::Dump(file.GetPath(), {}).substr(0, 6), "error:")
+                << name << " " << size;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,19 @@
+# Tests of the values, the services and the product in memory.
+find_package(rapidcheck REQUIRED)
+add_executable(hostTests
+    AllocationCounter.cpp
+    EventsBusTest.cpp
+    GroupingComparatorTest.cpp
+    MarkingTest.cpp
+    NaturalOrderTest.cpp
+    ProductQuestionsTest.cpp
+    ProductStructureTest.cpp
+    PropertiesTest.cpp
+    ResourcesTest.cpp
+    ServicesTest.cpp
+    StyleTest.cpp
+    ValuesTest.cpp)
+target_link_libraries(hostTests PRIVATE
+    productTreeTestSupport productTreeProduct oHost rapidcheck GTest::gmock GTest::gtest_main
+    productTreeRules)
+gtest_discover_tests(hostTests DISCOVERY_TIMEOUT 60)

@@ -1,0 +1,199 @@
+#include "desktop/store/ProductFile.h"
+#include "host/ProductProperties.h"
+#include "platform/product/ProductValidation.h"
+#include "tests/store/GeneratedModels.h"
+
+#include <algorithm>
+#include <boost/property_tree/ptree.hpp>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <rapidcheck/gtest.h>
+
+namespace desktop::store {
+
+namespace {
+
+using platform::ObjectRecord;
+using platform::ProductModel;
+
+ProductModel Read(std::string_view json) {
+    ReadResult result = ParseProduct(json);
+    if (const FileError* const error = std::get_if<FileError>(&result)) {
+        ADD_FAILURE() << error->reason << "\n" << json;
+        return {};
+    }
+    return std::get<ProductModel>(std::move(result));
+}
+
+/// A product with the members, behind the format.
+ProductModel ReadMembers(const std::string& members) {
+    return Read("{\"format\": \"product-tree 1\", " + members + "}");
+}
+
+PropValue ValueOf(const ObjectRecord& object, unsigned long number) {
+    for (const auto& [held, value] : object.properties)
+        if (held == number)
+            return value;
+    return {};
+}
+
+RC_GTEST_PROP(ProductFile, GivesEveryProductBackAsItWas, ()) {
+    const ProductModel model = GenerateModel();
+    const std::optional<platform::ModelFault> fault = platform::ValidateModel(model);
+    if (fault)
+        RC_FAIL(fault->path + ": " + fault->reason);
+    const std::string text = FormatProduct(model);
+    const ReadResult result = ParseProduct(text);
+    if (const FileError* const error = std::get_if<FileError>(&result))
+        RC_FAIL(error->reason + "\n" + text);
+    RC_LOG() << text;
+    RC_ASSERT(std::get<ProductModel>(result) == model);
+    RC_ASSERT(FormatProduct(std::get<ProductModel>(result)) == text);
+}
+
+TEST(ProductFile, LeavesOutWhatGoesWithoutSaying) {
+    ProductModel model;
+    model.root.key = UniqueMetaObjectKey(std::string("product"));
+    model.root.iconType = 1;
+    model.root.part.used = meta_data::SPUsed({1});
+    EXPECT_EQ(FormatProduct(model), "{\n"
+                                    "  \"format\": \"product-tree 1\",\n"
+                                    "  \"product\": {}\n"
+                                    "}\n");
+    EXPECT_EQ(Read(R"({"format": "product-tree 1"})"), model);
+}
+
+TEST(ProductFile, TakesANumberOfUsesForSoManyPlainOnes) {
+    const ProductModel model = ReadMembers(R"("objects": [{"key": "bolt", "kind": "standard",
+        "separate": true, "uses": 3}])");
+    const ObjectRecord& bolt = model.objects.at(0);
+    ASSERT_EQ(bolt.occurrences.size(), 3U);
+    EXPECT_EQ(bolt.occurrences[2].key.String(), "bolt#3");
+    EXPECT_EQ(bolt.occurrences[2].kind, platform::PartKindStandard);
+    EXPECT_TRUE(bolt.occurrences[2].part.attributes.separate);
+    EXPECT_TRUE(bolt.occurrences[2].part.used.IsSPUsed(model.styleId));
+    EXPECT_NE(FormatProduct(model).find("\"uses\": 3"), std::string::npos);
+}
+
+TEST(ProductFile, CountsUsesThatAreAlike) {
+    const ProductModel model = ReadMembers(R"("embodiments": [{"key": "e"}], "objects": [{
+        "key": "a", "uses": [{"count": 2, "embodiments": ["e"]}, {"key": "x"}, {"kind": "other"}]}])");
+    const auto& uses = model.objects.at(0).occurrences;
+    ASSERT_EQ(uses.size(), 4U);
+    EXPECT_EQ(uses[1].key.String(), "a#2");
+    EXPECT_EQ(uses[1].embodiments.size(), 1U);
+    EXPECT_EQ(uses[2].key.String(), "x");
+    EXPECT_EQ(uses[3].key.String(), "a#4");
+    EXPECT_EQ(uses[3].kind, platform::PartKindOther);
+    EXPECT_NE(
+        FormatProduct(model).find("{\"count\": 2, \"embodiments\": [\"e\"]}, {\"key\": \"x\"}"),
+        std::string::npos);
+}
+
+TEST(ProductFile, ReadsADesignationInOneTextOrInItsParts) {
+    const ProductModel model = ReadMembers(R"("objects": [
+        {"key": "a", "designation": "AB.1-02 X"},
+        {"key": "b", "designation": {"base": "AB.1", "embodimentDelimiter": "-",
+            "embodimentNumber": "02", "additionalDelimiter": ".", "additionalNumber": "3",
+            "codeDelimiter": " ", "code": "X"}}])");
+    EXPECT_EQ(model.objects.at(0).marking.GetBase().Str(), L"AB.1-02 X");
+    const VariantMarking& parts = model.objects.at(1).marking;
+    EXPECT_EQ(parts.Make(VariantMarkingData::MakeAll, false, false).Str(), L"AB.1-02.3 X");
+    EXPECT_EQ(parts.GetCode().Str(), L"X");
+}
+
+TEST(ProductFile, NamesASectionAfterTheStyle) {
+    const std::string objects = R"("objects": [
+        {"key": "a", "section": 20}, {"key": "b", "section": [20, 0, 0, 0, 0, 1]},
+        {"key": "c", "section": [0, 0, 20, 2]}, {"key": "d", "section": [0, 0, 0, 2]},
+        {"key": "e", "section": {"numbers": [20], "name": "Own"}}, {"key": "f", "section": 99}])";
+    const auto namesOf = [](const ProductModel& model) {
+        std::wstring names;
+        for (const ObjectRecord& object : model.objects)
+            names += object.section.name.Str() + L'|';
+        return names;
+    };
+    EXPECT_EQ(namesOf(ReadMembers(R"("style": {"sections": [{"number": 20, "name": "Details",
+        "blocks": [{"number": 1, "name": "Gears"}]}], "blocks": [{"number": 2, "name": "Loose"}]}, )" +
+                                  objects)),
+              L"Details|Gears|Details|Loose|Own||");
+    EXPECT_EQ(namesOf(ReadMembers(objects)), GetDefaultSectionNumbName(20).Str() + L"||" +
+                                                 GetDefaultSectionNumbName(20).Str() + L"||Own||");
+}
+
+TEST(ProductFile, ReadsValuesByTheTypeOfTheirProperty) {
+    const ProductModel model = ReadMembers(R"(
+        "properties": [{"property": "user.1000", "name": "Power", "type": "number"},
+                       {"property": "user.1001", "name": "Poles", "type": "integer"}],
+        "columns": ["Power", "mass", "user.1001"],
+        "objects": [{"key": "a", "properties": {"mass": 2, "Power": 3, "user.1001": 4,
+            "comment": {"type": "integer", "value": 5}, "note": {"value": "x", "format": "<x>"},
+            "number": 6, "angle": 6.0, "location": null}}])");
+    const ObjectRecord& object = model.objects.at(0);
+    const auto at = [&](const wchar_t* path) {
+        return ValueOf(object, ProductProperties::GetPropId(path));
+    };
+    EXPECT_EQ(at(L"mass"), PropValue(SimplePropVal(2.0)));
+    EXPECT_EQ(at(L"user.1000"), PropValue(SimplePropVal(3.0)));
+    EXPECT_EQ(at(L"user.1001"), PropValue(SimplePropVal(4)));
+    EXPECT_EQ(at(L"comment"), PropValue(SimplePropVal(5)));
+    EXPECT_EQ(at(L"note"), PropValue(SimplePropVal(L"x"), SharedText(L"<x>")));
+    EXPECT_EQ(at(L"number"), PropValue(SimplePropVal(6)));
+    EXPECT_EQ(at(L"angle"), PropValue(SimplePropVal(6.0)));
+    EXPECT_EQ(object.properties.size(), 8U);
+    const unsigned long mass = ProductProperties::GetPropId(L"mass");
+    EXPECT_EQ(model.visibleProperties, (std::vector<unsigned long>{1000, mass, 1001}));
+}
+
+TEST(ProductFile, KeepsEveryCharacter) {
+    const ProductModel model = ReadMembers(
+        "\"product\": {\"name\": \"\\u0000\\t\\\"\\u00e4\xC3\xA4\\uD83D\\uDE00\xF0\x9F\x98\x80\"}");
+    const std::wstring name(L"\0\t\"\u00E4\u00E4\U0001F600\U0001F600", 7);
+    EXPECT_EQ(model.root.name.Str(), name);
+    EXPECT_EQ(Read(FormatProduct(model)).root.name.Str(), name);
+}
+
+TEST(ProductFile, MayBeginWithAByteOrderMark) {
+    EXPECT_EQ(Read("\xEF\xBB\xBF{\"format\": \"product-tree 1\"}"),
+              Read("{\"format\": \"product-tree 1\"}"));
+}
+
+TEST(Sample, IsSoundAndInTheFormThatTheProgramWrites) {
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(PRODUCT_TREE_SAMPLES)) {
+        if (entry.path().extension() != ".json")
+            continue;
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        const ReadResult result = ReadProductFile(entry.path());
+        const ProductModel* const model = std::get_if<ProductModel>(&result);
+        ASSERT_TRUE(model) << entry.path() << ": " << std::get<FileError>(result).reason;
+        EXPECT_EQ(FormatProduct(*model), text) << entry.path();
+        ++count;
+    }
+    EXPECT_GT(count, 0U);
+}
+
+TEST(Sample, ShowsWhatAProductCanHold) {
+    const ReadResult result =
+        ReadProductFile(std::filesystem::path(PRODUCT_TREE_SAMPLES) / "reducer.json");
+    const ProductModel& model = std::get<ProductModel>(result);
+    const auto holds = [&model](const auto& test) {
+        return std::ranges::any_of(model.objects, test);
+    };
+    EXPECT_EQ(model.embodiments.size(), 3U);
+    EXPECT_TRUE(model.style && !model.style->blocks.empty());
+    for (const platform::BilletKind kind :
+         {platform::BilletKind::Manual, platform::BilletKind::Associative})
+        EXPECT_TRUE(holds([kind](const ObjectRecord& object) { return object.billet == kind; }));
+    EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.occurrences.size() > 1; }));
+    EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.section.numbers[0] == 25; }));
+    EXPECT_TRUE(std::ranges::any_of(model.properties, [](const platform::PropertyRecord& record) {
+        return !record.unitCode.empty();
+    }));
+}
+
+} // namespace
+
+} // namespace desktop::store
