@@ -5,6 +5,7 @@
 #include "host/SPCSection.h"
 #include "host/data/Grouping.h"
 
+#include <cstdint>
 #include <vector>
 
 class IfProductTreeData;
@@ -16,6 +17,8 @@ struct SortSection {
     /// The text of the section's row: its own name, and behind it the names of what it stands in.
     SharedText label;
     std::vector<ConstProductPart> parts;
+    /// Beside each part, in the order in which they come in, the number of its object.
+    std::vector<std::uint32_t> numbers;
 };
 
 /// All sections in the order of their rows, without parts. Empty when the document's style is

@@ -129,6 +129,7 @@ std::vector<ProductTreeRowInfo> StyleBasedProductTreeSorter::Sort() {
     MakeComparator();
     m_sections = MakeSortSections(*m_data);
     m_noSection.parts.clear();
+    m_noSection.numbers.clear();
     Distribute();
     return MakeRows();
 }
@@ -139,6 +140,8 @@ void StyleBasedProductTreeSorter::CollectObjects() {
     m_objects.clear();
     m_billets.clear();
     m_uses.clear();
+    m_firstUses.clear();
+    m_placed.clear();
     // A host that threw in the middle of the last sort has left rows in them.
     m_loose.Clear();
     m_children.Clear();
@@ -191,32 +194,35 @@ void StyleBasedProductTreeSorter::IndexParts() {
 
 void StyleBasedProductTreeSorter::IndexObjects() {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
-    m_uses.reserve(m_objects.size());
+    m_uses.reserve(m_orderedParts.size());
+    m_firstUses.reserve(m_objects.size() + 1);
     for (std::size_t i = 0; i < m_objects.size(); ++i) {
         const Key& object = m_objects[i];
+        m_firstUses.push_back(static_cast<std::uint32_t>(m_uses.size()));
+        InfObjIndex index = AppendUses(object, m_uses);
         if (!aggregator.IsInfObject(object))
             continue;
-        InfObjIndex index = CollectUses(object, m_uses[object]);
         // Manual billets come in the reverse of the order in which they were met.
         if (meta_data::SP::IsManualBillet(aggregator, object))
             index = {c_noPlace, m_objects.size() - 1 - i};
         m_index.insert_or_assign(object, index);
     }
+    m_firstUses.push_back(static_cast<std::uint32_t>(m_uses.size()));
 }
 
 void StyleBasedProductTreeSorter::DropAndSplit() {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
-    std::erase_if(m_objects, [&](const Key& key) {
+    for (std::size_t i = 0; i < m_objects.size(); ++i) {
+        const Key& key = m_objects[i];
         const IfMetaProductData& metaData = aggregator.GetMetaDataOf(key);
-        return metaData.HasPartHandler(key) && !IsInProduct(metaData.GetPartHandler(key));
-    });
-    const auto billets = std::ranges::stable_partition(m_objects, [&](const Key& key) {
-        return !meta_data::SP::IsAssociativeBillet(aggregator.GetMetaDataOf(key), key) &&
-               !meta_data::SP::IsManualBillet(aggregator, key);
-    });
-    m_billets.assign(std::make_move_iterator(billets.begin()),
-                     std::make_move_iterator(billets.end()));
-    m_objects.erase(billets.begin(), billets.end());
+        if (metaData.HasPartHandler(key) && !IsInProduct(metaData.GetPartHandler(key)))
+            continue;
+        if (meta_data::SP::IsAssociativeBillet(metaData, key) ||
+            meta_data::SP::IsManualBillet(aggregator, key))
+            m_billets.push_back(key);
+        else
+            m_placed.push_back(static_cast<std::uint32_t>(i));
+    }
     std::ranges::sort(m_billets);
 }
 
@@ -240,17 +246,17 @@ void StyleBasedProductTreeSorter::Distribute() {
     for (SortSection& section : m_sections)
         byNumbers.try_emplace(section.section.numbers, &section);
 
-    for (Key& key : m_objects) {
+    for (const std::uint32_t number : m_placed) {
+        const Key& key = m_objects[number];
         SortSection* target = single ? &m_sections[0] : &m_noSection;
         if (!single) {
             const auto found = byNumbers.find(FindSpcSection(aggregator, key, nullptr).numbers);
             if (found != byNumbers.end())
                 target = found->second;
         }
-        const IfMetaProductData& metaData = aggregator.GetMetaDataOf(key);
-        target->parts.push_back({&metaData, std::move(key)});
+        target->parts.push_back({&aggregator.GetMetaDataOf(key), key});
+        target->numbers.push_back(number);
     }
-    m_objects.clear();
 }
 
 StyleBasedProductTreeSorter::Rows StyleBasedProductTreeSorter::MakeRows() {
@@ -260,7 +266,7 @@ StyleBasedProductTreeSorter::Rows StyleBasedProductTreeSorter::MakeRows() {
         if (section.parts.empty())
             continue;
         if (plain)
-            std::ranges::move(RowsOfParts(section.parts), std::back_inserter(rows));
+            std::ranges::move(RowsOfParts(section), std::back_inserter(rows));
         else
             AddSectionRow(section, rows);
     }
@@ -270,7 +276,7 @@ StyleBasedProductTreeSorter::Rows StyleBasedProductTreeSorter::MakeRows() {
 }
 
 void StyleBasedProductTreeSorter::AddSectionRow(SortSection& section, Rows& rows) {
-    Rows children = RowsOfParts(section.parts);
+    Rows children = RowsOfParts(section);
     if (children.empty())
         return;
     ProductTreeRowInfo& row = rows.emplace_back();
@@ -280,23 +286,25 @@ void StyleBasedProductTreeSorter::AddSectionRow(SortSection& section, Rows& rows
     row.children = std::move(children);
 }
 
-StyleBasedProductTreeSorter::Rows
-StyleBasedProductTreeSorter::RowsOfParts(std::vector<ConstProductPart>& parts) {
+StyleBasedProductTreeSorter::Rows StyleBasedProductTreeSorter::RowsOfParts(SortSection& section) {
     Rows rows;
-    ForEachRun(parts, *m_comparator, [&](PartRun run) { RowsOfRun(run, rows); });
+    ForEachRun(section.parts, *m_comparator,
+               [&](const PartRun& run) { RowsOfRun(run, section.numbers, rows); });
     return rows;
 }
 
-void StyleBasedProductTreeSorter::RowsOfRun(PartRun run, Rows& rows) {
-    std::vector<const ConstProductPart*> joined;
-    joined.reserve(run.size());
-    for (const ConstProductPart& part : run) {
+void StyleBasedProductTreeSorter::RowsOfRun(const PartRun& run,
+                                            const std::vector<std::uint32_t>& numbers, Rows& rows) {
+    m_joined.clear();
+    for (std::size_t i = 0; i < run.parts.size(); ++i) {
+        const ConstProductPart& part = run.parts[i];
+        const std::uint32_t number = numbers[run.origins[i]];
         if (IsSeparate(part.key))
-            AddRowsOfUses(GetUses(part.key), m_loose);
+            AddRowsOfUses(GetUses(number), m_loose);
         else
-            joined.push_back(&part);
+            m_joined.push_back({&part, number});
     }
-    GroupRow(joined, rows, m_loose);
+    GroupRow(m_joined, rows, m_loose);
 
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     const IfMetaProductData& metaData = aggregator.GetMetaData();
@@ -309,15 +317,15 @@ void StyleBasedProductTreeSorter::RowsOfRun(PartRun run, Rows& rows) {
     });
 }
 
-void StyleBasedProductTreeSorter::AddRowsOfUses(const Uses& uses, IndexedRows& rows) const {
+void StyleBasedProductTreeSorter::AddRowsOfUses(Uses uses, IndexedRows& rows) const {
     for (const Use& use : uses) {
         if (IsShownInTree(use.key))
             rows.Add(use.index).key = use.key;
     }
 }
 
-void StyleBasedProductTreeSorter::GroupRow(const std::vector<const ConstProductPart*>& parts,
-                                           Rows& groups, IndexedRows& loose) {
+void StyleBasedProductTreeSorter::GroupRow(const std::vector<NumberedPart>& parts, Rows& groups,
+                                           IndexedRows& loose) {
     if (parts.empty())
         return;
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
@@ -327,9 +335,9 @@ void StyleBasedProductTreeSorter::GroupRow(const std::vector<const ConstProductP
     GroupKeyChoice choice(aggregator, style);
     bool hasUses = false;
     std::set<Key> billets;
-    for (const ConstProductPart* part : parts) {
+    for (const auto& [part, number] : parts) {
         choice.Add(part->key, part->key);
-        const Uses& uses = GetUses(part->key);
+        const Uses uses = GetUses(number);
         hasUses = hasUses || !uses.empty();
         AddRowsOfUses(uses, m_children);
         billets.merge(metaData.GetBillets(part->key));
@@ -389,21 +397,25 @@ void StyleBasedProductTreeSorter::BilletRows(const std::set<Key>& keys, Rows& ro
             while (end < parts.size() && !isManual(parts[end]) &&
                    m_comparator->Compare(parts[end], parts[begin]) == 0)
                 ++end;
-            BilletGroupRow(PartRun(parts).subspan(begin, end - begin), rows);
+            BilletGroupRow(std::span(parts).subspan(begin, end - begin), rows);
         }
         begin = end;
     }
 }
 
-void StyleBasedProductTreeSorter::BilletGroupRow(PartRun run, Rows& rows) {
+void StyleBasedProductTreeSorter::BilletGroupRow(std::span<const ConstProductPart> run,
+                                                 Rows& rows) const {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     const IfMetaProductData& primary = aggregator.GetPrimaryMetaData();
 
     GroupKeyChoice choice(aggregator, m_data->GetCurrentStyleId());
     IndexedRows billets;
+    std::vector<Use> uses;
     for (const ConstProductPart& part : run) {
         choice.Add(part.key, part.metaData->GetBilletOwner(part.key));
-        for (const Use& use : GetUses(part.key)) {
+        uses.clear();
+        AppendUses(part.key, uses);
+        for (const Use& use : uses) {
             if (!IsInAnySpecification(use.key))
                 continue;
             ProductTreeRowInfo& row = billets.Add(use.index);
@@ -430,18 +442,10 @@ void StyleBasedProductTreeSorter::BilletGroupRow(PartRun run, Rows& rows) {
         [&](ProductTreeRowInfo&& row, const InfObjIndex&) { target->push_back(std::move(row)); });
 }
 
-const StyleBasedProductTreeSorter::Uses& StyleBasedProductTreeSorter::GetUses(const Key& object) {
-    const auto [uses, isNew] = m_uses.try_emplace(object);
-    if (isNew)
-        CollectUses(object, uses->second);
-    return uses->second;
-}
-
-InfObjIndex StyleBasedProductTreeSorter::CollectUses(const Key& object, Uses& uses) const {
+InfObjIndex StyleBasedProductTreeSorter::AppendUses(const Key& object,
+                                                    std::vector<Use>& uses) const {
     InfObjIndex first{c_noPlace, c_noPlace};
-    Keys occurrences = m_data->GetAggregator().GetOccurrences(object, nullptr);
-    uses.reserve(occurrences.size());
-    for (Key& occurrence : occurrences) {
+    for (Key& occurrence : m_data->GetAggregator().GetOccurrences(object, nullptr)) {
         const auto found = m_index.find(occurrence);
         const bool hasIndex = found != m_index.end();
         if (hasIndex)
@@ -450,6 +454,10 @@ InfObjIndex StyleBasedProductTreeSorter::CollectUses(const Key& object, Uses& us
             uses.push_back({std::move(occurrence), hasIndex ? found->second : InfObjIndex()});
     }
     return first;
+}
+
+StyleBasedProductTreeSorter::Uses StyleBasedProductTreeSorter::GetUses(std::uint32_t number) const {
+    return Uses(m_uses).subspan(m_firstUses[number], m_firstUses[number + 1] - m_firstUses[number]);
 }
 
 bool StyleBasedProductTreeSorter::IsShownInTree(const Key& occurrence) const {

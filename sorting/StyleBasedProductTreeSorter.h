@@ -11,7 +11,7 @@
 
 #include <memory>
 #include <set>
-#include <unordered_map>
+#include <span>
 #include <vector>
 
 class IfMetaProductData;
@@ -35,7 +35,13 @@ private:
         UniqueMetaObjectKey key;
         InfObjIndex index;
     };
-    using Uses = std::vector<Use>;
+    using Uses = std::span<const Use>;
+
+    /// A part with the number of its object.
+    struct NumberedPart {
+        const ConstProductPart* part;
+        std::uint32_t number;
+    };
 
     void CollectObjects();
     void IndexParts();
@@ -46,19 +52,18 @@ private:
     Rows MakeRows();
 
     void AddSectionRow(SortSection& section, Rows& rows);
-    Rows RowsOfParts(std::vector<ConstProductPart>& parts);
-    void RowsOfRun(PartRun run, Rows& rows);
-    void AddRowsOfUses(const Uses& uses, IndexedRows& rows) const;
+    Rows RowsOfParts(SortSection& section);
+    void RowsOfRun(const PartRun& run, const std::vector<std::uint32_t>& numbers, Rows& rows);
+    void AddRowsOfUses(Uses uses, IndexedRows& rows) const;
     /// Puts a group of two or more in `groups`, with its billets behind it, anything else in
     /// `loose`.
-    void GroupRow(const std::vector<const ConstProductPart*>& parts, Rows& groups,
-                  IndexedRows& loose);
+    void GroupRow(const std::vector<NumberedPart>& parts, Rows& groups, IndexedRows& loose);
     void BilletRows(const std::set<UniqueMetaObjectKey>& keys, Rows& rows);
-    void BilletGroupRow(PartRun run, Rows& rows);
+    void BilletGroupRow(std::span<const ConstProductPart> run, Rows& rows) const;
 
-    const Uses& GetUses(const UniqueMetaObjectKey& object);
-    /// Takes them into m_uses, and gives the first index of all occurrences.
-    InfObjIndex CollectUses(const UniqueMetaObjectKey& object, Uses& uses) const;
+    /// Appends the uses of the object to `uses`, and gives the first index of all its occurrences.
+    InfObjIndex AppendUses(const UniqueMetaObjectKey& object, std::vector<Use>& uses) const;
+    Uses GetUses(std::uint32_t number) const;
     bool IsShownInTree(const UniqueMetaObjectKey& occurrence) const;
     bool IsSeparate(const UniqueMetaObjectKey& key) const;
     bool IsInAnySpecification(const UniqueMetaObjectKey& key) const;
@@ -68,6 +73,7 @@ private:
 
     std::shared_ptr<IfProductTreeData> m_data;
     std::unique_ptr<meta_data::grouping::IfGroupingComparator> m_comparator;
+    /// In collection order, which numbers them.
     Keys m_objects;
     /// Sorted, for quick look-ups.
     Keys m_billets;
@@ -77,9 +83,14 @@ private:
     Keys m_orderedParts;
     std::vector<SortSection> m_sections;
     SortSection m_noSection;
-    /// By object, each asked of the host once.
-    std::unordered_map<UniqueMetaObjectKey, Uses> m_uses;
-    /// Room for the rows of the run at hand.
+    /// The uses of all objects, each asked of the host once, and by number of an object where its
+    /// uses begin; one more at the end.
+    std::vector<Use> m_uses;
+    std::vector<std::uint32_t> m_firstUses;
+    /// Numbers of the objects that are to be placed.
+    std::vector<std::uint32_t> m_placed;
+    /// Room for the run at hand.
+    std::vector<NumberedPart> m_joined;
     IndexedRows m_loose;
     IndexedRows m_children;
 };

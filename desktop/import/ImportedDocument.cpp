@@ -47,7 +47,8 @@ ImportedDocument::MassesOfObjects(const std::vector<std::optional<double>>& mass
             result.emplace_back(GetObjectKey(m_structure, component), *mass);
     }
     if (const std::optional<double> mass = RootMass(masses))
-        result.emplace_back(m_model.root.key, *mass);
+        // A key of its own: copies of the model's are counted on another thread.
+        result.emplace_back(UniqueMetaObjectKey(std::string(m_model.root.key.String())), *mass);
     return result;
 }
 

@@ -2,7 +2,7 @@
 
 #include "desktop/import/StepText.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>

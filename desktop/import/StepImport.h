@@ -41,8 +41,9 @@ public:
     /// What the user should know about the file, a line each, for instance that it refers to
     /// others.
     virtual const std::vector<std::string>& GetNotes() const = 0;
-    /// Transfers the geometry and gives the mass, in kilograms, of each object that has volume and
-    /// density. Empty when stopped.
+    /// Transfers the geometry, in a child process, and gives the mass, in kilograms, of each object
+    /// that has volume and density; of an assembly when all its parts have. May be called on
+    /// another thread, which then calls `progress`. Empty when stopped.
     virtual Masses ComputeMasses(const Progress& progress) = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "items/ProductTreeItemData.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace platform {
@@ -52,11 +53,21 @@ void TreeTableRow::SetChildCount(std::size_t count) {
     if (m_hub->IsInTree(*this))
         m_hub->AnnounceRowChange();
     const auto firstDropped = m_children.begin() + static_cast<std::ptrdiff_t>(count);
-    for (auto child = firstDropped; child != m_children.end(); ++child)
-        (*child)->m_parent = nullptr;
-    m_hub->DropDetachedMarks();
+    const std::vector dropped(std::make_move_iterator(firstDropped),
+                              std::make_move_iterator(m_children.end()));
     m_children.erase(firstDropped, m_children.end());
+    for (const auto& child : dropped)
+        child->m_parent = nullptr;
+    m_hub->DropDetachedMarks();
+    for (const auto& child : dropped)
+        child->ReleaseData();
     m_hub->EndUpdate();
+}
+
+void TreeTableRow::ReleaseData() {
+    m_data.reset();
+    for (const auto& child : m_children)
+        child->ReleaseData();
 }
 
 void TreeTableRow::SetData(const boost::intrusive_ptr<productTree::ProductTreeItemData>& data,

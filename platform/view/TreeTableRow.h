@@ -82,6 +82,9 @@ public:
     bool IsSelected() const { return m_selectionSlot != c_noSlot; }
     int GetRegWithDescState() const { return m_regWithDescState; }
     int GetAggrIntoProductState() const { return m_aggrIntoProductState; }
+    /// The row and all below it let go of what the library keeps at them. What it keeps there holds
+    /// the row in turn, so that a row which leaves the tree would stay for ever.
+    void ReleaseData();
     /// As SetExpanded, but tells the front end nothing, since the user did it there.
     void SetExpandedByUser(bool expanded) { PutFlag(Flag::Expanded, expanded); }
 

@@ -51,6 +51,8 @@ TreeTableView::~TreeTableView() {
     // Rows may outlive the view; what they note is of no interest any more.
     m_hub->SetObserver(nullptr);
     m_hub->SetRoot(nullptr);
+    if (m_root)
+        m_root->ReleaseData();
 }
 
 void TreeTableView::SetVisible(bool visible, bool activate) {
@@ -75,6 +77,8 @@ void TreeTableView::SetRootRow(const TreeRowPtr& row) {
     m_hub->AnnounceRowChange();
     m_hub->SetRoot(root);
     m_hub->DropDetachedMarks();
+    if (m_root)
+        m_root->ReleaseData();
     m_root = root;
 }
 

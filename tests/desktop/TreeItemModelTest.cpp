@@ -102,6 +102,13 @@ TEST_F(TreeItemModelTest, TellsOfAWalkOverAllRowsOnceAndOfAnUnchangedOneNever) {
     EXPECT_EQ(reset.count(), 0);
 }
 
+TEST_F(TreeItemModelTest, ANameThatLooksLikeMarkupIsShownAsItIs) {
+    Change([](ProductModel& model) { model.root.name = SharedText(L"<b>A</b>"); });
+    const QModelIndex root = m_model.index(0, 0);
+    EXPECT_EQ(root.data().toString(), "<b>A</b>");
+    EXPECT_EQ(root.data(Qt::ToolTipRole).toString(), "<span>&lt;b&gt;A&lt;/b&gt;</span>");
+}
+
 TEST_F(TreeItemModelTest, FollowsTheShownColumns) {
     Change([](ProductModel& model) { model.visibleProperties.clear(); });
     QCoreApplication::processEvents();

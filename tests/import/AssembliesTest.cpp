@@ -58,6 +58,27 @@ std::map<std::string, double> MassesByName(StepDocument& document) {
     return masses;
 }
 
+/// The text of as1 with a density of 1 g/cm3 for each of its parts.
+std::string WithDensities(std::string text) {
+    std::string added =
+        "#90001=(MASS_UNIT()NAMED_UNIT(*)SI_UNIT($,.GRAM.));\n"
+        "#90002=(LENGTH_UNIT()NAMED_UNIT(*)SI_UNIT(.CENTI.,.METRE.));\n"
+        "#90003=DERIVED_UNIT_ELEMENT(#90001,1.);\n"
+        "#90004=DERIVED_UNIT_ELEMENT(#90002,-3.);\n"
+        "#90005=DERIVED_UNIT((#90003,#90004));\n"
+        "#90006=MEASURE_REPRESENTATION_ITEM('',POSITIVE_RATIO_MEASURE(1.),#90005);\n"
+        "#90007=REPRESENTATION('density',(#90006),$);\n";
+    int number = 90010;
+    for (const char* part : {"#742", "#1122", "#1901", "#3795", "#6202"}) {
+        const std::string property = "#" + std::to_string(number++);
+        added += property + "=PROPERTY_DEFINITION('material property','density'," + part + ");\n#" +
+                 std::to_string(number++) + "=PROPERTY_DEFINITION_REPRESENTATION(" + property +
+                 ",#90007);\n";
+    }
+    text.insert(text.rfind("ENDSEC;"), added);
+    return text;
+}
+
 TEST_F(Assemblies, HaveTheProductsAndUsesThatTheirTextHas) {
     // Counted from the text of the files by a script that knows nothing of the reader.
     const struct {
@@ -128,24 +149,7 @@ TEST_F(Assemblies, HaveMaterialsAndMassesInTheirOwnUnits) {
 
 TEST_F(Assemblies, WeighWhatTheirOwnVolumesSay) {
     // The file tells the volume of each part; with 1 g/cm3 for all they are the masses.
-    std::string text = LoadBytes("as1-oc-214.stp");
-    std::string added =
-        "#90001=(MASS_UNIT()NAMED_UNIT(*)SI_UNIT($,.GRAM.));\n"
-        "#90002=(LENGTH_UNIT()NAMED_UNIT(*)SI_UNIT(.CENTI.,.METRE.));\n"
-        "#90003=DERIVED_UNIT_ELEMENT(#90001,1.);\n"
-        "#90004=DERIVED_UNIT_ELEMENT(#90002,-3.);\n"
-        "#90005=DERIVED_UNIT((#90003,#90004));\n"
-        "#90006=MEASURE_REPRESENTATION_ITEM('',POSITIVE_RATIO_MEASURE(1.),#90005);\n"
-        "#90007=REPRESENTATION('density',(#90006),$);\n";
-    int number = 90010;
-    for (const char* part : {"#742", "#1122", "#1901", "#3795", "#6202"}) {
-        const std::string property = "#" + std::to_string(number++);
-        added += property + "=PROPERTY_DEFINITION('material property','density'," + part + ");\n#" +
-                 std::to_string(number++) + "=PROPERTY_DEFINITION_REPRESENTATION(" + property +
-                 ",#90007);\n";
-    }
-    text.insert(text.rfind("ENDSEC;"), added);
-    const tests::TemporaryFile file("as1.stp", text);
+    const tests::TemporaryFile file("as1.stp", WithDensities(LoadBytes("as1-oc-214.stp")));
     const auto result = StepDocument::Read(file.GetPath(), {});
     ASSERT_TRUE(std::holds_alternative<std::unique_ptr<StepDocument>>(result));
     StepDocument& document = *std::get<0>(result);
@@ -159,6 +163,21 @@ TEST_F(Assemblies, WeighWhatTheirOwnVolumesSay) {
     EXPECT_NEAR(masses.at("rod-assembly"), 0.0170371, 1e-6);
     EXPECT_NEAR(masses.at("l-bracket-assembly"), 0.1084539, 1e-6);
     EXPECT_NEAR(masses.at("as1"), 0.7645201, 1e-6);
+}
+
+TEST_F(Assemblies, AreWeighedButForTheirDamagedParts) {
+    std::string text = LoadBytes("as1-oc-214.stp");
+    // The last line of the file is an edge of the plate.
+    const std::size_t line = text.rfind("= LINE('',#");
+    ASSERT_NE(line, std::string::npos);
+    const std::size_t point = text.find('#', line);
+    text.replace(point, text.find(',', point) - point, "$");
+    const tests::TemporaryFile file("as1.stp", WithDensities(text));
+    const auto result = StepDocument::Read(file.GetPath(), {});
+    const std::map<std::string, double> masses = MassesByName(*std::get<0>(result));
+    EXPECT_EQ(masses.size(), 2u);
+    EXPECT_TRUE(masses.contains("rod-assembly"));
+    EXPECT_TRUE(masses.contains("l-bracket-assembly"));
 }
 
 TEST_F(Assemblies, AreRefusedWhereverTheyAreCut) {

@@ -1,3 +1,5 @@
+#include "control/IfProductTreeCtrl.h"
+#include "items/ProductTreeItemData.h"
 #include "tests/platform/ViewBuilder.h"
 #include "tests/support/ViewDump.h"
 
@@ -33,6 +35,27 @@ TEST(ViewRows, ADroppedRowThatIsStillHeldStandsNowhere) {
     RowAt(*view, {}).SetChildCount(2);
     EXPECT_EQ(held->GetParent(), nullptr);
     EXPECT_EQ(held->GetNameText().Str(), L"c1");
+}
+
+TEST(ViewRows, RowsThatLeaveTheTreeLetGoOfTheirData) {
+    class Control final : public productTree::IfProductTreeCtrl {};
+    Control control;
+    const auto view = MakeView(c_product);
+    const auto fill = [&](platform::TreeTableRow& row) {
+        row.SetData(new productTree::ProductTreeItemData(control, nullptr), L"name", L"marking");
+        return TreeRowPtr(&row);
+    };
+    const TreeRowPtr root = fill(RowAt(*view, {}));
+    const TreeRowPtr kept = fill(RowAt(*view, {0}));
+    const TreeRowPtr dropped = fill(RowAt(*view, {2}));
+    const TreeRowPtr below = fill(RowAt(*view, {2, 0}));
+    root->SetChildCount(1);
+    EXPECT_NE(kept->GetData(), nullptr);
+    EXPECT_EQ(dropped->GetData(), nullptr);
+    EXPECT_EQ(below->GetData(), nullptr);
+    view->SetRootRow(view->CreateRow());
+    EXPECT_EQ(root->GetData(), nullptr);
+    EXPECT_EQ(kept->GetData(), nullptr);
 }
 
 TEST(ViewRows, ARowOutlivesItsView) {
