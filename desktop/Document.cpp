@@ -114,11 +114,13 @@ std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path
 void ApplyMasses(platform::ProductModel& model, const import::StepDocument::Masses& masses) {
     std::unordered_map<UniqueMetaObjectKey, double> byKey(masses.begin(), masses.end());
     const unsigned long massNumber = ProductProperties::GetPropId(L"mass");
-    for (platform::ObjectRecord& object : model.objects) {
+    const auto apply = [&](platform::ObjectRecord& object) {
         const auto mass = byKey.find(object.key);
         if (mass != byKey.end())
             SetProperty(object, massNumber, PropValue(SimplePropVal(mass->second)));
-    }
+    };
+    apply(model.root);
+    std::ranges::for_each(model.objects, apply);
 }
 
 std::string Diagnostic(const std::filesystem::path& path, const std::string& text) {

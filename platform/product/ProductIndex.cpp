@@ -119,7 +119,9 @@ void ProductIndex::AddUses(PartEntry& owner) {
 
 PartEntry& ProductIndex::AddPart(const PartRecord& record, const ObjectEntry& object) {
     PartEntry& part = m_parts.emplace_back();
-    part.key = record.key;
+    // A key of the index's own, next to its neighbours in memory: those of the records lie between all
+    // that the records hold, and a walk over all parts would miss the cache at each of them.
+    part.key = UniqueMetaObjectKey(std::string(record.key.String()));
     part.record = &record;
     part.object = &object;
     part.kind = record.kind;
@@ -149,8 +151,10 @@ void ProductIndex::MakeSlots() {
         if (key.IsEmpty())
             continue;
         const PartEntry* const first = FindInSlots(key);
-        key.SetHint(static_cast<std::uint32_t>(first ? first - m_parts.data()
-                                                     : static_cast<std::ptrdiff_t>(part)));
+        const auto place = static_cast<std::uint32_t>(first ? first - m_parts.data()
+                                                            : static_cast<std::ptrdiff_t>(part));
+        key.SetHint(place);
+        m_parts[part].record->key.SetHint(place);
         if (first)
             continue;
         const std::uint32_t hash = HashOf(key);
@@ -178,7 +182,7 @@ const PartEntry* ProductIndex::Find(const UniqueMetaObjectKey& key) const {
         return nullptr;
     // Nearly every key that is asked about is a copy of one that stands here.
     const std::uint32_t hint = key.GetHint();
-    if (hint < m_parts.size() && m_parts[hint].key.IsSame(key))
+    if (hint < m_parts.size() && m_parts[hint].key == key)
         return &m_parts[hint];
     return FindInSlots(key);
 }
