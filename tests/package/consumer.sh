@@ -10,7 +10,7 @@ cxx=$4
 
 rm -rf "$work"
 cmake --install "$build" --prefix "$work/prefix" >"$work.log"
-cmake -S "$consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
+cmake -G Ninja -S "$consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
     -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="${CONSUMER_CXX_FLAGS:-}"
 cmake --build "$work/build" --parallel 2
 "$work/build/consumer"
