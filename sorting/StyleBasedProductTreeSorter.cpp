@@ -8,7 +8,6 @@
 #include <map>
 #include <optional>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace productTree {
@@ -148,15 +147,16 @@ void StyleBasedProductTreeSorter::CollectObjects() {
     m_orderedParts = aggregator.GetPrimaryMetaData().GetOrderedPartsOfKinds(c_rowKinds);
     m_topKeys = m_data->GetTopKeys();
 
-    std::unordered_set<Key> met;
+    struct Met {};
+    KeyMap<Met> met;
     const auto add = [&](const Key& key) {
-        if (met.insert(key).second)
+        if (met.Add(key, {}))
             m_objects.push_back(key);
     };
     for (const Key& topKey : m_topKeys)
         std::ranges::for_each(metaData.GetDirectParts(topKey), add);
     for (const Key& key : metaData.GetPartsOfKinds(c_rowKinds)) {
-        if (!met.contains(key) && metaData.GetParentParts(key).empty())
+        if (!met.Find(key) && metaData.GetParentParts(key).empty())
             add(key);
     }
 }
@@ -164,8 +164,7 @@ void StyleBasedProductTreeSorter::CollectObjects() {
 void StyleBasedProductTreeSorter::IndexParts() {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     const IfMetaProductData& primary = aggregator.GetPrimaryMetaData();
-    m_index.clear();
-    m_index.reserve(m_orderedParts.size() + m_objects.size());
+    m_index.Reset(m_orderedParts.size() + m_objects.size());
 
     PartPlaces places(m_orderedParts);
     std::vector<bool> isIndexed(m_orderedParts.size());
@@ -174,21 +173,21 @@ void StyleBasedProductTreeSorter::IndexParts() {
             const auto place = places.Find(part);
             if (!place || isIndexed[*place] || m_data->IsCountMark(part))
                 continue;
-            m_index.try_emplace(part, InfObjIndex{i, *place});
+            m_index.Add(part, {i, *place});
             isIndexed[*place] = true;
         }
     }
 
     for (std::size_t i = 0; i < m_orderedParts.size(); ++i) {
         if (!isIndexed[i] && m_data->IsCountMark(m_orderedParts[i])) {
-            m_index.try_emplace(m_orderedParts[i], InfObjIndex{c_noPlace, i});
+            m_index.Add(m_orderedParts[i], {c_noPlace, i});
             isIndexed[i] = true;
         }
     }
     std::uint64_t counter = 0;
     for (std::size_t i = 0; i < m_orderedParts.size(); ++i) {
         if (!isIndexed[i] && aggregator.GetOwners(m_orderedParts[i]).empty())
-            m_index.try_emplace(m_orderedParts[i], InfObjIndex{c_noPlace, counter++});
+            m_index.Add(m_orderedParts[i], {c_noPlace, counter++});
     }
 }
 
@@ -205,7 +204,7 @@ void StyleBasedProductTreeSorter::IndexObjects() {
         // Manual billets come in the reverse of the order in which they were met.
         if (meta_data::SP::IsManualBillet(aggregator, object))
             index = {c_noPlace, m_objects.size() - 1 - i};
-        m_index.insert_or_assign(object, index);
+        m_index.Set(object, index);
     }
     m_firstUses.push_back(static_cast<std::uint32_t>(m_uses.size()));
 }
@@ -232,7 +231,7 @@ void StyleBasedProductTreeSorter::MakeComparator() {
     m_comparator = description ? CreateDescrGroupingComparator(*description)
                                : CreateDefaultGroupingComparator();
     m_comparator->SetOptionA(false);
-    m_comparator->SetIndexMap(m_index);
+    m_comparator->SetIndexMap(*this);
     m_comparator->SetOptionB(true);
     m_comparator->SetOptionC(false);
 }
@@ -446,12 +445,11 @@ InfObjIndex StyleBasedProductTreeSorter::AppendUses(const Key& object,
                                                     std::vector<Use>& uses) const {
     InfObjIndex first{c_noPlace, c_noPlace};
     for (Key& occurrence : m_data->GetAggregator().GetOccurrences(object, nullptr)) {
-        const auto found = m_index.find(occurrence);
-        const bool hasIndex = found != m_index.end();
-        if (hasIndex)
-            first = std::min(first, found->second);
+        const InfObjIndex* index = m_index.Find(occurrence);
+        if (index)
+            first = std::min(first, *index);
         if (m_data->IsInTopKeys(occurrence, m_topKeys))
-            uses.push_back({std::move(occurrence), hasIndex ? found->second : InfObjIndex()});
+            uses.push_back({std::move(occurrence), index ? *index : InfObjIndex()});
     }
     return first;
 }
@@ -496,8 +494,8 @@ bool StyleBasedProductTreeSorter::IsBillet(const Key& key) const {
 }
 
 InfObjIndex StyleBasedProductTreeSorter::GetIndex(const Key& key) const {
-    const auto found = m_index.find(key);
-    return found == m_index.end() ? InfObjIndex() : found->second;
+    const InfObjIndex* index = m_index.Find(key);
+    return index ? *index : InfObjIndex();
 }
 
 int StyleBasedProductTreeSorter::CompareBillets(const ConstProductPart& a,
@@ -509,11 +507,11 @@ int StyleBasedProductTreeSorter::CompareBillets(const ConstProductPart& a,
     if (!meta_data::SP::IsManualBillet(aggregator, a.key) ||
         !meta_data::SP::IsManualBillet(aggregator, b.key))
         return 0;
-    const auto indexOfA = m_index.find(a.key);
-    const auto indexOfB = m_index.find(b.key);
-    if (indexOfA == m_index.end() || indexOfB == m_index.end())
+    const InfObjIndex* indexOfA = m_index.Find(a.key);
+    const InfObjIndex* indexOfB = m_index.Find(b.key);
+    if (!indexOfA || !indexOfB)
         return 0;
-    const std::int64_t difference = indexOfA->second - indexOfB->second;
+    const std::int64_t difference = *indexOfA - *indexOfB;
     return difference < 0 ? -1 : difference > 0 ? 1 : 0;
 }
 

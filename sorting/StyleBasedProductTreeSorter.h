@@ -6,6 +6,7 @@
 #include "host/data/Grouping.h"
 #include "sorting/IProductTreeSorter.h"
 #include "sorting/IndexedRows.h"
+#include "sorting/KeyMap.h"
 #include "sorting/PartRuns.h"
 #include "sorting/SortSections.h"
 
@@ -20,7 +21,7 @@ class IfProductTreeData;
 
 namespace productTree {
 
-class StyleBasedProductTreeSorter final : public IProductTreeSorter {
+class StyleBasedProductTreeSorter final : public IProductTreeSorter, private IfInfObjOrder {
 public:
     explicit StyleBasedProductTreeSorter(std::shared_ptr<IfProductTreeData> data);
 
@@ -68,7 +69,7 @@ private:
     bool IsSeparate(const UniqueMetaObjectKey& key) const;
     bool IsInAnySpecification(const UniqueMetaObjectKey& key) const;
     bool IsBillet(const UniqueMetaObjectKey& key) const;
-    InfObjIndex GetIndex(const UniqueMetaObjectKey& key) const;
+    InfObjIndex GetIndex(const UniqueMetaObjectKey& key) const override;
     int CompareBillets(const ConstProductPart& a, const ConstProductPart& b) const;
 
     std::shared_ptr<IfProductTreeData> m_data;
@@ -79,7 +80,7 @@ private:
     Keys m_billets;
     Keys m_topKeys;
     /// Not changed any more once the objects are collected: the sorts of rows read it too.
-    InfObjIndexMap m_index;
+    KeyMap<InfObjIndex> m_index;
     Keys m_orderedParts;
     std::vector<SortSection> m_sections;
     SortSection m_noSection;

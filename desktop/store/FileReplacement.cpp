@@ -43,7 +43,7 @@ public:
 
     bool IsOpen() const noexcept { return m_file >= 0; }
 
-    bool Write(std::string_view text) {
+    bool Write(std::string_view text) const {
         while (!text.empty()) {
             const ssize_t written = ::write(m_file, text.data(), text.size());
             if (written < 0 && errno == EINTR)
@@ -55,7 +55,7 @@ public:
         return ::fsync(m_file) == 0;
     }
 
-    bool TakeMode(mode_t mode) { return ::fchmod(m_file, mode) == 0; }
+    bool TakeMode(mode_t mode) const { return ::fchmod(m_file, mode) == 0; }
 
     bool Replace(const fs::path& target) {
         m_isKept = ::rename(m_path.c_str(), target.c_str()) == 0;

@@ -72,7 +72,8 @@ JsonData Encode(const VariantMarking& value) {
 }
 
 void MemberWriter::Put(std::string_view name, JsonData data) {
-    if (JsonMember* const kept = const_cast<JsonMember*>(FindMember(m_object, name))) {
+    const auto kept = std::ranges::find(m_object, name, &JsonMember::name);
+    if (kept != m_object.end()) {
         kept->value.data = std::move(data);
         return;
     }

@@ -29,7 +29,7 @@ std::string ToUtf8(std::wstring_view wide) {
     utf8.reserve(wide.size());
     const auto append = [&utf8](std::uint32_t byte) { utf8 += static_cast<char>(byte); };
     for (const wchar_t c : wide) {
-        auto code = static_cast<std::uint32_t>(c);
+        auto code = static_cast<char32_t>(c);
         if ((code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF)
             code = 0xFFFD;
         if (code < 0x80) {

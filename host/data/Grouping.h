@@ -7,7 +7,6 @@
 #include <compare>
 #include <cstdint>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 class IfMetaProductData;
@@ -24,7 +23,14 @@ struct InfObjIndex {
     }
 };
 
-using InfObjIndexMap = std::unordered_map<UniqueMetaObjectKey, InfObjIndex>;
+/// The document's order of parts.
+class IfInfObjOrder {
+public:
+    virtual ~IfInfObjOrder() = default;
+
+    /// The first place of all for a key that has none.
+    virtual InfObjIndex GetIndex(const UniqueMetaObjectKey& key) const = 0;
+};
 
 /// A part together with the body of meta data that knows it.
 struct ConstProductPart {
@@ -53,8 +59,8 @@ public:
     /// Whether capital and small letters are the same; off for the panel.
     virtual void SetOptionC(bool on) = 0;
     /// The document's order, which decides between parts that are not alike but equal in all that
-    /// is compared. The map must live as long as the comparator.
-    virtual void SetIndexMap(const InfObjIndexMap& index) = 0;
+    /// is compared. It must live as long as the comparator.
+    virtual void SetIndexMap(const IfInfObjOrder& order) = 0;
 };
 
 std::unique_ptr<IfGroupingComparator>

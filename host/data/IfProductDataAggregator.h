@@ -35,7 +35,8 @@ public:
     virtual PartHandler GetPartHandler(const UniqueMetaObjectKey& key) const = 0;
     /// Empty for a part on the top level.
     virtual std::set<UniqueMetaObjectKey> GetParentParts(const UniqueMetaObjectKey& key) const = 0;
-    virtual std::set<UniqueMetaObjectKey> GetPartsOfKinds(const std::set<int>& kinds) const = 0;
+    /// In the order of their keys, each once.
+    virtual std::vector<UniqueMetaObjectKey> GetPartsOfKinds(const std::set<int>& kinds) const = 0;
     /// The same parts in the host's order.
     virtual std::vector<UniqueMetaObjectKey>
     GetOrderedPartsOfKinds(const std::set<int>& kinds) const = 0;

@@ -83,11 +83,12 @@ PartHandler MemoryMetaData::GetPartHandler(const UniqueMetaObjectKey& key) const
     return MakePartHandler(FindOwn(key));
 }
 
-std::set<UniqueMetaObjectKey> MemoryMetaData::GetPartsOfKinds(const std::set<int>& kinds) const {
-    std::set<UniqueMetaObjectKey> keys;
+std::vector<UniqueMetaObjectKey> MemoryMetaData::GetPartsOfKinds(const std::set<int>& kinds) const {
+    std::vector<UniqueMetaObjectKey> keys;
+    keys.reserve(GetPartsByKey().size());
     for (const PartEntry* const part : GetPartsByKey()) {
-        if (kinds.contains(part->kind))
-            keys.insert(keys.end(), part->key);
+        if (kinds.contains(part->kind) && (keys.empty() || keys.back() != part->key))
+            keys.push_back(part->key);
     }
     return keys;
 }

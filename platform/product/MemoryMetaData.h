@@ -19,7 +19,7 @@ public:
     bool IsAssociativeBillet(const UniqueMetaObjectKey& key) const override;
     bool HasPartHandler(const UniqueMetaObjectKey& key) const override;
     PartHandler GetPartHandler(const UniqueMetaObjectKey& key) const override;
-    std::set<UniqueMetaObjectKey> GetPartsOfKinds(const std::set<int>& kinds) const override;
+    std::vector<UniqueMetaObjectKey> GetPartsOfKinds(const std::set<int>& kinds) const override;
     std::vector<UniqueMetaObjectKey>
     GetOrderedPartsOfKinds(const std::set<int>& kinds) const override;
 

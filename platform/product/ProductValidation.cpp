@@ -29,7 +29,7 @@ constexpr std::int64_t c_maxMoment = 253402300799;
 
 bool IsUnicode(std::wstring_view text) {
     return std::ranges::all_of(text, [](wchar_t c) {
-        const auto code = static_cast<std::uint32_t>(c);
+        const auto code = static_cast<char32_t>(c);
         return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
     });
 }

@@ -184,15 +184,12 @@ public:
         m_options.ignoresCase = on;
         m_records.SetOptions(m_options);
     }
-    void SetIndexMap(const InfObjIndexMap& index) override { m_index = &index; }
+    void SetIndexMap(const IfInfObjOrder& order) override { m_order = &order; }
 
 private:
     /// A key that the order does not know stands at its very begin.
     InfObjIndex FindIndex(const UniqueMetaObjectKey& key) const {
-        if (!m_index)
-            return {};
-        const auto found = m_index->find(key);
-        return found == m_index->end() ? InfObjIndex() : found->second;
+        return m_order ? m_order->GetIndex(key) : InfObjIndex();
     }
 
     /// The classes of like parts, and in `classes` the class of each part.
@@ -258,7 +255,7 @@ private:
     bool m_documentOrderFirst = false;
     platform::TextOptions m_options;
     RecordSource m_records;
-    const InfObjIndexMap* m_index = nullptr;
+    const IfInfObjOrder* m_order = nullptr;
 };
 
 } // namespace

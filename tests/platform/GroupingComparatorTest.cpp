@@ -19,6 +19,15 @@ int Sign(int order) {
     return order < 0 ? -1 : order > 0 ? 1 : 0;
 }
 
+struct TestOrder final : IfInfObjOrder {
+    InfObjIndex GetIndex(const UniqueMetaObjectKey& key) const override {
+        const auto found = index.find(key);
+        return found == index.end() ? InfObjIndex() : found->second;
+    }
+
+    std::map<UniqueMetaObjectKey, InfObjIndex> index;
+};
+
 /// The objects of a product and the panel's order of them.
 struct Ordered {
     explicit Ordered(const Product& builder) : Ordered(builder.Model()) {}
@@ -26,10 +35,10 @@ struct Ordered {
         const auto& objects = product.GetModel().objects;
         for (std::size_t i = 0; i < objects.size(); ++i) {
             parts.push_back({&product.GetAggregator().GetMetaData(), objects[i].key});
-            index[objects[i].key] = {0, objects.size() - i};
+            order.index[objects[i].key] = {0, objects.size() - i};
         }
         comparator->SetOptionA(false);
-        comparator->SetIndexMap(index);
+        comparator->SetIndexMap(order);
         comparator->SetOptionB(true);
         comparator->SetOptionC(false);
     }
@@ -40,21 +49,21 @@ struct Ordered {
 
     /// The keys in their order, like ones in brackets.
     std::string Text() const {
-        std::vector<std::size_t> order(parts.size());
-        std::iota(order.begin(), order.end(), 0U);
-        std::stable_sort(order.begin(), order.end(),
+        std::vector<std::size_t> sorted(parts.size());
+        std::iota(sorted.begin(), sorted.end(), 0U);
+        std::stable_sort(sorted.begin(), sorted.end(),
                          [this](std::size_t a, std::size_t b) { return Compare(a, b) < 0; });
         std::string text;
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            const bool isLike = i > 0 && Compare(order[i - 1], order[i]) == 0;
-            text += (i == 0 ? "" : isLike ? "=" : " ") + parts[order[i]].key.String();
+        for (std::size_t i = 0; i < sorted.size(); ++i) {
+            const bool isLike = i > 0 && Compare(sorted[i - 1], sorted[i]) == 0;
+            text += (i == 0 ? "" : isLike ? "=" : " ") + parts[sorted[i]].key.String();
         }
         return text;
     }
 
     platform::MemoryProduct product;
     std::vector<ConstProductPart> parts;
-    InfObjIndexMap index;
+    TestOrder order;
     std::unique_ptr<IfGroupingComparator> comparator = CreateDefaultGroupingComparator();
 };
 
@@ -101,7 +110,7 @@ TEST(GroupingComparator, NamesAloneAreNoIdentity) {
     product.Object("c").Name(L"Document");
     Ordered ordered(product);
     EXPECT_EQ(ordered.Text(), "c b a");
-    ordered.index.clear();
+    ordered.order.index.clear();
     EXPECT_EQ(ordered.Text(), "a b c");
     EXPECT_EQ(ordered.Compare(1, 1), 0);
 }
