@@ -34,8 +34,8 @@ private:
             if (--rep->count == 0)
                 Destroy(rep);
         }
-        // Apart from its callers: inlined, it makes each of them bigger and GCC 12 suspect two holders
-        // of one text of deleting it twice.
+        // Apart from its callers: inlined, it makes each of them bigger and GCC 12 suspect two
+        // holders of one text of deleting it twice.
         [[gnu::noinline]] static void Destroy(Rep* rep) noexcept { delete rep; }
     };
 

@@ -30,9 +30,9 @@ public:
     bool IsSame(const UniqueMetaObjectKey& other) const noexcept { return m_rep == other.m_rep; }
     std::size_t GetHash() const noexcept { return m_rep ? m_rep->hash : 0; }
 
-    /// A note that the host may leave for all copies of the key, for instance where it keeps what the
-    /// key names. It proves nothing: another part of the host may have written it. 0 until set; the
-    /// empty key takes none.
+    /// A note that the host may leave for all copies of the key, for instance where it keeps what
+    /// the key names. It proves nothing: another part of the host may have written it. 0 until set;
+    /// the empty key takes none.
     std::uint32_t GetHint() const noexcept { return m_rep ? m_rep->hint : 0; }
     void SetHint(std::uint32_t hint) const noexcept {
         if (m_rep)
@@ -42,8 +42,7 @@ public:
     friend bool operator==(const UniqueMetaObjectKey& a, const UniqueMetaObjectKey& b) noexcept {
         if (a.m_rep == b.m_rep)
             return true;
-        return a.m_rep && b.m_rep && a.m_rep->hash == b.m_rep->hash &&
-               a.m_rep->key == b.m_rep->key;
+        return a.m_rep && b.m_rep && a.m_rep->hash == b.m_rep->hash && a.m_rep->key == b.m_rep->key;
     }
     friend std::strong_ordering operator<=>(const UniqueMetaObjectKey& a,
                                             const UniqueMetaObjectKey& b) noexcept {
@@ -71,7 +70,7 @@ private:
 
 template <>
 struct std::hash<UniqueMetaObjectKey> {
-    // Not noexcept, although it throws nothing: the standard library's hash tables then keep the hash
-    // beside the key and need not look at each key they pass.
+    // Not noexcept, although it throws nothing: the standard library's hash tables then keep the
+    // hash beside the key and need not look at each key they pass.
     std::size_t operator()(const UniqueMetaObjectKey& key) const { return key.GetHash(); }
 };

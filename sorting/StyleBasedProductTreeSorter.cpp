@@ -2,12 +2,12 @@
 
 #include "columns/PropertyKeys.h"
 #include "host/data/IfProductTreeData.h"
+#include "sorting/GroupKeyChoice.h"
+#include "sorting/PartPlaces.h"
 
 #include <algorithm>
 #include <limits>
 #include <map>
-#include <optional>
-#include <unordered_map>
 #include <utility>
 
 namespace productTree {
@@ -47,72 +47,6 @@ const PartHandler& GetSpeakingHandler(const GroupPartHandler& handler) {
     return handler.GetGroupKey() == Key::null ? handler.GetRawPartHandler()
                                               : handler.GetGroupPartHandler();
 }
-
-// Where a part stands among the ordered parts. Parts are mostly asked for in that very order; a map
-// is made for the first that is not.
-class PartPlaces {
-public:
-    explicit PartPlaces(const std::vector<Key>& parts) : m_parts(parts) {}
-
-    std::optional<std::size_t> Find(const Key& part) {
-        if (m_next < m_parts.size() && m_parts[m_next] == part)
-            return m_next++;
-        if (m_places.empty())
-            MakeMap();
-        const auto place = m_places.find(part);
-        if (place == m_places.end())
-            return std::nullopt;
-        m_next = place->second + 1;
-        return place->second;
-    }
-
-private:
-    void MakeMap() {
-        m_places.reserve(m_parts.size());
-        for (std::size_t i = 0; i < m_parts.size(); ++i)
-            m_places.try_emplace(m_parts[i], i);
-    }
-
-    const std::vector<Key>& m_parts;
-    std::unordered_map<Key, std::size_t> m_places;
-    std::size_t m_next = 0;
-};
-
-// The key that stands for a group: that of the first part used in the current style, else of the
-// first used in any style, else of the first part.
-class GroupKeyChoice {
-public:
-    GroupKeyChoice(const IfProductDataAggregator& aggregator, meta_data::SP::StyleId style)
-        : m_aggregator(aggregator), m_style(style) {}
-
-    // `asked` is whose use counts; billets are used where their owner is.
-    void Add(const Key& key, const Key& asked) {
-        if (IsSPUsed(m_aggregator, asked, m_style))
-            TakeFirst(m_used, key);
-        else if (IsSPUsed(m_aggregator, asked, AllStyleId()))
-            TakeFirst(m_usedElsewhere, key);
-        else
-            TakeFirst(m_notUsed, key);
-    }
-
-    const Key& Get() const {
-        if (m_used != Key::null)
-            return m_used;
-        return m_usedElsewhere != Key::null ? m_usedElsewhere : m_notUsed;
-    }
-
-private:
-    static void TakeFirst(Key& slot, const Key& key) {
-        if (slot == Key::null)
-            slot = key;
-    }
-
-    const IfProductDataAggregator& m_aggregator;
-    meta_data::SP::StyleId m_style;
-    Key m_used;
-    Key m_usedElsewhere;
-    Key m_notUsed;
-};
 
 } // namespace
 

@@ -119,8 +119,8 @@ void ProductIndex::AddUses(PartEntry& owner) {
 
 PartEntry& ProductIndex::AddPart(const PartRecord& record, const ObjectEntry& object) {
     PartEntry& part = m_parts.emplace_back();
-    // A key of the index's own, next to its neighbours in memory: those of the records lie between all
-    // that the records hold, and a walk over all parts would miss the cache at each of them.
+    // A key of the index's own, next to its neighbours in memory: those of the records lie between
+    // all that the records hold, and a walk over all parts would miss the cache at each of them.
     part.key = UniqueMetaObjectKey(std::string(record.key.String()));
     part.record = &record;
     part.object = &object;

@@ -1,5 +1,5 @@
-// A host of somebody else's: it finds the maker of the product tree in the registry and uses what the
-// library exports.
+// A host of somebody else's: it finds the maker of the product tree in the registry and uses what
+// the library exports.
 #include "columns/ColumnInfo.h"
 #include "host/frame/FeatureTrees.h"
 #include "host/frame/ITreeWrapper.h"
