@@ -1,6 +1,8 @@
 #include "bench/Allocations.h"
 
+#include <cstddef>
 #include <cstdlib>
+#include <malloc.h>
 #include <new>
 
 namespace {
@@ -14,12 +16,28 @@ void* CountedAllocation(std::size_t size) {
     throw std::bad_alloc();
 }
 
+// Memory resources ask with an alignment, mostly one that malloc keeps anyway.
+void* CountedAllocation(std::size_t size, std::align_val_t alignment) {
+    const auto step = static_cast<std::size_t>(alignment);
+    if (step <= alignof(std::max_align_t))
+        return CountedAllocation(size);
+    ++g_count;
+    if (void* memory = std::aligned_alloc(step, (size + step - 1) / step * step))
+        return memory;
+    throw std::bad_alloc();
+}
+
 } // namespace
 
 namespace bench {
 
 std::size_t GetAllocationCount() {
     return g_count;
+}
+
+std::size_t GetLiveBytes() {
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
 }
 
 } // namespace bench
@@ -30,6 +48,14 @@ void* operator new(std::size_t size) {
 
 void* operator new[](std::size_t size) {
     return CountedAllocation(size);
+}
+
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return CountedAllocation(size, alignment);
+}
+
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+    return CountedAllocation(size, alignment);
 }
 
 void operator delete(void* memory) noexcept {
@@ -45,5 +71,21 @@ void operator delete(void* memory, std::size_t) noexcept {
 }
 
 void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::align_val_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete[](void* memory, std::align_val_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
     std::free(memory);
 }

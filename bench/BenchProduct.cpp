@@ -3,6 +3,7 @@
 #include "tests/support/GeneratedProduct.h"
 
 #include <map>
+#include <vector>
 
 namespace bench {
 
@@ -12,6 +13,19 @@ std::shared_ptr<platform::MemoryProduct> GetProduct(std::size_t occurrences) {
     if (!product)
         product = std::make_shared<platform::MemoryProduct>(support::GenerateProduct(occurrences));
     return product;
+}
+
+void UndoAll(platform::MemoryProduct& product) {
+    while (product.CanUndo())
+        product.Undo();
+}
+
+void CoolCaches() {
+    constexpr std::size_t line = 64;
+    static std::vector<unsigned char> other(std::size_t{16} << 20);
+    for (std::size_t i = 0; i < other.size(); i += line)
+        ++other[i];
+    benchmark::ClobberMemory();
 }
 
 void Sizes(benchmark::internal::Benchmark* benchmark) {

@@ -5,12 +5,22 @@
 #include "platform/product/MemoryProduct.h"
 
 #include <benchmark/benchmark.h>
+#include <cstddef>
 #include <memory>
+#include <utility>
 
 namespace bench {
 
 /// The same product at each call.
 std::shared_ptr<platform::MemoryProduct> GetProduct(std::size_t occurrences);
+
+/// Takes back what a benchmark has changed in a product, which others are measured with too.
+void UndoAll(platform::MemoryProduct& product);
+
+/// Drives everything out of the processor's own caches. A user does other things between two
+/// builds, and ten thousand rows that stayed there can't be compared with a hundred thousand that
+/// don't fit.
+void CoolCaches();
 
 /// 1k, 10k and 100k occurrences.
 void Sizes(benchmark::internal::Benchmark* benchmark);
@@ -18,22 +28,28 @@ void Sizes(benchmark::internal::Benchmark* benchmark);
 template <class T>
 void Drop(T) {}
 
-/// Runs `work` as the benchmark and reports its allocations per occurrence. What `work` gives back
-/// is destroyed outside of the measured time.
+/// Runs `work` as the benchmark and reports, per occurrence, its allocations and the bytes that
+/// what it gives back holds. That is destroyed outside of the measured time.
 template <class Work>
 void Measure(benchmark::State& state, const Work& work) {
     std::size_t allocations = 0;
+    std::size_t bytes = 0;
+    CoolCaches();
     for (auto _ : state) {
         const std::size_t before = GetAllocationCount();
         auto result = work();
         allocations += GetAllocationCount() - before;
         state.PauseTiming();
         benchmark::DoNotOptimize(result);
+        const std::size_t held = GetLiveBytes();
         Drop(std::move(result));
+        bytes += held - GetLiveBytes();
+        CoolCaches();
         state.ResumeTiming();
     }
-    state.counters["allocations"] =
-        static_cast<double>(allocations) / static_cast<double>(state.iterations() * state.range(0));
+    const auto runs = static_cast<double>(state.iterations() * state.range(0));
+    state.counters["allocations"] = static_cast<double>(allocations) / runs;
+    state.counters["bytes"] = static_cast<double>(bytes) / runs;
 }
 
 } // namespace bench

@@ -1,4 +1,4 @@
-// The panel's own work: sorting, building, reading, remembering.
+// The panel's own work on all rows: sorting, building, remembering.
 
 #include "bench/BenchProduct.h"
 #include "control/ProductTreeEmbItemsStates.h"
@@ -35,15 +35,6 @@ void Rebuild(benchmark::State& state) {
     });
 }
 BENCHMARK(Rebuild)->Apply(bench::Sizes);
-
-void Refresh(benchmark::State& state) {
-    const platform::HostFrame frame(GetProduct(GetSize(state)));
-    Measure(state, [&] {
-        frame.GetTree().Refresh();
-        return 0;
-    });
-}
-BENCHMARK(Refresh)->Apply(bench::Sizes);
 
 // Every tenth row, so that all kinds of rows are among them.
 void ExpandSome(platform::TreeTableRow& row, std::size_t& counter) {

@@ -12,6 +12,8 @@ namespace {
 
 using bench::GetProduct;
 using bench::Measure;
+using platform::CellKind;
+using platform::TreeCell;
 using platform::TreeTableRow;
 using platform::TreeTableView;
 
@@ -57,6 +59,26 @@ void PlainSort(benchmark::State& state) {
 }
 BENCHMARK(PlainSort)->Apply(bench::Sizes);
 
+void CopyCell(const TreeTableRow& from, const TreeCell& cell, ITreeTableRow& to) {
+    const SharedText& column = from.GetColumnOf(cell);
+    const SharedText& icon = from.GetIconOf(cell);
+    switch (cell.GetKind()) {
+    case CellKind::Int:
+        to.InitIntEditor(column, cell.GetInt(), true, 0, 0, cell.IsEditable(), {});
+        break;
+    case CellKind::Double:
+        to.InitDoubleEditor(column, cell.GetDouble(), true, cell.IsEditable(), {}, 1, 0, 0);
+        break;
+    case CellKind::Bool:
+        to.InitBoolEditor(column, cell.GetBool(), true, cell.IsEditable(), {});
+        break;
+    default:
+        to.InitTextEditor(column, {}, cell.IsEditable(), {}, nullptr);
+        to.SetTextCell(column, cell.GetText(), cell.GetShownText(), cell.IsEditable(), false, icon,
+                       nullptr);
+    }
+}
+
 TreeRowPtr CopyRow(const TreeTableRow& from, TreeTableView& view) {
     const TreeRowPtr row = view.CreateRow();
     row->SetReadOnly(from.IsReadOnly());
@@ -67,6 +89,9 @@ TreeRowPtr CopyRow(const TreeTableRow& from, TreeTableView& view) {
     const auto editor = row->GetMarkingEditor();
     editor->SetBase(from.GetMarking().GetBase());
     editor->SetDisplayText(from.GetMarking().GetDisplayText());
+    for (std::size_t i = 0; i < from.GetCellCount(); ++i)
+        CopyCell(from, from.GetCell(i), *row);
+    row->SetCellCount(from.GetCellCount());
     for (std::size_t i = 0; i < from.GetChildCount(); ++i)
         row->AppendChild(CopyRow(from.GetChildRow(i), view));
     return row;

@@ -1,6 +1,6 @@
 // Room for all cells of one row in one piece. A hundred thousand rows of sixteen cells are made
 // anew at each full build: cells that are allocated one by one would cost more than everything else
-// in it.
+// in it. A build that replaces rows makes the new cells in the memory of the old ones.
 #pragma once
 
 #include <cstddef>
@@ -8,6 +8,7 @@
 #include <memory_resource>
 #include <new>
 #include <utility>
+#include <vector>
 
 namespace productTree {
 
@@ -22,24 +23,29 @@ public:
     /// Destroys the cells.
     ~CellArena();
 
+    /// For as long as one lives, the memory of arenas that go is kept for those that come.
+    class KeptMemory {
+    public:
+        KeptMemory();
+        KeptMemory(const KeptMemory&) = delete;
+        KeptMemory& operator=(const KeptMemory&) = delete;
+        ~KeptMemory();
+    };
+
     /// The cell's life is that of the arena, which each pointer to one of its cells keeps.
     template <class Cell, class... Args>
     std::shared_ptr<ProductTreeCellImpl> Make(Args&&... args) {
-        Node* node = new (m_memory.allocate(sizeof(Node), alignof(Node))) Node{nullptr, m_last};
+        m_cells.reserve(m_cells.size() + 1);
         void* place = m_memory.allocate(sizeof(Cell), alignof(Cell));
-        node->cell = new (place) Cell(std::forward<Args>(args)...);
-        m_last = node;
-        return {shared_from_this(), node->cell};
+        m_cells.push_back(new (place) Cell(std::forward<Args>(args)...));
+        return {shared_from_this(), m_cells.back()};
     }
 
 private:
-    struct Node {
-        ProductTreeCellImpl* cell;
-        Node* previous;
-    };
-
+    std::size_t m_pieceSize;
+    void* m_piece;
     std::pmr::monotonic_buffer_resource m_memory;
-    Node* m_last = nullptr;
+    std::pmr::vector<ProductTreeCellImpl*> m_cells;
 };
 
 } // namespace productTree

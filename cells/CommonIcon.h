@@ -4,24 +4,23 @@
 #include "cells/ProductTreeCellImpl.h"
 
 #include <optional>
-#include <string>
 
 namespace productTree {
 
 /// Gathers the icon names of the members. Just one: that name, be it empty; none or several: mixed.
 class CommonIcon {
 public:
-    void Add(std::wstring icon) {
+    void Add(const SharedText& icon) {
         if (!m_icon)
-            m_icon = std::move(icon);
-        else if (*m_icon != icon)
+            m_icon = icon;
+        else if (!(*m_icon == icon))
             m_differs = true;
     }
 
-    const std::wstring& Get() const { return m_icon && !m_differs ? *m_icon : sourceIcons::mixed; }
+    const SharedText& Get() const { return m_icon && !m_differs ? *m_icon : sourceIcons::mixed; }
 
 private:
-    std::optional<std::wstring> m_icon;
+    std::optional<SharedText> m_icon;
     bool m_differs = false;
 };
 

@@ -1,53 +1,268 @@
 #include "cells/GroupCellImpl.h"
 
+#include "cells/CellCommands.h"
+#include "cells/CommonIcon.h"
+#include "cells/JoinedText.h"
+#include "cells/NumberAwareLess.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemImpl.h"
+#include "items/RowIdIndex.h"
 
+#include <algorithm>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace productTree {
 
-template <class Callback>
-void GroupCellImpl::ForEachMember(const Callback& callback) const {
+namespace {
+
+constexpr std::wstring_view c_separator = L";";
+
+} // namespace
+
+GroupCellImpl::GroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
+                             GroupMode groupMode, const UniqueMetaObjectKey& key)
+    : ProductTreeCellImpl(data, std::move(row), column, key), m_groupMode(groupMode) {}
+
+SimplePropVal GroupCellImpl::GetGroupValue() const {
+    switch (m_groupMode) {
+    case GroupMode::AllValues:
+        return SimplePropVal(ListAllValues());
+    case GroupMode::CommonValue:
+        return FindCommonValue();
+    case GroupMode::NoValue:
+        break;
+    }
+    return {};
+}
+
+// The list is mostly the one that is shown: its texts are gathered in room that is kept, and no
+// list is made when it says what the last one says.
+SharedText GroupCellImpl::ListAllValues() const {
+    struct Entry {
+        SharedText text;
+        std::size_t place;
+    };
+    static std::vector<Entry> s_entries;
+    static std::vector<std::wstring_view> s_parts;
+    s_entries.clear();
+    GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
+        SharedText text = child.GetCellValue(GetColumnId()).to_wstring();
+        const bool isNew = s_entries.empty() || !(s_entries.back().text == text);
+        if (!text.IsEmpty() && isNew)
+            s_entries.push_back({std::move(text), s_entries.size()});
+        return true;
+    });
+
+    // Of texts that are equivalent the first that was met stays.
+    const NumberAwareLess less;
+    std::ranges::sort(s_entries, [&](const Entry& a, const Entry& b) {
+        if (less(a.text, b.text))
+            return true;
+        return !less(b.text, a.text) && a.place < b.place;
+    });
+    s_parts.clear();
+    const SharedText* last = nullptr;
+    for (const Entry& entry : s_entries) {
+        if (last && !less(*last, entry.text))
+            continue;
+        if (last)
+            s_parts.push_back(c_separator);
+        s_parts.push_back(entry.text.Str());
+        last = &entry.text;
+    }
+    // A single text is the members' own and not a copy of it.
+    SharedText list =
+        s_parts.size() == 1 ? s_entries.front().text : JoinTexts(m_value.to_wstring(), s_parts);
+    s_entries.clear();
+    return list;
+}
+
+SimplePropVal GroupCellImpl::FindCommonValue() const {
+    std::optional<SimplePropVal> common;
+    const bool agree = GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
+        SimplePropVal value = child.GetCellValue(GetColumnId());
+        if (!common)
+            common = std::move(value);
+        else if (!(*common == value))
+            return common->to_wstring() == value.to_wstring();
+        return true;
+    });
+    return agree && common ? *common : SimplePropVal();
+}
+
+void GroupCellImpl::ForEachMember(const std::function<bool(ProductTreeCellImpl&)>& callback) const {
     GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
-        ProductTreeCellImpl* cell = child.FindCell(m_column.GetId());
+        ProductTreeCellImpl* cell = child.FindCell(GetColumnId());
         return !cell || callback(*cell);
     });
 }
 
 bool GroupCellImpl::IsEditable() {
     if (!m_editable) {
-        m_editable = false;
+        bool editable = false;
         ForEachMember([&](ProductTreeCellImpl& cell) {
-            m_editable = cell.IsEditable();
-            return !*m_editable;
+            editable = cell.IsEditable();
+            return !editable;
         });
+        m_editable = editable;
     }
     return *m_editable;
 }
 
+ProductInfObjChangesResult GroupCellImpl::MakeChanges(const PropValue& value,
+                                                      std::optional<int> extra) {
+    ProductInfObjChangesResult changes;
+    GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
+        MergeChanges(changes, child.MakeCellChanges(GetColumnId(), value, extra));
+        return true;
+    });
+    return changes;
+}
+
 bool GroupCellImpl::HasHypertext() {
-    if (m_hasHypertext)
-        return *m_hasHypertext;
-    m_hasHypertext = false;
-    if (!m_data->IsEmbodimentMode()) {
-        std::vector<UniqueMetaObjectKey> with;
-        std::vector<UniqueMetaObjectKey> without;
-        GetItem().SplitByHypertext(with, without, m_column.GetId());
-        m_hasHypertext = without.empty() && m_data->AreHypertext(with, m_column.GetId());
-    }
+    if (!m_hasHypertext)
+        m_hasHypertext = HaveMembersSameHypertext(GetColumnId());
     return *m_hasHypertext;
+}
+
+bool GroupCellImpl::HaveMembersSameHypertext(const SharedText& columnId) const {
+    if (m_data->IsEmbodimentMode())
+        return false;
+    // Nearly always one without a link decides, and no lists of keys have to be made.
+    const bool haveAll = GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
+        ProductTreeCellImpl* const cell = child.FindCell(columnId);
+        return !cell || cell->HasHypertext();
+    });
+    if (!haveAll)
+        return false;
+    std::vector<UniqueMetaObjectKey> with;
+    std::vector<UniqueMetaObjectKey> without;
+    GetItem().SplitByHypertext(with, without, columnId);
+    return without.empty() && m_data->AreHypertext(with, columnId);
+}
+
+bool GroupCellImpl::CanInsertHypertext() {
+    if (m_data->IsEmbodimentMode() || HasHypertext())
+        return false;
+    bool can = false;
+    ForEachMember([&](ProductTreeCellImpl& cell) {
+        can = cell.CanInsertHypertext() || cell.CanEditHypertext();
+        return !can;
+    });
+    return can;
+}
+
+bool GroupCellImpl::CanEditHypertext() {
+    return !m_data->IsEmbodimentMode() && HasHypertext();
+}
+
+bool GroupCellImpl::CanDestroyHypertext() {
+    if (m_data->IsEmbodimentMode())
+        return false;
+    bool can = false;
+    ForEachMember([&](ProductTreeCellImpl& cell) {
+        can = cell.HasHypertext();
+        return !can;
+    });
+    return can;
 }
 
 bool GroupCellImpl::IsHypertextActive() {
     if (!m_hypertextActive) {
-        m_hypertextActive = true;
+        bool active = true;
         ForEachMember([&](ProductTreeCellImpl& cell) {
-            m_hypertextActive = cell.IsHypertextActive();
-            return *m_hypertextActive;
+            active = cell.IsHypertextActive();
+            return active;
         });
+        m_hypertextActive = active;
     }
     return *m_hypertextActive;
+}
+
+ProductInfObjChangesResult
+GroupCellImpl::SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows) {
+    rows.push_back(GetItem().GetId());
+    RowIdIndex done(rows);
+    ProductInfObjChangesResult changes;
+    GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
+        ProductTreeCellImpl* const cell = child.FindCell(GetColumnId());
+        if (!cell || done.Contains(*child.GetId()))
+            return true;
+        const std::size_t before = rows.size();
+        MergeChanges(changes, cell->SetBySource(bySource, rows));
+        for (std::size_t i = before; i < rows.size(); ++i)
+            done.Add(*rows[i]);
+        return true;
+    });
+    return changes;
+}
+
+TreeActionResult GroupCellImpl::OnHypertextActivated() {
+    TreeActionResult result;
+    ExecHypertextCommand(commands::editHypertext, result);
+    return result;
+}
+
+bool GroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
+    switch (command) {
+    case commands::insertHypertext:
+    case commands::destroyHypertext:
+    case commands::editHypertext:
+        ExecHypertextCommand(command, out);
+        return true;
+    case commands::transmitToSource:
+        m_data->TransmitToSource(m_column.GetId(), GetItem().GetValuesToTransmit(m_column.GetId()));
+        out.action = TreeActionResult::Synchronise;
+        return true;
+    default:
+        return ProductTreeCellImpl::ExecCommand(command, out);
+    }
+}
+
+bool GroupCellImpl::CanTransmitToSource() {
+    return !GetItem().ForEachChildItem(
+        [&](ProductTreeItemImpl& child) { return !child.CanTransmitToSource(m_column.GetId()); });
+}
+
+SharedText GroupCellImpl::GetSourceIcon() {
+    CommonIcon icon;
+    const std::size_t count = m_row->GetChildCount();
+    for (std::size_t i = 0; i < count; ++i)
+        icon.Add(m_row->GetChild(i)->GetCellSourceIcon(GetColumnId()));
+    return icon.Get();
+}
+
+std::vector<PropertyRef>
+GroupCellImpl::MakeRefs(const std::vector<UniqueMetaObjectKey>& keys) const {
+    std::vector<PropertyRef> refs;
+    refs.reserve(keys.size());
+    for (const UniqueMetaObjectKey& key : keys)
+        refs.push_back({key, UniqueMetaObjectKey::null, GetColumnId(), std::nullopt});
+    return refs;
+}
+
+// No row is selected afterwards: the group row stays the selected one.
+void GroupCellImpl::ExecHypertextCommand(int command, TreeActionResult& out) {
+    std::vector<UniqueMetaObjectKey> with;
+    std::vector<UniqueMetaObjectKey> without;
+    GetItem().SplitByHypertext(with, without, m_column.GetId());
+    out.action = TreeActionResult::Nothing;
+    if (command == commands::destroyHypertext) {
+        out.action = TreeActionResult::ValuesChanged;
+        m_data->DestroyHypertext(MakeRefs(with));
+        return;
+    }
+    bool changed = false;
+    if (command == commands::editHypertext) {
+        changed = m_data->EditHypertext(MakeRefs(with));
+    } else {
+        with.insert(with.end(), without.begin(), without.end());
+        changed = m_data->InsertHypertext(MakeRefs(with));
+    }
+    if (changed)
+        out.action = TreeActionResult::Synchronise;
 }
 
 } // namespace productTree

@@ -1,26 +1,68 @@
 // A cell of a group row. It owns no value: it mixes what the cells of the same column show in the
-// rows directly below, and answers every question by asking them.
+// rows directly below, answers every question by asking them, and hands an edit on to them all.
 #pragma once
 
 #include "cells/ProductTreeCellImpl.h"
 
+#include <functional>
+
 namespace productTree {
+
+/// What a group's value is made of its members'.
+enum class GroupMode : unsigned char {
+    /// A text that lists their texts, in the order of numbers, each once.
+    AllValues = 0,
+    /// The value on which all agree, or none.
+    CommonValue = 1,
+    /// The class makes a value of its own.
+    NoValue = 2
+};
 
 class GroupCellImpl : public ProductTreeCellImpl {
 public:
-    using ProductTreeCellImpl::ProductTreeCellImpl;
+    GroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
+                  GroupMode groupMode, const UniqueMetaObjectKey& key);
 
     /// As soon as one member is.
     bool IsEditable() override;
+    /// What the members make of the value, joined; each judges it for itself.
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
     /// All members have a link, and it is the same one. Never in embodiment mode.
     bool HasHypertext() override;
+    /// As soon as one member can have one, or have it changed, and not all have the same already.
+    bool CanInsertHypertext() override;
+    bool CanEditHypertext() override;
+    /// As soon as one member has one: mixed states can be done away with.
+    bool CanDestroyHypertext() override;
     /// All members are; true without members.
     bool IsHypertextActive() override;
+    ProductInfObjChangesResult
+    SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows) override;
+    TreeActionResult OnHypertextActivated() override;
+    bool ExecCommand(int command, TreeActionResult& out) override;
+    /// As soon as one child row can.
+    bool CanTransmitToSource() override;
+    /// The icon that all members show, read from their rows.
+    SharedText GetSourceIcon() override;
+
+    /// Worked out anew from what the members show, in shown units.
+    SimplePropVal GetGroupValue() const;
+    GroupMode GetGroupMode() const { return m_groupMode; }
 
 protected:
+    /// As HasHypertext answers, for the members' cells of that column.
+    bool HaveMembersSameHypertext(const SharedText& columnId) const;
     /// The members' cells of this column, until `callback` answers false.
-    template <class Callback>
-    void ForEachMember(const Callback& callback) const;
+    void ForEachMember(const std::function<bool(ProductTreeCellImpl&)>& callback) const;
+
+private:
+    std::vector<PropertyRef> MakeRefs(const std::vector<UniqueMetaObjectKey>& keys) const;
+    void ExecHypertextCommand(int command, TreeActionResult& out);
+    SharedText ListAllValues() const;
+    SimplePropVal FindCommonValue() const;
+
+    GroupMode m_groupMode;
 };
 
 } // namespace productTree

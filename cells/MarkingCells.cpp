@@ -1,20 +1,71 @@
 #include "cells/MarkingCells.h"
 
+#include "cells/CellCommands.h"
 #include "cells/CommonIcon.h"
+#include "cells/RowCommands.h"
 #include "host/VariantMarking.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemImpl.h"
 
+#include <utility>
+
 namespace productTree {
 
+namespace {
+
+// Not FinishEdit: a designation from the book that is not taken leaves the row as it is, which
+// nobody has typed into.
+template <class MakeChanges>
+void ChooseFromBook(IfProductTreeData& data, const ProductTreeItemImpl& item,
+                    const MakeChanges& makeChanges, TreeActionResult& out) {
+    out.action = TreeActionResult::Nothing;
+    const VariantMarking marking = item.GetMarkingFromRow();
+    const VariantMarking chosen = data.ChooseMarking(marking);
+    if (chosen == marking)
+        return;
+    ProductInfObjChangesResult changes = makeChanges(chosen.GetPropValue());
+    data.CommitChanges(changes);
+    if (changes.IsExistsChanges())
+        out.action = TreeActionResult::ValuesChanged;
+}
+
+void RestoreMarking(const ProductTreeItemImpl& item, const PropValue& shown) {
+    VariantMarking marking;
+    marking.FromPropertyTree(shown.GetPropertyTree());
+    item.SetMarkingToRow(marking);
+}
+
+void AddReferenceBook(ITreeTableRow& row, std::set<int>& available) {
+    const auto editor = row.GetMarkingEditor();
+    if (editor && !editor->IsChoiceLocked())
+        available.insert(commands::referenceBook);
+}
+
+} // namespace
+
 void MarkingCellImpl::InitEditor() {}
+
+ProductInfObjChangesResult MarkingCellImpl::MakeChanges(const PropValue& value,
+                                                        std::optional<int>) {
+    if (!IsEditable() || !m_data->IsMarkingChangeAllowed(m_key, value))
+        return {};
+    return m_data->MakeValueChanges(MakeRef(), value);
+}
 
 void MarkingCellImpl::Update() {
     ResetCaches();
     const PropValue value = m_data->GetValue(MakeRef());
-    VariantMarking marking;
-    marking.FromPropertyTree(value.GetPropertyTree());
-    const SharedText text = GetItem().SetMarkingToRow(marking);
+    // The seven parts are taken out of a tree and put together again only where there is news.
+    const bool isCodeLocked = GetItem().IsMarkingCodeLocked();
+    if (!value.SharesTree(m_propValue) || isCodeLocked != m_isCodeLocked) {
+        VariantMarking marking;
+        marking.FromPropertyTree(value.GetPropertyTree());
+        m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));
+        m_propValue = value;
+        m_isCodeLocked = isCodeLocked;
+    } else {
+        GetItem().SetLockedPartsToRow();
+    }
 
     if (const auto editor = m_row->GetMarkingEditor()) {
         const bool hypertext = HasHypertext();
@@ -24,9 +75,36 @@ void MarkingCellImpl::Update() {
         editor->SetReadOnly(!IsEditable());
         editor->SetIcon(GetSourceIcon());
     }
-    m_value = SimplePropVal(text);
-    m_propValue = value;
 }
+
+TreeActionResult MarkingCellImpl::OnValueEdited() {
+    const PropValue value = GetItem().GetMarkingFromRow().GetPropValue();
+    return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise,
+                      [this] { RestoreMarking(GetItem(), m_propValue); });
+}
+
+bool MarkingCellImpl::ExecCommand(int command, TreeActionResult& out) {
+    if (command != commands::referenceBook)
+        return ProductTreeCellImpl::ExecCommand(command, out);
+    ChooseFromBook(
+        *m_data, GetItem(),
+        [this](const PropValue& value) { return MakeChanges(value, std::nullopt); }, out);
+    return true;
+}
+
+std::set<int> MarkingCellImpl::GetAvailableCommands() {
+    std::set<int> available = ProductTreeCellImpl::GetAvailableCommands();
+    if (IsEditable())
+        AddReferenceBook(*m_row, available);
+    AddObjectCommands(*m_data, m_key, available);
+    AddHighlightCommand(GetItem(), available);
+    AddRemoveCommand(GetItem(), available);
+    return available;
+}
+
+MarkingGroupCellImpl::MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
+                                           const ColumnInfo& column, const UniqueMetaObjectKey& key)
+    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
 
 void MarkingGroupCellImpl::InitEditor() {}
 
@@ -50,8 +128,16 @@ void MarkingGroupCellImpl::Update() {
     });
 
     const VariantMarking marking = equal && last ? last->GetMarkingFromRow() : VariantMarking();
-    const SharedText text = GetItem().SetMarkingToRow(marking);
-    m_propValue = marking.GetPropValue();
+    const bool isCodeLocked = GetItem().IsMarkingCodeLocked();
+    const bool isShown = !m_propValue.IsEmpty() && isCodeLocked == m_isCodeLocked &&
+                         marking == GetItem().GetMarkingFromRow();
+    if (!isShown) {
+        m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));
+        m_propValue = marking.GetPropValue();
+        m_isCodeLocked = isCodeLocked;
+    } else {
+        GetItem().SetLockedPartsToRow();
+    }
 
     if (const auto editor = m_row->GetMarkingEditor()) {
         editor->SetReadOnly(!IsEditable());
@@ -61,7 +147,31 @@ void MarkingGroupCellImpl::Update() {
             editor->SetLinkStyle(GetLinkStyle());
         editor->SetIcon(icon.Get());
     }
-    m_value = SimplePropVal(text);
+}
+
+TreeActionResult MarkingGroupCellImpl::OnValueEdited() {
+    const PropValue value = GetItem().GetMarkingFromRow().GetPropValue();
+    return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise,
+                      [this] { RestoreMarking(GetItem(), m_propValue); });
+}
+
+bool MarkingGroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
+    if (command != commands::referenceBook)
+        return GroupCellImpl::ExecCommand(command, out);
+    ChooseFromBook(
+        *m_data, GetItem(),
+        [this](const PropValue& value) { return MakeChanges(value, std::nullopt); }, out);
+    return true;
+}
+
+std::set<int> MarkingGroupCellImpl::GetAvailableCommands() {
+    std::set<int> available = GroupCellImpl::GetAvailableCommands();
+    if (IsEditable())
+        AddReferenceBook(*m_row, available);
+    AddBilletCommand(*m_data, m_key, available);
+    AddHighlightCommand(GetItem(), available);
+    AddRemoveCommand(GetItem(), available);
+    return available;
 }
 
 } // namespace productTree

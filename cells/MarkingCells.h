@@ -12,16 +12,33 @@ public:
     using ProductTreeCellImpl::ProductTreeCellImpl;
 
     void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
     void Update() override;
+    /// A changed designation always builds the rows anew: they are sorted and grouped by it.
+    TreeActionResult OnValueEdited() override;
+    bool ExecCommand(int command, TreeActionResult& out) override;
+    std::set<int> GetAvailableCommands() override;
+
+private:
+    /// Whether the text that is shown was made without the document code.
+    bool m_isCodeLocked = false;
 };
 
 /// The members' common designation, or none.
 class MarkingGroupCellImpl final : public GroupCellImpl {
 public:
-    using GroupCellImpl::GroupCellImpl;
+    MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
+                         const UniqueMetaObjectKey& key);
 
     void InitEditor() override;
     void Update() override;
+    TreeActionResult OnValueEdited() override;
+    bool ExecCommand(int command, TreeActionResult& out) override;
+    std::set<int> GetAvailableCommands() override;
+
+private:
+    bool m_isCodeLocked = false;
 };
 
 } // namespace productTree

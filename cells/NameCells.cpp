@@ -1,13 +1,32 @@
 #include "cells/NameCells.h"
 
+#include "cells/CellCommands.h"
 #include "cells/CommonIcon.h"
+#include "cells/JoinedText.h"
+#include "cells/RowCommands.h"
 #include "columns/PropertyKeys.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemImpl.h"
 
+#include <utility>
+
 namespace productTree {
 
+namespace {
+
+void InsertExtendedReference(IfProductTreeData& data, const std::vector<UniqueMetaObjectKey>& keys,
+                             TreeActionResult& out) {
+    const bool inserted = data.InsertExtendedReference(keys);
+    out.action = inserted ? TreeActionResult::Synchronise : TreeActionResult::Nothing;
+}
+
+} // namespace
+
 void NameCellImpl::InitEditor() {}
+
+ProductInfObjChangesResult NameCellImpl::MakeChanges(const PropValue& value, std::optional<int>) {
+    return MakeEditableChanges(value);
+}
 
 void NameCellImpl::Update() {
     ResetCaches();
@@ -24,6 +43,39 @@ void NameCellImpl::Update() {
     m_row->SetNameIcon(GetSourceIcon());
     SetShownValue(SimplePropVal(text));
 }
+
+bool NameCellImpl::CanInsertExtendedReference() {
+    return m_data->CanInsertExtendedReference(m_key);
+}
+
+TreeActionResult NameCellImpl::OnValueEdited() {
+    const PropValue value{SimplePropVal(m_row->GetNameText())};
+    return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise, [this] {
+        const SharedText text = m_value.to_wstring();
+        m_row->SetName(text, GetItem().GetDisplayName(text), keys::name);
+    });
+}
+
+bool NameCellImpl::ExecCommand(int command, TreeActionResult& out) {
+    if (command != commands::insertExtendedReference)
+        return ProductTreeCellImpl::ExecCommand(command, out);
+    InsertExtendedReference(*m_data, {m_key}, out);
+    return true;
+}
+
+std::set<int> NameCellImpl::GetAvailableCommands() {
+    std::set<int> available = ProductTreeCellImpl::GetAvailableCommands();
+    AddObjectCommands(*m_data, m_key, available);
+    AddHighlightCommand(GetItem(), available);
+    if (CanInsertExtendedReference())
+        available.insert(commands::insertExtendedReference);
+    AddRemoveCommand(GetItem(), available);
+    return available;
+}
+
+NameGroupCellImpl::NameGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
+                                     const ColumnInfo& column, const UniqueMetaObjectKey& key)
+    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
 
 void NameGroupCellImpl::InitEditor() {}
 
@@ -53,9 +105,9 @@ void NameGroupCellImpl::Update() {
         icon.Add(child->GetNameIcon());
     }
 
-    const std::wstring suffix = GetItem().GetCountSuffix(1);
+    const SharedText suffix = GetItem().GetCountSuffix(1);
     if (equal && !shown.IsEmpty()) {
-        shown = shown.Str() + L' ' + suffix;
+        shown = JoinTexts(m_value.to_wstring(), {shown.Str(), L" ", suffix.Str()});
     } else {
         raw = {};
         shown = suffix;
@@ -69,6 +121,53 @@ void NameGroupCellImpl::Update() {
     m_row->SetNameIcon(icon.Get());
     m_value = SimplePropVal(shown);
     m_propValue = PropValue(SimplePropVal(raw));
+}
+
+bool NameGroupCellImpl::CanInsertExtendedReference() {
+    if (m_data->IsEmbodimentMode())
+        return false;
+    std::vector<UniqueMetaObjectKey> with;
+    std::vector<UniqueMetaObjectKey> without;
+    GetItem().SplitByHypertext(with, without, keys::name);
+    const bool haveAllTheSame = without.empty() && m_data->AreHypertext(with, keys::name) &&
+                                m_data->IsExtendedReference(with.front());
+    if (haveAllTheSame)
+        return false;
+    bool can = false;
+    ForEachMember([&](ProductTreeCellImpl& cell) {
+        can = cell.CanInsertExtendedReference() ||
+              (cell.CanEditHypertext() && m_data->IsExtendedReference(cell.GetKey()));
+        return !can;
+    });
+    return can;
+}
+
+TreeActionResult NameGroupCellImpl::OnValueEdited() {
+    const PropValue value{SimplePropVal(m_row->GetNameText())};
+    return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise, [this] {
+        m_row->SetName(m_propValue.to_wstring(), m_value.to_wstring(), keys::name);
+    });
+}
+
+bool NameGroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
+    if (command != commands::insertExtendedReference)
+        return GroupCellImpl::ExecCommand(command, out);
+    std::vector<UniqueMetaObjectKey> objects;
+    std::vector<UniqueMetaObjectKey> without;
+    GetItem().SplitByHypertext(objects, without, keys::name);
+    objects.insert(objects.end(), without.begin(), without.end());
+    InsertExtendedReference(*m_data, objects, out);
+    return true;
+}
+
+std::set<int> NameGroupCellImpl::GetAvailableCommands() {
+    std::set<int> available = GroupCellImpl::GetAvailableCommands();
+    AddBilletCommand(*m_data, m_key, available);
+    AddHighlightCommand(GetItem(), available);
+    if (CanInsertExtendedReference())
+        available.insert(commands::insertExtendedReference);
+    AddRemoveCommand(GetItem(), available);
+    return available;
 }
 
 } // namespace productTree

@@ -12,16 +12,28 @@ public:
     using ProductTreeCellImpl::ProductTreeCellImpl;
 
     void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
     void Update() override;
+    bool CanInsertExtendedReference() override;
+    /// A changed name always builds the rows anew: they are sorted and grouped by it.
+    TreeActionResult OnValueEdited() override;
+    bool ExecCommand(int command, TreeActionResult& out) override;
+    std::set<int> GetAvailableCommands() override;
 };
 
 /// The members' common name with their count, or the count alone.
 class NameGroupCellImpl final : public GroupCellImpl {
 public:
-    using GroupCellImpl::GroupCellImpl;
+    NameGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
+                      const UniqueMetaObjectKey& key);
 
     void InitEditor() override;
     void Update() override;
+    bool CanInsertExtendedReference() override;
+    TreeActionResult OnValueEdited() override;
+    bool ExecCommand(int command, TreeActionResult& out) override;
+    std::set<int> GetAvailableCommands() override;
 };
 
 } // namespace productTree

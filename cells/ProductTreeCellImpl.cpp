@@ -1,5 +1,6 @@
 #include "cells/ProductTreeCellImpl.h"
 
+#include "cells/CellCommands.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemImpl.h"
@@ -7,6 +8,23 @@
 #include <utility>
 
 namespace productTree {
+
+namespace {
+
+// What a click on the icon asks for. Anything but the three icons, so also none at all, unties.
+bool IsBySourceWanted(const SharedText& icon) {
+    return icon == sourceIcons::notBySource || icon == sourceIcons::mixed;
+}
+
+constexpr int c_liveLink = 2;
+
+} // namespace
+
+void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes) {
+    all += changes;
+    all.changedProperties.insert(changes.changedProperties.begin(),
+                                 changes.changedProperties.end());
+}
 
 ProductTreeCellImpl::ProductTreeCellImpl(IfProductTreeData* data, TreeRowPtr row,
                                          const ColumnInfo& column, const UniqueMetaObjectKey& key)
@@ -26,6 +44,22 @@ bool ProductTreeCellImpl::HasHypertext() {
     return *m_hasHypertext;
 }
 
+bool ProductTreeCellImpl::CanInsertHypertext() {
+    return m_data->CanInsertHypertext(MakeRef(), m_column.GetType());
+}
+
+bool ProductTreeCellImpl::CanInsertExtendedReference() {
+    return false;
+}
+
+bool ProductTreeCellImpl::CanEditHypertext() {
+    return m_data->CanEditHypertext(MakeRef());
+}
+
+bool ProductTreeCellImpl::CanDestroyHypertext() {
+    return m_data->CanDestroyHypertext(MakeRef());
+}
+
 bool ProductTreeCellImpl::IsHypertextActive() {
     if (!m_hypertextActive)
         m_hypertextActive =
@@ -33,7 +67,100 @@ bool ProductTreeCellImpl::IsHypertextActive() {
     return *m_hypertextActive;
 }
 
-std::wstring ProductTreeCellImpl::GetSourceIcon() {
+ProductInfObjChangesResult
+ProductTreeCellImpl::SetBySource(bool bySource,
+                                 std::vector<std::shared_ptr<ProductTreeItemId>>& rows) {
+    rows.push_back(GetItem().GetId());
+    const PropertyRef ref = MakeRef();
+    if (!IsEditable() || !m_data->GetBySource(ref))
+        return {};
+    return m_data->MakeBySourceChanges(ref, bySource);
+}
+
+TreeActionResult ProductTreeCellImpl::OnHypertextActivated() {
+    TreeActionResult result;
+    EditHypertext(result);
+    return result;
+}
+
+TreeActionResult ProductTreeCellImpl::OnPopupCommand(int) {
+    return {};
+}
+
+bool ProductTreeCellImpl::ExecCommand(int command, TreeActionResult& out) {
+    out.action = TreeActionResult::Nothing;
+    switch (command) {
+    case commands::insertHypertext:
+        if (!m_key.IsEmpty() && m_data->InsertHypertext({MakeRef()})) {
+            out.selectKey = m_key;
+            out.action = TreeActionResult::Synchronise;
+        }
+        return true;
+    case commands::destroyHypertext:
+        m_data->DestroyHypertext({MakeRef()});
+        out.action = TreeActionResult::ValuesChanged;
+        return true;
+    case commands::editHypertext:
+        EditHypertext(out);
+        return true;
+    case commands::convertToBillet:
+        m_data->ConvertToBillet(m_key);
+        out.action = TreeActionResult::Synchronise;
+        return true;
+    case commands::itemProperties:
+        m_data->ShowItemProperties(m_key);
+        out.action = TreeActionResult::ValuesChanged;
+        return true;
+    case commands::gotoFeature:
+        m_data->GotoFeature(m_key);
+        out.action = TreeActionResult::ValuesChanged;
+        return true;
+    case commands::addBillet:
+        out.selectKey = m_data->AddBillet(m_key);
+        out.selectFlag = true;
+        out.action = TreeActionResult::Synchronise;
+        return true;
+    case commands::transmitToSource:
+        TransmitToSource(out);
+        return true;
+    case commands::editComponentSource:
+    case commands::editFragmentSource:
+        m_data->EditSource(m_key);
+        out.action = TreeActionResult::ValuesChanged;
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The wish is read from what the row shows: that is what the user has clicked.
+TreeActionResult ProductTreeCellImpl::OnSourceIconClicked() {
+    const bool bySource = IsBySourceWanted(m_row->GetCellSourceIcon(GetColumnId()));
+    std::vector<std::shared_ptr<ProductTreeItemId>> rows;
+    ProductInfObjChangesResult changes = SetBySource(bySource, rows);
+    return FinishEdit(std::move(changes), TreeActionResult::Synchronise, [] {});
+}
+
+std::set<int> ProductTreeCellImpl::GetAvailableCommands() {
+    std::set<int> available;
+    if (!IsEditable())
+        return available;
+    if (CanTransmitToSource())
+        available.insert(commands::transmitToSource);
+    if (CanInsertHypertext())
+        available.insert(commands::insertHypertext);
+    if (CanEditHypertext())
+        available.insert(commands::editHypertext);
+    if (CanDestroyHypertext())
+        available.insert(commands::destroyHypertext);
+    return available;
+}
+
+bool ProductTreeCellImpl::CanTransmitToSource() {
+    return m_data->CanTransmitToSource(m_key, m_column.GetId());
+}
+
+SharedText ProductTreeCellImpl::GetSourceIcon() {
     const std::optional<bool> bySource = m_data->GetBySource(MakeRef());
     if (!bySource)
         return {};
@@ -41,7 +168,7 @@ std::wstring ProductTreeCellImpl::GetSourceIcon() {
 }
 
 int ProductTreeCellImpl::GetLinkStyle() {
-    return IsHypertextActive() ? 2 : 0;
+    return IsHypertextActive() ? c_liveLink : 0;
 }
 
 PropertyRef ProductTreeCellImpl::MakeRef() const {
@@ -49,6 +176,10 @@ PropertyRef ProductTreeCellImpl::MakeRef() const {
 }
 
 void ProductTreeCellImpl::SetShownValue(const SimplePropVal& value) {
+    // Most readings find what was shown already. Not to write it again keeps the memory of a
+    // hundred thousand rows clean.
+    if (value == m_value && value == m_propValue.GetSimpleValue())
+        return;
     m_value.SetValue(value.GetValue());
     m_propValue = PropValue(value);
 }
@@ -61,6 +192,40 @@ void ProductTreeCellImpl::ResetCaches() {
 
 ProductTreeItemImpl& ProductTreeCellImpl::GetItem() const {
     return *m_row->GetData()->GetImpl();
+}
+
+bool ProductTreeCellImpl::IsInGroupRow() const {
+    return GetItem().IsParentGroup();
+}
+
+void ProductTreeCellImpl::ShowLink(const SharedText& shown) {
+    m_row->SetLinkCell(GetColumnId(), shown, false, {}, IsEditable(), false, false, GetSourceIcon(),
+                       GetLinkStyle());
+}
+
+ProductInfObjChangesResult ProductTreeCellImpl::MakeEditableChanges(const PropValue& value) {
+    if (!IsEditable())
+        return {};
+    return m_data->MakeValueChanges(MakeRef(), value);
+}
+
+void ProductTreeCellImpl::EditHypertext(TreeActionResult& out) {
+    out.action = TreeActionResult::Nothing;
+    if (m_key.IsEmpty() || !m_data->EditHypertext({MakeRef()}))
+        return;
+    out.selectKey = m_key;
+    out.action = TreeActionResult::Synchronise;
+}
+
+// What is sent is what the user sees, even where the product holds another value by now.
+void ProductTreeCellImpl::TransmitToSource(TreeActionResult& out) {
+    m_data->TransmitToSource(m_column.GetId(), {{m_key, m_propValue}});
+    out.action = TreeActionResult::Synchronise;
+}
+
+bool ProductTreeCellImpl::Commit(ProductInfObjChangesResult& changes) {
+    m_data->CommitChanges(changes);
+    return changes.IsExistsChanges();
 }
 
 } // namespace productTree

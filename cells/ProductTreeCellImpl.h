@@ -1,31 +1,42 @@
 // A cell is where a row and a column meet. It reads one property of one object from the product
-// data and tells the row what to show. Its item makes it and calls it; it never calls the control.
+// data, tells the row what to show, and turns what the user did in the row into a change of the
+// product data. Its item makes it; the control calls it and gets back a TreeActionResult; it never
+// calls the control.
 #pragma once
 
+#include "cells/TreeActionResult.h"
 #include "columns/ColumnInfo.h"
 #include "host/PropValue.h"
 #include "host/PropertyRef.h"
+#include "host/data/ProductInfObjChangesResult.h"
 #include "host/view/ITreeTableRow.h"
 
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 class IfProductTreeData;
 
 namespace productTree {
 
+class ProductTreeItemId;
 class ProductTreeItemImpl;
 
 /// Resource names of the icon that tells whether a value comes from the object's source. An empty
 /// name stands for a property without source.
 namespace sourceIcons {
 
-inline const std::wstring bySource = L"PRODUCTTREE_VALUE_BY_SOURCE";
-inline const std::wstring notBySource = L"PRODUCTTREE_VAL_NOT_BY_SRC";
+inline const SharedText bySource = L"PRODUCTTREE_VALUE_BY_SOURCE";
+inline const SharedText notBySource = L"PRODUCTTREE_VAL_NOT_BY_SRC";
 /// The members of a group row differ.
-inline const std::wstring mixed = L"PRODUCTTREE_BY_SRC_MIXED";
+inline const SharedText mixed = L"PRODUCTTREE_BY_SRC_MIXED";
 
 } // namespace sourceIcons
+
+/// Adds `changes` to `all`.
+void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes);
 
 class ProductTreeCellImpl {
 public:
@@ -40,19 +51,44 @@ public:
     virtual bool IsEditable();
     /// Declares the cell's editor to the row. Name and designation have theirs in the row itself.
     virtual void InitEditor() = 0;
+    /// The change set for a new value, in stored units; empty when the value is not acceptable.
+    /// `extra` has a value only where a section is chosen: whether the name follows it.
+    virtual ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                                   std::optional<int> extra) = 0;
     /// Reads the value again and shows it. Overrides begin with ResetCaches.
     virtual void Update() = 0;
     /// The value is shown as a link.
     virtual bool HasHypertext();
+    virtual bool CanInsertHypertext();
+    virtual bool CanInsertExtendedReference();
+    virtual bool CanEditHypertext();
+    virtual bool CanDestroyHypertext();
     virtual bool IsHypertextActive();
-    virtual std::wstring GetSourceIcon();
+    /// The user has left the cell's editor: what it holds goes into the product data, or the old
+    /// value back into the row.
+    virtual TreeActionResult OnValueEdited() = 0;
+    /// The change set that ties the value to its source or unties it. The id of each row that took
+    /// part joins `rows`, so that no row is treated twice.
+    virtual ProductInfObjChangesResult
+    SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows);
+    virtual TreeActionResult OnHypertextActivated();
+    virtual TreeActionResult OnPopupCommand(int command);
+    /// False for a command that is nothing to this cell, so that others may try.
+    virtual bool ExecCommand(int command, TreeActionResult& out);
+    virtual TreeActionResult OnSourceIconClicked();
+    virtual std::set<int> GetAvailableCommands();
+    virtual bool CanTransmitToSource();
+    virtual SharedText GetSourceIcon();
     /// 2 for a live link, else 0.
     virtual int GetLinkStyle();
 
     bool IsColumn(const std::wstring& id) const { return m_column.GetId() == id; }
+    const SharedText& GetColumnId() const { return m_column.GetSharedId(); }
     const UniqueMetaObjectKey& GetKey() const { return m_key; }
     /// The value last shown, in shown units.
     SimplePropVal GetShownValue() const { return m_value; }
+    /// The same as a property value; it is what is transmitted to the source.
+    const PropValue& GetShownPropValue() const { return m_propValue; }
 
 protected:
     PropertyRef MakeRef() const;
@@ -60,6 +96,29 @@ protected:
     void ResetCaches();
     /// The item of the cell's row.
     ProductTreeItemImpl& GetItem() const;
+    /// The row stands below a group row.
+    bool IsInGroupRow() const;
+    /// Shows the value as a link that is followed and not typed over.
+    void ShowLink(const SharedText& shown);
+    /// The changes for a value that has passed the cell's own test; none for a read-only cell.
+    ProductInfObjChangesResult MakeEditableChanges(const PropValue& value);
+    void EditHypertext(TreeActionResult& out);
+    void TransmitToSource(TreeActionResult& out);
+
+    /// Applies the changes, also when there are none: the product data alone judges whether
+    /// anything was changed.
+    bool Commit(ProductInfObjChangesResult& changes);
+    /// The end of every edit: applies the changes, or else lets `restore` put back what was shown.
+    template <class Restore>
+    TreeActionResult FinishEdit(ProductInfObjChangesResult changes, int action,
+                                const Restore& restore) {
+        TreeActionResult result;
+        if (Commit(changes))
+            result.action = action;
+        else
+            restore();
+        return result;
+    }
 
     SimplePropVal m_value;
     PropValue m_propValue;

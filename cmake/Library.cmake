@@ -17,15 +17,22 @@ set(productTreeSources
     cells/GroupCellImpl.cpp
     cells/MarkingCells.cpp
     cells/NameCells.cpp
+    cells/NumberAwareLess.cpp
+    cells/PlainCells.cpp
     cells/ProductTreeCellImpl.cpp
+    cells/RowCommands.cpp
+    cells/TypedGroupCells.cpp
 
     items/BilletItemImpl.cpp
     items/CellTable.cpp
+    items/DeleteQuestion.cpp
     items/InfObjectItemImpl.cpp
     items/ItemIcons.cpp
     items/ProductTreeItemData.cpp
     items/ProductTreeItemId.cpp
     items/ProductTreeItemImpl.cpp
+    items/GroupItemImpl.cpp
+    items/SectionItemImpl.cpp
     items/SubTreeItemImpl.cpp
 
     control/Embodiments.cpp
@@ -33,8 +40,10 @@ set(productTreeSources
     control/ModuleEntry.cpp
     control/ProductTreeCtrl.cpp
     control/ProductTreeCtrlColumns.cpp
+    control/ProductTreeCtrlEdits.cpp
     control/ProductTreeCtrlRows.cpp
     control/ProductTreeEmbItemsStates.cpp
+    control/SyncGuard.cpp
 )
 
 add_library(productTreeObjects OBJECT ${productTreeSources})

@@ -10,6 +10,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <sstream>
 
 namespace productTree {
@@ -80,6 +81,15 @@ const std::map<int, double> ColumnInfo::DEFAULT_COLUMN_WIDTH = {
 };
 
 struct ColumnInfo::Parts {
+    Parts() = default;
+    // A copy is a column of its own, which nobody holds yet.
+    Parts(const Parts& other)
+        : m_id(other.m_id), m_type(other.m_type), m_header(other.m_header), m_width(other.m_width),
+          m_min(other.m_min), m_max(other.m_max), m_unitCoefficient(other.m_unitCoefficient),
+          m_list(other.m_list), m_isVariable(other.m_isVariable) {}
+    Parts& operator=(const Parts&) = delete;
+
+    unsigned m_count = 0;
     SharedText m_id;
     unsigned m_type = String;
     std::wstring m_header;
@@ -89,10 +99,20 @@ struct ColumnInfo::Parts {
     double m_unitCoefficient = 0;
     std::list<SimplePropVal> m_list;
     bool m_isVariable = false;
+    /// Made when it is first asked for.
+    std::optional<std::list<SimplePropVal>> m_shownList;
 };
 
-ColumnInfo::ColumnInfo(const IfPropertyDescription* description)
-    : m_parts(std::make_shared<Parts>()) {
+void intrusive_ptr_add_ref(ColumnInfo::Parts* parts) noexcept {
+    ++parts->m_count;
+}
+
+void intrusive_ptr_release(ColumnInfo::Parts* parts) noexcept {
+    if (--parts->m_count == 0)
+        delete parts;
+}
+
+ColumnInfo::ColumnInfo(const IfPropertyDescription* description) : m_parts(new Parts) {
     m_parts->m_width = DEFAULT_COLUMN_WIDTH.at(Texts);
     if (!description)
         return;
@@ -102,15 +122,21 @@ ColumnInfo::ColumnInfo(const IfPropertyDescription* description)
 }
 
 ColumnInfo::ColumnInfo(const std::wstring& id, const std::wstring& header, double width)
-    : m_parts(std::make_shared<Parts>()) {
+    : m_parts(new Parts) {
     m_parts->m_id = id;
     m_parts->m_header = header;
     m_parts->m_width = width;
 }
 
+ColumnInfo::ColumnInfo(const ColumnInfo& other) noexcept = default;
+
+ColumnInfo& ColumnInfo::operator=(const ColumnInfo& other) noexcept = default;
+
+ColumnInfo::~ColumnInfo() = default;
+
 ColumnInfo::Parts& ColumnInfo::Detach() {
-    if (m_parts.use_count() > 1)
-        m_parts = std::make_shared<Parts>(*m_parts);
+    if (m_parts->m_count > 1)
+        m_parts = new Parts(*m_parts);
     return *m_parts;
 }
 
@@ -139,12 +165,15 @@ void ColumnInfo::SetRangeByDescription(const IfPropertyDescription& description)
 }
 
 void ColumnInfo::SetListByDescription(const IfPropertyDescription& description) {
-    Detach().m_list = description.HasList() ? description.GetList() : std::list<SimplePropVal>();
+    Parts& parts = Detach();
+    parts.m_list = description.HasList() ? description.GetList() : std::list<SimplePropVal>();
+    parts.m_shownList.reset();
 }
 
 void ColumnInfo::SetUnitCoefByDescription(const IfPropertyDescription& description) {
     Parts& parts = Detach();
     parts.m_unitCoefficient = IsNumeric(parts.m_type) ? description.GetUnitCoefficient() : 0;
+    parts.m_shownList.reset();
 }
 
 void ColumnInfo::SetHeaderByDescription(const IfPropertyDescription& description) {
@@ -217,7 +246,17 @@ std::list<SimplePropVal> ColumnInfo::GetListOfVariant() const {
 }
 
 std::list<SimplePropVal> ColumnInfo::GetListWithUnitCoef() const {
-    std::list<SimplePropVal> shown;
+    return GetShownList();
+}
+
+const std::list<SimplePropVal>& ColumnInfo::GetStoredList() const {
+    return m_parts->m_list;
+}
+
+const std::list<SimplePropVal>& ColumnInfo::GetShownList() const {
+    if (m_parts->m_shownList)
+        return *m_parts->m_shownList;
+    std::list<SimplePropVal>& shown = m_parts->m_shownList.emplace();
     for (const SimplePropVal& value : m_parts->m_list) {
         if (value.GetType() == SimplePropVal::TypeInt)
             shown.emplace_back(ApplyUnitCoefficient(value.to_int()));

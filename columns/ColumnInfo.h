@@ -7,9 +7,9 @@
 #include "host/UniqueMetaObjectKey.h"
 #include "resources/Export.h"
 
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <list>
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 
@@ -27,6 +27,9 @@ public:
     explicit ColumnInfo(const IfPropertyDescription* description);
     /// A string column without a description.
     ColumnInfo(const std::wstring& id, const std::wstring& header, double width);
+    ColumnInfo(const ColumnInfo& other) noexcept;
+    ColumnInfo& operator=(const ColumnInfo& other) noexcept;
+    ~ColumnInfo();
 
     /// Takes range, list, unit coefficient, caption, default width and variability.
     void InitByDescription(const IfPropertyDescription& description);
@@ -58,6 +61,10 @@ public:
     std::list<SimplePropVal> GetListOfVariant() const;
     /// The same in shown units.
     std::list<SimplePropVal> GetListWithUnitCoef() const;
+    /// The same two lists to be looked at in place: they stay as long as a copy of the column does
+    /// that nobody changes.
+    const std::list<SimplePropVal>& GetStoredList() const;
+    const std::list<SimplePropVal>& GetShownList() const;
 
     /// False for a coefficient too near to 0 to divide by; values are then shown as stored.
     bool IsUnitCoefficientDefined() const;
@@ -78,10 +85,13 @@ public:
 
 private:
     struct Parts;
+    friend void intrusive_ptr_add_ref(Parts* parts) noexcept;
+    friend void intrusive_ptr_release(Parts* parts) noexcept;
 
     Parts& Detach();
 
-    std::shared_ptr<Parts> m_parts;
+    // Counted plainly: a cell a column and row makes a copy, all on one thread.
+    boost::intrusive_ptr<Parts> m_parts;
 };
 
 } // namespace productTree

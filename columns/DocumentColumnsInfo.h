@@ -42,6 +42,7 @@ public:
     ColumnInfo* GetNameColumn() { return m_nameColumn.get(); }
     ColumnInfo* GetMarkingColumn() { return m_markingColumn.get(); }
     std::list<ColumnInfo>& GetColumns() { return m_columns; }
+    const std::list<ColumnInfo>& GetEmbodimentColumns() const { return m_embodimentColumns; }
 
 private:
     std::unique_ptr<ColumnInfo> m_nameColumn;

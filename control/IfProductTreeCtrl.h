@@ -1,14 +1,53 @@
 // The control as the view and the rows' items see it. The view gets it by SetController and calls
-// it when the user has done something.
+// it when the user has done something; the row that it was done in is named by its data.
 #pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 namespace productTree {
 
+class ProductTreeItemData;
+
+/// A column that the user wants to see, or to see no more.
+struct ColumnVisibility {
+    std::wstring columnId;
+    /// 0: not visible.
+    std::int64_t visible;
+};
+
 /// Operations are declared in a fixed order, and each joins in its place with the work behind it.
-/// So far the panel shows and nothing is edited in it, so that the view has nothing to call.
+/// Each reads from the view what the user has left there, writes it into the product data and
+/// brings the view up to date before it returns: values are read again, or, where the product data
+/// asks for it, all rows are built anew. An input that the product data does not take is put back.
+/// None may be called while the view is being filled.
 class IfProductTreeCtrl {
 public:
     virtual ~IfProductTreeCtrl() = default;
+
+    /// The user has moved or resized columns.
+    virtual void OnColumnsChanged() = 0;
+    /// The user has left the editor of the row's cell in that column.
+    virtual void OnCellEdited(ProductTreeItemData& item, const std::wstring& columnId) = 0;
+    /// The user has left the editor in the column's head.
+    virtual void OnHeaderEdited(const std::wstring& columnId) = 0;
+    virtual void OnMarkingEdited(ProductTreeItemData& item) = 0;
+    /// The user wants to choose the document code of the row's designation.
+    virtual void OnEditDocCode(ProductTreeItemData& item) = 0;
+    virtual void OnNameEdited(ProductTreeItemData& item) = 0;
+    /// The user has clicked the link in the cell.
+    virtual void OnCellHypertextActivated(ProductTreeItemData& item,
+                                          const std::wstring& columnId) = 0;
+    virtual void OnHeaderClicked(const std::wstring& columnId) = 0;
+    virtual void OnCellSourceIconClicked(ProductTreeItemData& item,
+                                         const std::wstring& columnId) = 0;
+    /// A command of the popup menu of the row's cell, and of a column's head.
+    virtual void OnItemPopupCommand(ProductTreeItemData& item, const std::wstring& columnId,
+                                    int command) = 0;
+    virtual void OnHeaderPopupCommand(const std::wstring& columnId, int command) = 0;
+    /// An empty list builds the panel anew.
+    virtual void SetColumnsVisibility(const std::vector<ColumnVisibility>& columns) = 0;
 };
 
 } // namespace productTree

@@ -51,7 +51,7 @@ void ProductTreeCtrl::Init(std::shared_ptr<IfProductTreeData> data, ITreeTableMo
 void ProductTreeCtrl::Synchronize() {
     RefreshReadOnlyMode();
     LeaveImpossibleEmbodimentMode();
-    if (!m_data || m_rebuilding || IsUnchanged())
+    if (!m_data || m_guarded || m_rebuilding || IsUnchanged())
         return;
     if (!IsViewVisible()) {
         m_wrapper.GetTreeId()->SetNeedSyncronize(true);
@@ -74,7 +74,7 @@ void ProductTreeCtrl::Synchronize() {
 
 void ProductTreeCtrl::Refresh() {
     RefreshReadOnlyMode();
-    if (!m_data || m_rebuilding)
+    if (!m_data || m_guarded || m_rebuilding)
         return;
     const std::uint64_t stamp = m_data->GetChangeStamp();
     if (m_data->IsReadOnly() && stamp == m_refreshStamp)

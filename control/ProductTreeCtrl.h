@@ -2,7 +2,7 @@
 // library's own rows, columns and sorter, and alone decides when rows are built and when values are
 // read again. Its operations are spread over files by theme: ProductTreeCtrl.cpp has its life and
 // the frame of builds and refreshes, ProductTreeCtrlColumns.cpp and ProductTreeCtrlRows.cpp what a
-// build does.
+// build does, ProductTreeCtrlEdits.cpp what the user does in rows and heads and what follows.
 #pragma once
 
 #include "columns/DocumentColumnsInfo.h"
@@ -26,9 +26,11 @@ class IfProductTreeData;
 namespace productTree {
 
 class IProductTreeSorter;
+class ProductTreeCellImpl;
 class ProductTreeHeaderImpl;
 class ProductTreeItemImpl;
 struct ProductTreeRowInfo;
+struct TreeActionResult;
 
 class ProductTreeCtrl final : public LEventsHandler,
                               public EventsBusSubscriber,
@@ -48,7 +50,23 @@ public:
     void Refresh();
     void RefreshReadOnlyMode();
 
+    void OnColumnsChanged() override;
+    void OnCellEdited(ProductTreeItemData& item, const std::wstring& columnId) override;
+    void OnHeaderEdited(const std::wstring& columnId) override;
+    void OnMarkingEdited(ProductTreeItemData& item) override;
+    void OnEditDocCode(ProductTreeItemData& item) override;
+    void OnNameEdited(ProductTreeItemData& item) override;
+    void OnCellHypertextActivated(ProductTreeItemData& item, const std::wstring& columnId) override;
+    void OnHeaderClicked(const std::wstring& columnId) override;
+    void OnCellSourceIconClicked(ProductTreeItemData& item, const std::wstring& columnId) override;
+    void OnItemPopupCommand(ProductTreeItemData& item, const std::wstring& columnId,
+                            int command) override;
+    void OnHeaderPopupCommand(const std::wstring& columnId, int command) override;
+    void SetColumnsVisibility(const std::vector<ColumnVisibility>& columns) override;
+
 private:
+    friend class SyncGuard;
+
     struct AttributeColumns {
         bool aggrIntoProduct;
         bool regWithDesc;
@@ -76,6 +94,18 @@ private:
     std::shared_ptr<ProductTreeItemImpl> CreateItem(const ProductTreeRowInfo& node,
                                                     const TreeRowPtr& row) const;
 
+    template <class Work>
+    void RunEdit(const Work& work);
+    template <class Work>
+    void RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId, const Work& work);
+    void ApplyResult(const TreeActionResult& result);
+    /// Null for the empty key, and when no row stands for the key.
+    ITreeTableRow* FindRowByKey(ITreeTableRow* row, const UniqueMetaObjectKey& key) const;
+    /// False when no row has that id.
+    bool SelectRowById(const ProductTreeItemId& id, ITreeTableRow& row) const;
+    ProductTreeHeaderImpl* FindHeader(const std::wstring& columnId) const;
+    void ReplaceEmbodimentColumns(std::vector<std::wstring>& columnIds);
+
     GrProductTreeWrapper& m_wrapper;
     std::shared_ptr<IfProductTreeData> m_data;
     std::unique_ptr<IProductTreeSorter> m_sorter;
@@ -87,11 +117,14 @@ private:
     std::shared_ptr<ProductTreeHeaderImpl> m_designationHeader;
     /// Of the other shown columns, in shown order.
     std::vector<std::shared_ptr<ProductTreeHeaderImpl>> m_headers;
+    /// The panel itself is writing: a SyncGuard is alive.
+    bool m_guarded = false;
     /// Rows are being built: the view and the product data may call back, and a build inside a
     /// build would pull the rows away from under it.
     bool m_rebuilding = false;
     ProductTreeEmbItemsStates m_rowStates;
-    /// What the last full build found.
+    /// What the last full build found. The root key is empty before the first, and after one that a
+    /// host has broken off: the rows are nothing to be remembered then.
     UniqueMetaObjectKey m_rootKey;
     std::string m_columnSetKey;
     std::uint64_t m_refreshStamp = 0;

@@ -1,13 +1,15 @@
 // The rows of a full build: the sorter's records become items on the rows of the view, which are
 // used again by position so that the view keeps its row objects.
 
+#include "cells/CellArena.h"
 #include "control/Bracket.h"
 #include "control/ProductTreeCtrl.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/BilletItemImpl.h"
+#include "items/GroupItemImpl.h"
 #include "items/InfObjectItemImpl.h"
 #include "items/ProductTreeItemData.h"
-#include "items/SubTreeItemImpl.h"
+#include "items/SectionItemImpl.h"
 #include "sorting/IProductTreeSorter.h"
 
 #include <array>
@@ -50,7 +52,9 @@ constexpr std::array<ItemMaker, 5> c_itemMakers = {
 
 void ProductTreeCtrl::RebuildRows() {
     const FlagScope rebuilding(m_rebuilding);
+    const CellArena::KeptMemory keptMemory;
     m_rowStates.Store(*m_tree, m_rootKey, m_embodimentMode);
+    m_rootKey = UniqueMetaObjectKey::null;
     m_tree->ClearSelection();
     const std::vector<ProductTreeRowInfo> nodes = m_sorter->Sort();
     const UniqueMetaObjectKey rootKey = m_data->GetRootKey();

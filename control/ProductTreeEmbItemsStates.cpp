@@ -1,8 +1,8 @@
 #include "control/ProductTreeEmbItemsStates.h"
 
-#include "control/RowIdIndex.h"
 #include "host/view/ITreeTableModel.h"
 #include "items/ProductTreeItemImpl.h"
+#include "items/RowIdIndex.h"
 
 namespace productTree {
 

@@ -11,7 +11,7 @@ constexpr int c_usageError = 1;
 
 std::string CheckEncoding([[maybe_unused]] const std::string& name) {
 #ifdef PRODUCT_TREE_HAS_STEP
-    if (!import::IsKnownEncoding(name))
+    if (!step::IsKnownEncoding(name))
         return "unknown encoding " + name;
 #endif
     return {};

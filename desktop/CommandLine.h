@@ -21,7 +21,7 @@ struct CommandLine {
     /// Empty: no picture.
     std::filesystem::path screenshot;
     bool computesMasses = false;
-    import::StepOptions step;
+    step::StepOptions step;
 };
 
 /// The program ends at once: help was asked for, or the options are wrong.

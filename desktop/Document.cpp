@@ -2,6 +2,7 @@
 
 #include "desktop/store/ProductFile.h"
 #include "host/ProductProperties.h"
+#include "platform/product/MassRules.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -51,14 +52,14 @@ std::variant<FileKind, FileError> TellKind(const std::filesystem::path& path) {
 }
 
 std::variant<Document, FileError> OpenStep(const std::filesystem::path& path,
-                                           const import::StepOptions& options) {
+                                           const step::StepOptions& options) {
 #ifdef PRODUCT_TREE_HAS_STEP
-    auto read = import::StepDocument::Read(path, options);
+    auto read = step::StepDocument::Read(path, options);
     if (auto* error = std::get_if<FileError>(&read))
         return std::move(*error);
     Document document;
     document.path = path;
-    document.step = std::get<std::unique_ptr<import::StepDocument>>(std::move(read));
+    document.step = std::get<std::unique_ptr<step::StepDocument>>(std::move(read));
     document.model = document.step->GetModel();
     document.notes = document.step->GetNotes();
     return document;
@@ -70,33 +71,33 @@ std::variant<Document, FileError> OpenStep(const std::filesystem::path& path,
 }
 
 std::variant<Document, FileError> OpenProduct(const std::filesystem::path& path,
-                                              const import::StepOptions& options) {
+                                              const step::StepOptions& options) {
     if (!options.assembly.empty())
         return FileError{"--assembly is for STEP files"};
     if (options.flatten)
         return FileError{"--flatten is for STEP files"};
+    Document document;
+    document.mark = FileMark::Take(path);
     auto read = store::ReadProductFile(path);
     if (auto* error = std::get_if<FileError>(&read))
         return std::move(*error);
-    Document document;
     document.path = path;
     document.model = std::get<platform::ProductModel>(std::move(read));
     return document;
 }
 
-void SetProperty(platform::ObjectRecord& object, unsigned long number, PropValue value) {
-    const auto found = std::find_if(object.properties.begin(), object.properties.end(),
-                                    [&](const auto& property) { return property.first == number; });
-    if (found != object.properties.end())
-        found->second = std::move(value);
-    else
-        object.properties.emplace_back(number, std::move(value));
+void AddMass(platform::ObjectRecord& object, double mass) {
+    const unsigned long number = ProductProperties::GetPropId(L"mass");
+    const bool hasMass = std::ranges::any_of(
+        object.properties, [&](const auto& property) { return property.first == number; });
+    if (!hasMass)
+        object.properties.emplace_back(number, PropValue(SimplePropVal(mass)));
 }
 
 } // namespace
 
 std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,
-                                               const import::StepOptions& options) {
+                                               const step::StepOptions& options) {
     const auto kind = TellKind(path);
     if (const auto* error = std::get_if<FileError>(&kind))
         return *error;
@@ -111,16 +112,15 @@ std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path
     return FileError{"neither a STEP file nor a product file"};
 }
 
-void ApplyMasses(platform::ProductModel& model, const import::StepDocument::Masses& masses) {
-    std::unordered_map<UniqueMetaObjectKey, double> byKey(masses.begin(), masses.end());
-    const unsigned long massNumber = ProductProperties::GetPropId(L"mass");
-    const auto apply = [&](platform::ObjectRecord& object) {
-        const auto mass = byKey.find(object.key);
-        if (mass != byKey.end())
-            SetProperty(object, massNumber, PropValue(SimplePropVal(mass->second)));
-    };
-    apply(model.root);
-    std::ranges::for_each(model.objects, apply);
+void ApplyMeasures(platform::ProductModel& model, const step::Measures& measures) {
+    const std::unordered_map<UniqueMetaObjectKey, double> masses(measures.masses.begin(),
+                                                                 measures.masses.end());
+    for (platform::ObjectRecord& object : model.objects) {
+        const auto mass = masses.find(object.key);
+        if (mass != masses.end())
+            AddMass(object, mass->second);
+    }
+    platform::ApplyVolumes(model, measures.volumes);
 }
 
 std::string Diagnostic(const std::filesystem::path& path, const std::string& text) {

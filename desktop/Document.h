@@ -3,11 +3,13 @@
 #pragma once
 
 #include "desktop/FileError.h"
+#include "desktop/FileMark.h"
 #include "desktop/import/StepImport.h"
 #include "platform/product/ProductModel.h"
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -18,17 +20,21 @@ struct Document {
     std::filesystem::path path;
     platform::ProductModel model;
     /// Null for a product file.
-    std::unique_ptr<import::StepDocument> step;
+    std::unique_ptr<step::StepDocument> step;
+    /// Of a product file, as it was when its reading began.
+    std::optional<FileMark> mark;
     /// A line each.
     std::vector<std::string> notes;
 };
 
 /// The options that choose what is shown of a STEP file are an error for a product file.
 std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,
-                                               const import::StepOptions& options);
+                                               const step::StepOptions& options);
 
-/// Writes the masses, in kilograms, into the model; masses of objects that it has not are ignored.
-void ApplyMasses(platform::ProductModel& model, const import::StepDocument::Masses& masses);
+/// Gives the parts their volumes, and masses where they have a density, which need not be that of
+/// the file. An object that has a mass already keeps it: the user has typed it. Measures of objects
+/// that are not in the model are ignored.
+void ApplyMeasures(platform::ProductModel& model, const step::Measures& measures);
 
 /// "product-tree: FILE: text" as one line without its end, whatever the texts hold.
 std::string Diagnostic(const std::filesystem::path& path, const std::string& text);

@@ -6,8 +6,11 @@
 namespace desktop {
 
 void ComputeMasses(Session& session) {
-    if (import::StepDocument* step = session.GetStep())
-        session.TakeMasses(step->ComputeMasses([](double) { return true; }));
+    if (step::StepDocument* document = session.GetStep()) {
+        const auto measuring = document->StartMeasuring(step::MeasuredParts::WithDensity);
+        measuring->Wait();
+        session.TakeMeasures(measuring->GetMeasures());
+    }
 }
 
 std::string Print(const Session& session, PrintForm form, bool allRows) {

@@ -1,6 +1,7 @@
 #include "desktop/Session.h"
 
-#include "host/frame/FeatureTrees.h"
+#include "columns/ColumnInfo.h"
+#include "desktop/store/ProductFile.h"
 #include "platform/product/MemoryProduct.h"
 #include "platform/view/HostFrame.h"
 
@@ -9,6 +10,8 @@
 namespace desktop {
 
 namespace {
+
+constexpr const char* c_productExtension = ".json";
 
 void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
     row.SetExpanded(expanded);
@@ -20,7 +23,7 @@ void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
 
 Session::Session(Document document)
     : m_path(std::move(document.path)), m_notes(std::move(document.notes)),
-      m_step(std::move(document.step)),
+      m_step(std::move(document.step)), m_mark(document.mark), m_isProductFile(!m_step),
       m_product(std::make_shared<platform::MemoryProduct>(std::move(document.model))),
       m_frame(std::make_unique<platform::HostFrame>(m_product)) {}
 
@@ -28,6 +31,11 @@ Session::~Session() = default;
 
 platform::TreeTableView& Session::GetView() const {
     return m_frame->GetView();
+}
+
+void Session::SetDecisions(platform::IUserDecisions* decisions) {
+    m_product->SetDecisions(decisions);
+    m_frame->SetDecisions(decisions);
 }
 
 void Session::ExpandAll() {
@@ -42,9 +50,96 @@ void Session::CollapseAll() {
     }
 }
 
-void Session::TakeMasses(const import::StepDocument::Masses& masses) {
-    m_product->Change([&](platform::ProductModel& model) { ApplyMasses(model, masses); });
-    m_frame->GetTree().Synchronize();
+void Session::TakeMeasures(const step::Measures& measures) {
+    m_product->Change([&](platform::ProductModel& model) { ApplyMeasures(model, measures); });
+    m_hasUnsavedMeasures = m_isProductFile;
+    // Objects that differ in mass alone are not alike.
+    m_frame->TellDocumentChanged(true);
+}
+
+std::optional<ValueLimits> Session::FindLimits(const std::wstring& columnId) const {
+    const IfPropertyDescription* const description = m_product->GetPropertyDescription(columnId);
+    if (!description)
+        return std::nullopt;
+    const productTree::ColumnInfo column(description);
+    const bool hasLimits = column.GetMin() != 0 || column.GetMax() != 0;
+    if (!hasLimits || column.IsVariable())
+        return std::nullopt;
+    return ValueLimits{column.ApplyUnitCoefficient(column.GetMin()),
+                       column.ApplyUnitCoefficient(column.GetMax())};
+}
+
+SharedText Session::GetUndoName() const {
+    return m_product->GetUndoName();
+}
+
+SharedText Session::GetRedoName() const {
+    return m_product->GetRedoName();
+}
+
+bool Session::CanUndo() const {
+    return m_product->CanUndo();
+}
+
+bool Session::CanRedo() const {
+    return m_product->CanRedo();
+}
+
+void Session::Undo() {
+    m_product->Undo();
+    TellPanel();
+}
+
+void Session::Redo() {
+    m_product->Redo();
+    TellPanel();
+}
+
+void Session::TellPanel() const {
+    m_frame->TellDocumentChanged(m_product->IsRebuildRequired());
+}
+
+bool Session::IsModified() const {
+    return m_product->IsModified() || m_hasUnsavedMeasures;
+}
+
+std::filesystem::path Session::GetProductPath() const {
+    std::filesystem::path path = m_path;
+    return m_isProductFile ? path : path.replace_extension(c_productExtension);
+}
+
+std::optional<FileError> Session::SaveAs(const std::filesystem::path& path) {
+    std::error_code ignored;
+    if (!m_isProductFile && std::filesystem::equivalent(path, m_path, ignored))
+        return FileError{"is the STEP file that the product comes from"};
+    if (auto error = store::WriteProductFile(path, m_product->GetModel()))
+        return error;
+    m_path = path;
+    m_isProductFile = true;
+    m_hasUnsavedMeasures = false;
+    m_mark = FileMark::Take(path);
+    m_product->MarkSaved();
+    return std::nullopt;
+}
+
+bool Session::NoticeChangeOnDisk() {
+    if (!m_isProductFile)
+        return false;
+    const std::optional<FileMark> mark = FileMark::Take(m_path);
+    if (!mark || mark == m_mark)
+        return false;
+    m_mark = mark;
+    return true;
+}
+
+std::optional<FileError> Session::Reload() {
+    auto read = store::ReadProductFile(m_path);
+    if (auto* error = std::get_if<FileError>(&read))
+        return std::move(*error);
+    m_product->Replace(std::get<platform::ProductModel>(std::move(read)));
+    m_hasUnsavedMeasures = false;
+    m_frame->TellDocumentChanged(true);
+    return std::nullopt;
 }
 
 } // namespace desktop

@@ -1,18 +1,27 @@
-// An open product: its document in memory and the panel that shows it, with or without a window.
-// One exists at a time.
+// An open product: its document in memory, the panel that shows it, with or without a window, and
+// the file that it is saved to. It asks nobody: what to do about unsaved changes is the caller's
+// business. One exists at a time.
 #pragma once
 
 #include "desktop/Document.h"
 
 #include <memory>
+#include <optional>
 
 namespace platform {
 class HostFrame;
+class IUserDecisions;
 class MemoryProduct;
 class TreeTableView;
 } // namespace platform
 
 namespace desktop {
+
+/// Both in the unit that the column shows.
+struct ValueLimits {
+    double min = 0;
+    double max = 0;
+};
 
 class Session {
 public:
@@ -26,22 +35,55 @@ public:
     const std::filesystem::path& GetPath() const { return m_path; }
     const std::vector<std::string>& GetNotes() const { return m_notes; }
     /// Null for a product file.
-    import::StepDocument* GetStep() const {return m_step.get();
-}
+    step::StepDocument* GetStep() const { return m_step.get(); }
+    /// Who answers when the product or the panel asks; null, as at first: nobody does.
+    void SetDecisions(platform::IUserDecisions* decisions);
 
     void ExpandAll();
-/// All but the root row, which alone would tell nothing of the product.
-void CollapseAll();
-/// Writes the masses into the document and builds the panel again: objects that differ in mass
-/// alone are not alike.
-void TakeMasses(const import::StepDocument::Masses& masses);
+    /// All but the root row, which alone would tell nothing of the product.
+    void CollapseAll();
+    /// Writes volumes and masses into the document, which is no step to undo.
+    void TakeMeasures(const step::Measures& measures);
+
+    /// No value for a column without limits that bind.
+    std::optional<ValueLimits> FindLimits(const std::wstring& columnId) const;
+
+    /// Names are what a step did, in the user's words; empty where there is no step.
+    SharedText GetUndoName() const;
+    SharedText GetRedoName() const;
+    bool CanUndo() const;
+    bool CanRedo() const;
+    void Undo();
+    void Redo();
+
+    /// Closing would lose something.
+    bool IsModified() const;
+    /// False for a STEP file: what becomes of it is saved as a product file beside it.
+    bool IsProductFile() const { return m_isProductFile; }
+    /// The product file itself, or the usual name for one.
+    std::filesystem::path GetProductPath() const;
+    /// The session is that of the written file from then on. With an error nothing has changed.
+    std::optional<FileError> SaveAs(const std::filesystem::path& path);
+    /// True once for each change of the product file's contents by another program. A file that is
+    /// gone has not changed.
+    bool NoticeChangeOnDisk();
+    /// Shows what the product file holds now; there is nothing to undo then. With an error
+    /// everything stays as it is.
+    std::optional<FileError> Reload();
 
 private:
-std::filesystem::path m_path;
-std::vector<std::string> m_notes;
-std::unique_ptr<import::StepDocument> m_step;
-std::shared_ptr<platform::MemoryProduct> m_product;
-std::unique_ptr<platform::HostFrame> m_frame;
-}; // namespace desktop
+    void TellPanel() const;
+
+    std::filesystem::path m_path;
+    std::vector<std::string> m_notes;
+    std::unique_ptr<step::StepDocument> m_step;
+    /// The product file as it was last read or written.
+    std::optional<FileMark> m_mark;
+    bool m_isProductFile;
+    /// Measures came after the product was saved; the document does not count them as a change.
+    bool m_hasUnsavedMeasures = false;
+    std::shared_ptr<platform::MemoryProduct> m_product;
+    std::unique_ptr<platform::HostFrame> m_frame;
+};
 
 } // namespace desktop

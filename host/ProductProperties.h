@@ -18,4 +18,31 @@ std::wstring GetPath(unsigned long number);
 /// The number of a path; 0 for a path that names no property.
 unsigned long GetPropId(const std::wstring& path);
 
+/// The kinds of objects, values of the property "featureType".
+enum class SystemFeatureTypeEnum {
+    Unknown,
+    Assembly,
+    Detail,
+    Standard,
+    LibComponent,
+    Billet,
+    StCompBillet,
+    Feature,
+    ExtView,
+    InsFrg,
+    MacroDraft,
+    Sheet,
+    Orvex
+};
+
+namespace ft {
+
+/// The kind that a word of the property stands for; Unknown for any other word.
+SystemFeatureTypeEnum GetFtType(const std::wstring& word);
+
+} // namespace ft
+
 } // namespace ProductProperties
+
+/// The kind as a person reads it. Null for Unknown.
+const wchar_t* GetFeatureTypeStr(ProductProperties::SystemFeatureTypeEnum type);

@@ -39,6 +39,9 @@ public:
     /// gives an empty marking.
     void FromPropertyTree(const PropValue::Tree& tree);
     PropValue GetPropValue() const;
+    /// Takes the parts from a whole designation's text. What does not look like a number or a code
+    /// belongs to the base.
+    void Parse(const SharedText& text);
     /// The text of the parts that `type` names. `spaced` puts a blank before the document code;
     /// `emptyParts` writes the delimiters of empty parts too.
     SharedText Make(VariantMarkingData::MakeType type, bool spaced, bool emptyParts) const;

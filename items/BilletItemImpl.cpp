@@ -13,6 +13,15 @@ BilletItemImpl::BilletItemImpl(TreeRowPtr row, IfProductTreeData* data, UniqueMe
                                UniqueMetaObjectKey sourceKey)
     : InfObjectItemImpl(std::move(row), data, std::move(key)), m_sourceKey(std::move(sourceKey)) {}
 
+bool BilletItemImpl::CanHighlight() const {
+    return false;
+}
+
+void BilletItemImpl::CollectSelectionKeys(std::vector<Key>& keys) const {
+    if (m_data->IsSelectableBillet(m_key))
+        keys.push_back(m_key);
+}
+
 SharedText BilletItemImpl::GetDisplayName(const SharedText& text) const {
     static const SharedText postfix = GetResourceText("IDS_PRODUCT_TREE_BILLET_NAME_POSTFIX");
     std::wstring name = format_label_utils::FormatLabelForDisplay(text).Str() + L" (";

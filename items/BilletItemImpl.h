@@ -13,6 +13,9 @@ public:
                    UniqueMetaObjectKey sourceKey);
 
     /// For instance "Rod (billet AB.123)".
+    /// Never: the document shows its owner.
+    bool CanHighlight() const override;
+    void CollectSelectionKeys(std::vector<Key>& keys) const override;
     SharedText GetDisplayName(const SharedText& text) const override;
     /// 0 unless `withBillets` is 1.
     unsigned GetCount(int withBillets) const override;

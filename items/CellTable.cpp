@@ -2,10 +2,15 @@
 
 #include "cells/MarkingCells.h"
 #include "cells/NameCells.h"
+#include "cells/PlainCells.h"
+#include "cells/TypedGroupCells.h"
 #include "columns/PropertyKeys.h"
+#include "host/data/IfProductTreeData.h"
 
 #include <algorithm>
+#include <iterator>
 #include <span>
+#include <vector>
 
 namespace productTree {
 
@@ -24,33 +29,154 @@ CellPtr Make(const ColumnInfo& column, const CellOrigin& origin) {
     return origin.arena.Make<Cell>(origin.data, origin.row, column, origin.key);
 }
 
+template <class Cell, GroupMode mode>
+CellPtr MakeGroup(const ColumnInfo& column, const CellOrigin& origin) {
+    return origin.arena.Make<Cell>(origin.data, origin.row, column, mode, origin.key);
+}
+
+constexpr auto c_all = GroupMode::AllValues;
+constexpr auto c_common = GroupMode::CommonValue;
+
+// Such a column is a plain value only where the product has no records of materials.
+template <class Cell>
+CellPtr MakeSimplified(const ColumnInfo& column, const CellOrigin& origin) {
+    return origin.data->IsSimplifiedMode() ? Make<Cell>(column, origin) : nullptr;
+}
+
+// A plain cell would let the user type what only an editor made for the column may write.
+CellPtr MakeNone(const ColumnInfo&, const CellOrigin&) {
+    return nullptr;
+}
+
 // clang-format off
 const CellRow c_objectCells[] = {
-    {keys::name,    Make<NameCellImpl>},
-    {keys::marking, Make<MarkingCellImpl>},
+    {keys::name,             Make<NameCellImpl>},
+    {keys::marking,          Make<MarkingCellImpl>},
+    {keys::materialDensity,  MakeSimplified<DoubleCellImpl>},
+    {keys::mass,             MakeSimplified<DoubleCellImpl>},
+    {keys::notSected,        MakeNone},
+    {keys::material,         MakeNone},
+    {keys::featureType,      Make<FeatureTypeCellImpl>},
+    {keys::position,         MakeNone},
+    {keys::stampAuthor,      MakeNone},
+    {keys::checkedBy,        MakeNone},
+    {keys::approvedBy,       MakeNone},
+    {keys::mfgApprovedBy,    MakeNone},
+    {keys::rateOfInspection, MakeNone},
+    {keys::signer,           MakeNone},
+    {keys::revisionLetter,   MakeNone},
+    {keys::SPCSection,       MakeNone},
+    {keys::specRoughSign,    MakeNone},
+    {keys::specRoughValue,   MakeNone},
+    {keys::count,            MakeNone},
 };
 
 const CellRow c_groupCells[] = {
-    {keys::name,    Make<NameGroupCellImpl>},
-    {keys::marking, Make<MarkingGroupCellImpl>},
+    {keys::name,             Make<NameGroupCellImpl>},
+    {keys::marking,          Make<MarkingGroupCellImpl>},
+    {keys::mass,             MakeNone},
+    {keys::material,         MakeNone},
+    {keys::materialDensity,  MakeNone},
+    {keys::SPCSection,       MakeNone},
+    {keys::note,             MakeGroup<StringGroupCellImpl, c_all>},
+    {keys::zone,             MakeGroup<StringGroupCellImpl, c_all>},
+    {keys::format,           MakeGroup<StringGroupCellImpl, c_all>},
+    {keys::productCode,      MakeGroup<StringGroupCellImpl, c_common>},
+    {keys::jobDescription,   MakeGroup<StringGroupCellImpl, c_common>},
+    {keys::position,         MakeNone},
+    {keys::notSected,        MakeNone},
+    {keys::stampAuthor,      MakeNone},
+    {keys::checkedBy,        MakeNone},
+    {keys::approvedBy,       MakeNone},
+    {keys::mfgApprovedBy,    MakeNone},
+    {keys::rateOfInspection, MakeNone},
+    {keys::signer,           MakeNone},
+    {keys::revisionLetter,   MakeNone},
+    {keys::featureType,      MakeGroup<DisabledGroupCellImpl, c_common>},
+    {keys::specRoughSign,    MakeGroup<DisabledGroupCellImpl, c_common>},
+    {keys::specRoughValue,   MakeGroup<DisabledGroupCellImpl, c_common>},
+    {keys::author,           MakeGroup<StringGroupCellImpl, c_common>},
+    {keys::organization,     MakeGroup<StringGroupCellImpl, c_common>},
+    {keys::comment,          MakeGroup<StringGroupCellImpl, c_all>},
+    {keys::count,            MakeNone},
+};
+
+// By the column's type of value.
+constexpr CellMaker c_typedObjectCells[] = {
+    Make<IntCellImpl>,
+    Make<DoubleCellImpl>,
+    Make<StringCellImpl>,
+    Make<BoolCellImpl>,
+};
+
+constexpr CellMaker c_typedGroupCells[] = {
+    Make<UserIntGroupCellImpl>,
+    Make<UserDoubleGroupCellImpl>,
+    MakeGroup<StringGroupCellImpl, c_common>,
+    Make<UserBoolGroupCellImpl>,
 };
 // clang-format on
 
-CellPtr CreateFrom(std::span<const CellRow> table, const ColumnInfo& column,
-                   const CellOrigin& origin) {
-    const auto row =
-        std::ranges::find_if(table, [&](const CellRow& r) { return r.columnId == column.GetId(); });
-    return row == table.end() ? nullptr : row->make(column, origin);
+// What a table says of a column, remembered for the columns asked for last: each row asks for the
+// same few in the same order.
+class MakerMemory {
+public:
+    explicit MakerMemory(std::span<const CellRow> table) : m_table(table) {}
+
+    /// Null for a column that the table does not name.
+    CellMaker Find(const SharedText& columnId) {
+        for (std::size_t i = 0; i < m_entries.size(); ++i) {
+            m_next = (m_next + 1) % m_entries.size();
+            if (m_entries[m_next].columnId.IsSame(columnId))
+                return m_entries[m_next].make;
+        }
+        const auto row = std::ranges::find_if(
+            m_table, [&](const CellRow& r) { return r.columnId == columnId.Str(); });
+        const CellMaker make = row == m_table.end() ? nullptr : row->make;
+        // Those of columns that are gone would only be searched.
+        if (m_entries.size() == c_most)
+            m_entries.clear();
+        m_next = m_entries.size();
+        m_entries.push_back({columnId, make});
+        return make;
+    }
+
+private:
+    static constexpr std::size_t c_most = 64;
+
+    struct Entry {
+        /// Held, so that no other text can come to stand at its address.
+        SharedText columnId;
+        CellMaker make;
+    };
+
+    std::span<const CellRow> m_table;
+    std::vector<Entry> m_entries;
+    std::size_t m_next = 0;
+};
+
+CellPtr CreateFrom(MakerMemory& table, CellMaker list, std::span<const CellMaker> typed,
+                   const ColumnInfo& column, const CellOrigin& origin) {
+    if (const CellMaker make = table.Find(column.GetSharedId()))
+        return make(column, origin);
+    if (!ColumnInfo::ConvertGroupCountFromId(column.GetId()).empty())
+        return nullptr;
+    if (!column.GetStoredList().empty())
+        return list(column, origin);
+    const unsigned type = column.GetType();
+    return type < typed.size() ? typed[type](column, origin) : nullptr;
 }
 
 } // namespace
 
 CellPtr CreateObjectCell(const ColumnInfo& column, const CellOrigin& origin) {
-    return CreateFrom(c_objectCells, column, origin);
+    static MakerMemory table(c_objectCells);
+    return CreateFrom(table, Make<ListCellImpl>, c_typedObjectCells, column, origin);
 }
 
 CellPtr CreateGroupCell(const ColumnInfo& column, const CellOrigin& origin) {
-    return CreateFrom(c_groupCells, column, origin);
+    static MakerMemory table(c_groupCells);
+    return CreateFrom(table, Make<ListGroupCellImpl>, c_typedGroupCells, column, origin);
 }
 
 } // namespace productTree

@@ -1,5 +1,5 @@
-// Which cell a column has in a row: one table for object rows, one for group rows. Columns that
-// neither table names have no cell.
+// Which cell a column has in a row: one table for object rows, one for group rows. What a table
+// does not name has a cell by its list of values or its type; a column with neither has none.
 #pragma once
 
 #include "cells/CellArena.h"

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 #include <utility>
 
 namespace productTree {
@@ -66,12 +65,37 @@ ProductTreeItemImpl::ProductTreeItemImpl(TreeRowPtr row, IfProductTreeData* data
 
 ProductTreeItemImpl::~ProductTreeItemImpl() = default;
 
+bool ProductTreeItemImpl::EditDocCode() {
+    return false;
+}
+
+TreeActionResult ProductTreeItemImpl::OnCellPopupCommand(const std::wstring& columnId,
+                                                         int command) {
+    ProductTreeCellImpl* const cell = FindCell(columnId);
+    return cell ? cell->OnPopupCommand(command) : TreeActionResult();
+}
+
+bool ProductTreeItemImpl::ExecCellCommand(const std::wstring& columnId, int command,
+                                          TreeActionResult& out) {
+    ProductTreeCellImpl* const cell = FindCell(columnId);
+    return cell && cell->ExecCommand(command, out);
+}
+
 SharedText ProductTreeItemImpl::GetDisplayName(const SharedText& text) const {
     return format_label_utils::FormatLabelForDisplay(text);
 }
 
-std::wstring ProductTreeItemImpl::GetCountSuffix(int) const {
+SharedText ProductTreeItemImpl::GetCountSuffix(int) const {
     return {};
+}
+
+// A value that comes from the source already, or has none, is left alone.
+bool ProductTreeItemImpl::CanSetBySource(const std::wstring& columnId) const {
+    ProductTreeCellImpl* const cell = FindCell(columnId);
+    if (!cell || !cell->IsEditable())
+        return false;
+    const SharedText icon = m_row->GetCellSourceIcon(columnId);
+    return !icon.IsEmpty() && !(icon == sourceIcons::bySource);
 }
 
 void ProductTreeItemImpl::UpdateRow() {
@@ -105,6 +129,31 @@ ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const std::wstring& columnId)
     const auto found =
         std::ranges::find_if(m_cells, [&](const auto& cell) { return cell->IsColumn(columnId); });
     return found == m_cells.end() ? nullptr : found->get();
+}
+
+ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const SharedText& columnId) const {
+    // A group asks all its members for one column, which mostly stands at one place in them.
+    static std::size_t s_lastPlace = 0;
+    const auto isIt = [&](const auto& cell) { return cell->GetColumnId().IsSame(columnId); };
+    if (s_lastPlace < m_cells.size() && isIt(m_cells[s_lastPlace]))
+        return m_cells[s_lastPlace].get();
+    const auto found = std::ranges::find_if(m_cells, isIt);
+    if (found == m_cells.end())
+        return FindCell(columnId.Str());
+    s_lastPlace = static_cast<std::size_t>(found - m_cells.begin());
+    return found->get();
+}
+
+SimplePropVal ProductTreeItemImpl::GetCellValue(const SharedText& columnId) const {
+    const ProductTreeCellImpl* const cell = FindCell(columnId);
+    return cell ? cell->GetShownValue() : SimplePropVal();
+}
+
+ProductInfObjChangesResult ProductTreeItemImpl::MakeCellChanges(const SharedText& columnId,
+                                                                const PropValue& value,
+                                                                std::optional<int> extra) {
+    ProductTreeCellImpl* const cell = FindCell(columnId);
+    return cell ? cell->MakeChanges(value, extra) : ProductInfObjChangesResult();
 }
 
 VariantMarking ProductTreeItemImpl::GetMarkingFromRow() const {
@@ -142,6 +191,15 @@ SharedText ProductTreeItemImpl::SetMarkingToRow(const VariantMarking& marking) c
     return text;
 }
 
+void ProductTreeItemImpl::SetLockedPartsToRow() const {
+    if (const auto editor = m_row->GetMarkingEditor())
+        editor->SetLockedParts(GetLockedMarkingParts());
+}
+
+bool ProductTreeItemImpl::IsMarkingCodeLocked() const {
+    return GetLockedMarkingParts().contains(CodePart);
+}
+
 SharedText ProductTreeItemImpl::MakeShownMarking(const VariantMarking& marking,
                                                  const std::set<int>& locked) {
     const auto type = locked.contains(CodePart) ? VariantMarkingData::MakeWithoutCode
@@ -149,40 +207,44 @@ SharedText ProductTreeItemImpl::MakeShownMarking(const VariantMarking& marking,
     return format_label_utils::FormatLabelForDisplay(marking.Make(type, false, false));
 }
 
-void ProductTreeItemImpl::RebuildCells(const std::list<ColumnInfo>& columns) {
+bool ProductTreeItemImpl::IsParentGroup() const {
+    const ITreeTableRow* const parent = m_row->GetParent();
+    const ProductTreeItemImpl* const item = parent ? FindItemOfRow(*parent) : nullptr;
+    return item && item->IsGroup();
+}
+
+void ProductTreeItemImpl::RebuildChildCells(const std::list<ColumnInfo>& columns) {
     ForEachChildItem([&](ProductTreeItemImpl& child) {
         child.RebuildCells(columns);
         return true;
     });
+}
+
+void ProductTreeItemImpl::RebuildCells(const std::list<ColumnInfo>& columns) {
+    RebuildChildCells(columns);
 
     m_cells.clear();
-    m_arena.reset();
+    m_cells.reserve(columns.size() + c_fixedCells);
+    m_arena = std::make_shared<CellArena>(columns.size() + c_fixedCells);
+    for (const ColumnInfo* fixed : {&GetNameColumn(), &GetMarkingColumn()}) {
+        if (auto cell = CreateCell(*fixed))
+            m_cells.push_back(std::move(cell));
+    }
+
     std::size_t slot = 0;
     for (const ColumnInfo& column : columns) {
-        if (auto cell = CreateCell(column)) {
-            // A row kept from the last build keeps its slots with their editors.
-            if (slot < m_row->GetCellCount())
-                m_row->SetCellColumn(slot, column.GetId());
-            else
-                cell->InitEditor();
-            m_cells.push_back(std::move(cell));
-        }
+        auto cell = CreateCell(column);
+        if (!cell)
+            continue;
+        m_cells.push_back(std::move(cell));
+        // A row kept from the last build keeps its slots with their editors.
+        if (slot < m_row->GetCellCount())
+            m_row->SetCellColumn(slot, column.GetId());
+        else
+            m_cells.back()->InitEditor();
         ++slot;
     }
-    m_row->SetCellCount(m_cells.size());
-    PutCellInFront(GetMarkingColumn());
-    PutCellInFront(GetNameColumn());
-}
-
-void ProductTreeItemImpl::PutCellInFront(const ColumnInfo& column) {
-    if (auto cell = CreateCell(column))
-        m_cells.insert(m_cells.begin(), std::move(cell));
-}
-
-CellArena& ProductTreeItemImpl::GetArena() {
-    if (!m_arena)
-        m_arena = std::make_shared<CellArena>(c_fixedCells);
-    return *m_arena;
+    m_row->SetCellCount(slot);
 }
 
 } // namespace productTree

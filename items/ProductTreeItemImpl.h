@@ -1,6 +1,6 @@
 // What a row does. One item drives one row: it owns the row's cells, knows which object or section
-// the row stands for and pushes the row's state to the view. The control makes items at each full
-// build and never looks at the kind of a row.
+// the row stands for, answers what may be done with the row and does it, and pushes the row's state
+// to the view. The control makes items at each full build and never looks at the kind of a row.
 #pragma once
 
 #include "cells/CellArena.h"
@@ -14,6 +14,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 class IfProductTreeData;
@@ -27,31 +28,68 @@ ProductTreeItemImpl* FindItemOfRow(const ITreeTableRow& row);
 
 class ProductTreeItemImpl {
 public:
+    using Key = UniqueMetaObjectKey;
+
     /// `data` outlives the item.
     ProductTreeItemImpl(TreeRowPtr row, IfProductTreeData* data);
     ProductTreeItemImpl(const ProductTreeItemImpl&) = delete;
     ProductTreeItemImpl& operator=(const ProductTreeItemImpl&) = delete;
     virtual ~ProductTreeItemImpl();
 
+    /// The row's columns are offered in the heads when several rows are selected.
+    virtual bool IsGroupEditable() const = 0;
     /// The row is a group of like objects.
     virtual bool IsGroup() const = 0;
     virtual std::shared_ptr<ProductTreeItemId> GetId() const = 0;
+    virtual bool CanHighlight() const = 0;
+    virtual bool CanDelete() const = 0;
+    /// Asks the user and deletes. True when anything was deleted; the row itself is not touched.
+    virtual bool Delete() = 0;
+    /// Adds the keys that deleting this row removes.
+    virtual void CollectKeysToDelete(std::set<Key>& keys) const = 0;
+    /// Adds the keys that this row stands for when it is selected.
+    virtual void CollectSelectionKeys(std::vector<Key>& keys) const = 0;
     /// Sorts the row's keys into those whose cell in the column holds a link and those without. A
     /// row without such a cell adds nothing.
-    virtual void SplitByHypertext(std::vector<UniqueMetaObjectKey>& with,
-                                  std::vector<UniqueMetaObjectKey>& without,
+    virtual void SplitByHypertext(std::vector<Key>& with, std::vector<Key>& without,
                                   const std::wstring& columnId) const = 0;
     /// Finds out whether the row's objects agree with their sources, and remembers it. A row that
     /// stands for others goes by what they remember, so that they come first.
     virtual bool UpdateActual() = 0;
     /// The parts of the designation that nobody may change.
     virtual std::set<int> GetLockedMarkingParts() const = 0;
+    /// The row holds something that can be given a position.
+    virtual bool CanSetPosition() const = 0;
+    /// Numbers what the row holds from `next` on, and gives the next free number.
+    virtual unsigned SetPosition(unsigned next, ProductInfObjChangesResult& changes) = 0;
+    virtual bool CanClearPosition() const = 0;
+    virtual void ClearPosition(ProductInfObjChangesResult& changes) = 0;
+    /// Lets the user choose the document code of the designation. True when that changed anything.
+    virtual bool EditDocCode();
+    /// These two forward to the cell of the column; a default result without one.
+    virtual TreeActionResult OnCellPopupCommand(const std::wstring& columnId, int command);
+    /// False without such a cell, and for a command that is nothing to it.
+    virtual bool ExecCellCommand(const std::wstring& columnId, int command, TreeActionResult& out);
     /// The name as the row shows it.
     virtual SharedText GetDisplayName(const SharedText& text) const;
     /// The count behind a name, such as (x3); empty for a row that stands for one object.
-    virtual std::wstring GetCountSuffix(int withBillets) const;
+    virtual SharedText GetCountSuffix(int withBillets) const;
     /// The number of objects that the row counts; 1 for `withBillets` counts billets, too.
     virtual unsigned GetCount(int withBillets) const = 0;
+    /// Adds the row's object keys, all the way down.
+    virtual void AppendKey(std::vector<Key>& keys) const = 0;
+    virtual bool HasKey(const Key& key) const = 0;
+    /// The object whose documents are shown for the row.
+    virtual Key GetDocumentKey() const = 0;
+    /// The row's own object; the null key for the root row and for sections.
+    virtual Key GetObjectKey() const = 0;
+    /// The name follows the section: a new row of this kind opens no name editor.
+    virtual bool IsSectionNameLinked() const = 0;
+    /// What is sent to the sources of the row's objects.
+    virtual std::vector<std::pair<Key, PropValue>>
+    GetValuesToTransmit(const std::wstring& columnId) const = 0;
+    virtual bool CanTransmitToSource(const std::wstring& columnId) const = 0;
+    virtual bool CanSetBySource(const std::wstring& columnId) const;
     /// Pushes the state of this row and of all rows below it to the view.
     virtual void UpdateRow();
     virtual void UpdateIcon() = 0;
@@ -64,10 +102,22 @@ public:
     bool IsActual() const { return m_actual; }
     /// Null when there is none.
     ProductTreeCellImpl* FindCell(const std::wstring& columnId) const;
+    /// The same for the id as a column holds it, which is found without reading texts.
+    ProductTreeCellImpl* FindCell(const SharedText& columnId) const;
+    /// The value that the row's cell shows; empty without a cell.
+    SimplePropVal GetCellValue(const SharedText& columnId) const;
+    /// As the cell's MakeChanges; no changes without a cell.
+    ProductInfObjChangesResult MakeCellChanges(const SharedText& columnId, const PropValue& value,
+                                               std::optional<int> extra);
     /// The designation as it stands in the row's marking editor; empty without one.
     VariantMarking GetMarkingFromRow() const;
     /// Writes it there, and gives the text that is shown; empty without an editor.
     SharedText SetMarkingToRow(const VariantMarking& marking) const;
+    /// Tells the editor again which parts nobody may change.
+    void SetLockedPartsToRow() const;
+    /// The document code is one of them, and is not shown.
+    bool IsMarkingCodeLocked() const;
+    bool IsParentGroup() const;
     /// Makes the cells of this row and of all rows below it, those below first. Name and
     /// designation come first among them and have no slot in the row.
     void RebuildCells(const std::list<ColumnInfo>& columns);
@@ -86,12 +136,20 @@ public:
         return true;
     }
 
+    /// As soon as `question` is true of one child item; false without any.
+    template <class Question>
+    bool HasChildItem(const Question& question) const {
+        return !ForEachChildItem(
+            [&](const ProductTreeItemImpl& child) { return !question(child); });
+    }
+
 protected:
     /// The text of a designation, without its document code where that part is locked.
     static SharedText MakeShownMarking(const VariantMarking& marking, const std::set<int>& locked);
 
+    void RebuildChildCells(const std::list<ColumnInfo>& columns);
     /// Where the row's cells are made; a new one from each rebuild on.
-    CellArena& GetArena();
+    CellArena& GetArena() { return *m_arena; }
 
     std::vector<std::shared_ptr<ProductTreeCellImpl>> m_cells;
     bool m_actual = true;
@@ -99,8 +157,6 @@ protected:
     IfProductTreeData* m_data;
 
 private:
-    void PutCellInFront(const ColumnInfo& column);
-
     std::shared_ptr<CellArena> m_arena;
 };
 

@@ -145,16 +145,19 @@ void StyleBasedProductTreeSorter::IndexObjects() {
 
 void StyleBasedProductTreeSorter::DropAndSplit() {
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
+    m_areSeparate.assign(m_objects.size(), false);
     for (std::size_t i = 0; i < m_objects.size(); ++i) {
         const Key& key = m_objects[i];
         const IfMetaProductData& metaData = aggregator.GetMetaDataOf(key);
         if (metaData.HasPartHandler(key) && !IsInProduct(metaData.GetPartHandler(key)))
             continue;
         if (meta_data::SP::IsAssociativeBillet(metaData, key) ||
-            meta_data::SP::IsManualBillet(aggregator, key))
+            meta_data::SP::IsManualBillet(aggregator, key)) {
             m_billets.push_back(key);
-        else
-            m_placed.push_back(static_cast<std::uint32_t>(i));
+            continue;
+        }
+        m_placed.push_back(static_cast<std::uint32_t>(i));
+        m_areSeparate[i] = IsSeparate(key);
     }
     std::ranges::sort(m_billets);
 }
@@ -232,7 +235,7 @@ void StyleBasedProductTreeSorter::RowsOfRun(const PartRun& run,
     for (std::size_t i = 0; i < run.parts.size(); ++i) {
         const ConstProductPart& part = run.parts[i];
         const std::uint32_t number = numbers[run.origins[i]];
-        if (IsSeparate(part.key))
+        if (m_areSeparate[number])
             AddRowsOfUses(GetUses(number), m_loose);
         else
             m_joined.push_back({&part, number});
@@ -252,7 +255,7 @@ void StyleBasedProductTreeSorter::RowsOfRun(const PartRun& run,
 
 void StyleBasedProductTreeSorter::AddRowsOfUses(Uses uses, IndexedRows& rows) const {
     for (const Use& use : uses) {
-        if (IsShownInTree(use.key))
+        if (use.isShown)
             rows.Add(use.index).key = use.key;
     }
 }
@@ -382,8 +385,12 @@ InfObjIndex StyleBasedProductTreeSorter::AppendUses(const Key& object,
         const InfObjIndex* index = m_index.Find(occurrence);
         if (index)
             first = std::min(first, *index);
-        if (m_data->IsInTopKeys(occurrence, m_topKeys))
-            uses.push_back({std::move(occurrence), index ? *index : InfObjIndex()});
+        // Asked here, where the document's order is followed, and not where rows are made: a host
+        // looks its parts up quickest in the order in which it keeps them.
+        if (m_data->IsInTopKeys(occurrence, m_topKeys)) {
+            const bool isShown = IsShownInTree(occurrence);
+            uses.push_back({std::move(occurrence), index ? *index : InfObjIndex(), isShown});
+        }
     }
     return first;
 }

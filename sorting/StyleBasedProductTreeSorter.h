@@ -35,6 +35,7 @@ private:
     struct Use {
         UniqueMetaObjectKey key;
         InfObjIndex index;
+        bool isShown = false;
     };
     using Uses = std::span<const Use>;
 
@@ -90,6 +91,8 @@ private:
     std::vector<std::uint32_t> m_firstUses;
     /// Numbers of the objects that are to be placed.
     std::vector<std::uint32_t> m_placed;
+    /// By number of an object that is to be placed.
+    std::vector<bool> m_areSeparate;
     /// Room for the run at hand.
     std::vector<NumberedPart> m_joined;
     IndexedRows m_loose;

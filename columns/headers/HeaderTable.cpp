@@ -1,6 +1,8 @@
 #include "columns/headers/HeaderTable.h"
 
+#include "columns/PropertyKeys.h"
 #include "columns/headers/PlainHeaders.h"
+#include "host/data/IfProductTreeData.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,42 +13,72 @@ namespace {
 
 using HeaderPtr = std::shared_ptr<ProductTreeHeaderImpl>;
 using ModelPtr = boost::intrusive_ptr<ITreeTableModel>;
+using HeaderMaker = HeaderPtr (*)(const ColumnInfo&, IfProductTreeData*, const ModelPtr&);
 
 struct HeaderRow {
-    bool (*fits)(const ColumnInfo&);
-    HeaderPtr (*make)(const ColumnInfo&, IfProductTreeData*, const ModelPtr&);
+    const std::wstring& columnId;
+    HeaderMaker make;
 };
-
-bool HasList(const ColumnInfo& column) {
-    return !column.GetListOfVariant().empty();
-}
-
-template <unsigned type>
-bool HasType(const ColumnInfo& column) {
-    return column.GetType() == type;
-}
 
 template <class Header>
 HeaderPtr Make(const ColumnInfo& column, IfProductTreeData* data, const ModelPtr& model) {
     return std::make_shared<Header>(column, data, model);
 }
 
+// Such a column is a plain value only where the product has no records of materials.
+template <class Header>
+HeaderPtr MakeSimplified(const ColumnInfo& column, IfProductTreeData* data, const ModelPtr& model) {
+    return data->IsSimplifiedMode() ? Make<Header>(column, data, model) : nullptr;
+}
+
+// A column that has no cell has no head.
+HeaderPtr MakeNone(const ColumnInfo&, IfProductTreeData*, const ModelPtr&) {
+    return nullptr;
+}
+
 // clang-format off
-constexpr HeaderRow c_headers[] = {
-    {HasList,    Make<ListHeaderImpl>},
-    {HasType<0>, Make<IntHeaderImpl>},
-    {HasType<1>, Make<DoubleHeaderImpl>},
-    {HasType<2>, Make<StringHeaderImpl>},
-    {HasType<3>, Make<BoolHeaderImpl>},
+const HeaderRow c_headers[] = {
+    {keys::materialDensity,  MakeSimplified<DoubleHeaderImpl>},
+    {keys::mass,             MakeSimplified<DoubleHeaderImpl>},
+    {keys::count,            MakeNone},
+    {keys::notSected,        MakeNone},
+    {keys::material,         MakeNone},
+    {keys::featureType,      Make<FeatureTypeHeaderImpl>},
+    {keys::position,         Make<StringHeaderImpl>},
+    {keys::stampAuthor,      MakeNone},
+    {keys::checkedBy,        MakeNone},
+    {keys::approvedBy,       MakeNone},
+    {keys::mfgApprovedBy,    MakeNone},
+    {keys::rateOfInspection, MakeNone},
+    {keys::signer,           MakeNone},
+    {keys::revisionLetter,   MakeNone},
+    {keys::SPCSection,       MakeNone},
+    {keys::specRoughSign,    MakeNone},
+    {keys::specRoughValue,   MakeNone},
+};
+
+// By the column's type of value.
+constexpr HeaderMaker c_typedHeaders[] = {
+    Make<IntHeaderImpl>,
+    Make<DoubleHeaderImpl>,
+    Make<StringHeaderImpl>,
+    Make<BoolHeaderImpl>,
 };
 // clang-format on
 
 } // namespace
 
 HeaderPtr CreateHeader(const ColumnInfo& column, IfProductTreeData* data, const ModelPtr& model) {
-    const auto* const row =
-        std::ranges::find_if(c_headers, [&](const HeaderRow& r) { return r.fits(column); });
-    return row == std::end(c_headers) ? nullptr : row->make(column, data, model);
+    const auto* const row = std::ranges::find_if(
+        c_headers, [&](const HeaderRow& r) { return r.columnId == column.GetId(); });
+    if (row != std::end(c_headers))
+        return row->make(column, data, model);
+    if (!ColumnInfo::ConvertGroupCountFromId(column.GetId()).empty())
+        return nullptr;
+    if (!column.GetStoredList().empty())
+        return Make<ListHeaderImpl>(column, data, model);
+    const unsigned type = column.GetType();
+    return type < std::size(c_typedHeaders) ? c_typedHeaders[type](column, data, model) : nullptr;
 }
 
 } // namespace productTree

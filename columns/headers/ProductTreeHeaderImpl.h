@@ -1,9 +1,11 @@
-// The object behind one column's head. It declares the head, with the column's caption and width,
-// to the view. The control makes headers anew at each rebuild of the columns and keeps nothing else
-// in them.
+// The object behind one column's head. With several rows selected the head has an editor; what the
+// user leaves there goes as one change set into the cells of all of them. The control makes headers
+// anew at each rebuild of the columns and calls them; they hold nothing but their column.
 #pragma once
 
+#include "cells/TreeActionResult.h"
 #include "columns/ColumnInfo.h"
+#include "host/PropValue.h"
 #include "host/view/ITreeTableModel.h"
 
 #include <string>
@@ -11,6 +13,8 @@
 class IfProductTreeData;
 
 namespace productTree {
+
+class RowIdIndex;
 
 class ProductTreeHeaderImpl {
 public:
@@ -23,10 +27,23 @@ public:
 
     /// Declares the column's head to the view. Called once, right after the header is made.
     virtual void InitEditor() = 0;
+    /// The user has left the head's editor.
+    virtual TreeActionResult OnValueEdited() = 0;
+    virtual TreeActionResult OnClicked();
+    virtual TreeActionResult OnPopupCommand(int command);
 
     bool IsColumn(const std::wstring& id) const { return m_column.GetId() == id; }
+    /// Gives the value, in stored units, to the column's cell in every selected row, in one commit.
+    /// Rows without such a cell, and values that a cell refuses, are passed over. The result names
+    /// the last row that took part.
+    TreeActionResult ApplyValueToSelection(const PropValue& value);
+    /// False for a member of a selected group: the group row's cell writes to it. `selected` holds
+    /// the ids of the selected rows.
+    static bool IsRowToApply(const ITreeTableRow& row, const RowIdIndex& selected);
 
 protected:
+    const SharedText& GetColumnId() const { return m_column.GetSharedId(); }
+
     ColumnInfo m_column;
     IfProductTreeData* m_data;
     boost::intrusive_ptr<ITreeTableModel> m_model;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <iconv.h>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::wstring CharacterConverter::Convert(std::string_view bytes) const {
     return {wide.data(), (sizeof(wide) - outLeft) / sizeof(wchar_t)};
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace desktop::import {
+namespace desktop::step {
 
 class CharacterConverter final {
 public:
@@ -24,4 +24,4 @@ private:
     void* m_handle;
 };
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -11,7 +11,7 @@
 #include <array>
 #include <cmath>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -85,4 +85,4 @@ std::optional<double> FindDensityFactor(const StepBasic_DerivedUnit* unit) {
     return whole;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -6,7 +6,41 @@
 
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
+
+namespace {
+
+/// `definitions` are those to measure.
+class VolumeMeasuring final : public Measuring {
+public:
+    VolumeMeasuring(const ImportedDocument& document, StepReader& reader,
+                    const ProductStructure& structure, std::vector<std::size_t> definitions)
+        : m_document(document), m_reader(reader), m_structure(structure),
+          m_definitions(std::move(definitions)),
+          m_measuring(m_definitions.size(), [this](std::size_t part, const Progress& progress) {
+              return m_reader.MeasureVolume(m_structure.definitions[m_definitions[part]].entity,
+                                            progress);
+          }) {}
+
+    int GetDescriptor() const override { return m_measuring.GetDescriptor(); }
+    bool Advance() override { return m_measuring.Advance(); }
+    double GetShareDone() const override { return m_measuring.GetShareDone(); }
+    Measures GetMeasures() const override {
+        std::vector<std::optional<double>> volumes(m_structure.definitions.size());
+        for (std::size_t i = 0; i < m_definitions.size(); ++i)
+            volumes[m_definitions[i]] = m_measuring.GetValues()[i];
+        return m_document.GetMeasures(volumes);
+    }
+
+private:
+    const ImportedDocument& m_document;
+    StepReader& m_reader;
+    const ProductStructure& m_structure;
+    std::vector<std::size_t> m_definitions;
+    MeasuringApart m_measuring;
+};
+
+} // namespace
 
 ImportedDocument::ImportedDocument(std::unique_ptr<StepReader> reader, StepContents contents,
                                    RootChoice choice, std::vector<Component> components,
@@ -25,42 +59,25 @@ ImportedDocument::ImportedDocument(std::unique_ptr<StepReader> reader, StepConte
         component.occurrences = {};
 }
 
-StepDocument::Masses ImportedDocument::ComputeMasses(const Progress& progress) {
-    const std::vector<std::size_t> parts = FindPartsToMeasure(m_structure, m_choice.tops);
-    const Measure measure = [&](std::size_t part, const Progress& share) {
-        return m_reader->MeasureVolume(m_structure.definitions[parts[part]].entity, share);
-    };
-    const auto measured = MeasureApart(parts.size(), measure, progress);
-    if (!measured)
-        return {};
-    std::vector<std::optional<double>> volumes(m_structure.definitions.size());
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        volumes[parts[i]] = (*measured)[i];
-    return MassesOfObjects(ComputeDefinitionMasses(m_structure, m_choice.tops, volumes));
+std::unique_ptr<Measuring> ImportedDocument::StartMeasuring(MeasuredParts parts) {
+    return std::make_unique<VolumeMeasuring>(*this, *m_reader, m_structure,
+                                             FindPartsToMeasure(m_structure, m_choice.tops, parts));
 }
 
-StepDocument::Masses
-ImportedDocument::MassesOfObjects(const std::vector<std::optional<double>>& masses) const {
-    Masses result;
+Measures ImportedDocument::GetMeasures(const std::vector<std::optional<double>>& volumes) const {
+    const auto masses = ComputeDefinitionMasses(m_structure, m_choice.tops, volumes);
+    Measures result;
     for (const Component& component : m_components) {
-        if (const std::optional<double> mass = masses[component.definition])
-            result.emplace_back(GetObjectKey(m_structure, component), *mass);
+        const auto& values = component.isAssembly ? masses : volumes;
+        if (const std::optional<double> value = values[component.definition]) {
+            (component.isAssembly ? result.masses : result.volumes)
+                .emplace_back(GetObjectKey(m_structure, component), *value);
+        }
     }
-    if (const std::optional<double> mass = RootMass(masses))
-        // A key of its own: copies of the model's are counted on another thread.
-        result.emplace_back(UniqueMetaObjectKey(std::string(m_model.root.key.String())), *mass);
+    if (m_components.empty() && m_choice.root && volumes[*m_choice.root]) {
+        result.volumes.emplace_back(m_model.root.key, *volumes[*m_choice.root]);
+    }
     return result;
-}
-
-std::optional<double>
-ImportedDocument::RootMass(const std::vector<std::optional<double>>& masses) const {
-    double sum = 0;
-    for (const std::size_t top : m_choice.tops) {
-        if (!masses[top])
-            return std::nullopt;
-        sum += *masses[top];
-    }
-    return sum;
 }
 
 void ImportedDocument::AddNote(std::size_t count, const char* one, const char* many,
@@ -69,4 +86,4 @@ void ImportedDocument::AddNote(std::size_t count, const char* one, const char* m
         m_notes.push_back(std::to_string(count) + " " + (count == 1 ? one : many) + rest);
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace desktop::import {
+namespace desktop::step {
 
 class ImportedDocument final : public StepDocument {
 public:
@@ -22,11 +22,12 @@ public:
 
     const platform::ProductModel& GetModel() const override { return m_model; }
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
-    Masses ComputeMasses(const Progress& progress) override;
+    std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts) override;
+
+    /// From volumes in m3, by definition.
+    Measures GetMeasures(const std::vector<std::optional<double>>& volumes) const;
 
 private:
-    Masses MassesOfObjects(const std::vector<std::optional<double>>& masses) const;
-    std::optional<double> RootMass(const std::vector<std::optional<double>>& masses) const;
     void AddNote(std::size_t count, const char* one, const char* many, const char* rest);
 
     std::unique_ptr<StepReader> m_reader;
@@ -37,4 +38,4 @@ private:
     std::vector<std::string> m_notes;
 };
 
-} // namespace desktop::import
+} // namespace desktop::step

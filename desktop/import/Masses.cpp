@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -21,13 +21,15 @@ Mass SumOfComponents(const Definition& assembly, const std::vector<Mass>& masses
 } // namespace
 
 std::vector<std::size_t> FindPartsToMeasure(const ProductStructure& structure,
-                                            const std::vector<std::size_t>& tops) {
-    std::vector<std::size_t> parts = SortByUse(structure, tops);
-    std::erase_if(parts, [&](std::size_t i) {
+                                            const std::vector<std::size_t>& tops,
+                                            MeasuredParts parts) {
+    std::vector<std::size_t> found = SortByUse(structure, tops);
+    std::erase_if(found, [&](std::size_t i) {
         const Definition& definition = structure.definitions[i];
-        return definition.IsAssembly() || !definition.material.density;
+        return definition.IsAssembly() ||
+               (parts == MeasuredParts::WithDensity && !definition.material.density);
     });
-    return parts;
+    return found;
 }
 
 std::vector<Mass> ComputeDefinitionMasses(const ProductStructure& structure,
@@ -47,4 +49,4 @@ std::vector<Mass> ComputeDefinitionMasses(const ProductStructure& structure,
     return masses;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

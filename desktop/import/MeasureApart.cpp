@@ -4,13 +4,14 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <poll.h>
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -23,18 +24,15 @@ struct Report {
     double value = 0;
 };
 
-/// A stop is felt after this time even while the child is silent.
-constexpr int pollMilliseconds = 50;
 constexpr double smallestStep = 0.01;
 
-/// The child's side. Nothing here may touch what other threads of the parent were doing when the
-/// child was made, and it leaves without the parent's clean-up.
+/// The child's side. It leaves without the parent's clean-up.
 class Child final {
 public:
     Child(int pipe, const Measure& measure) : m_pipe(pipe), m_measure(measure) {}
 
-    [[noreturn]] void Run(std::size_t first, std::size_t count) {
-        // It ends with the thread that waits for it, and a crash is quiet and leaves no file.
+    [[noreturn]] void Run(std::size_t first, std::size_t count) noexcept {
+        // It ends with the thread that made it, and a crash is quiet and leaves no file.
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         const rlimit noCore{0, 0};
         setrlimit(RLIMIT_CORE, &noCore);
@@ -53,7 +51,6 @@ private:
                 told = share;
                 Send({part, share, false, false, 0});
             }
-            return true;
         });
         Send({part, 1, true, value.has_value(), value.value_or(0)});
     }
@@ -70,105 +67,75 @@ private:
     const Measure& m_measure;
 };
 
-/// The parent's side: one child at a time, a new one behind each part that ended its child.
-class Measuring final {
-public:
-    Measuring(std::size_t count, const Measure& measure, const Progress& progress)
-        : m_measure(measure), m_progress(progress), m_values(count) {}
-
-    std::optional<std::vector<std::optional<double>>> Run() {
-        while (m_next < m_values.size()) {
-            if (!StartChild())
-                break;
-            const bool isStopped = !Listen();
-            EndChild();
-            if (isStopped)
-                return std::nullopt;
-        }
-        return std::move(m_values);
-    }
-
-private:
-    bool StartChild() {
-        std::array<int, 2> ends{};
-        if (pipe(ends.data()) != 0)
-            return false;
-        m_child = fork();
-        if (m_child == 0) {
-            close(ends[0]);
-            Child(ends[1], m_measure).Run(m_next, m_values.size());
-        }
-        close(ends[1]);
-        m_pipe = ends[0];
-        if (m_child > 0)
-            return true;
-        close(m_pipe);
-        return false;
-    }
-
-    /// Until the child has nothing more to say; false when it is to stop.
-    bool Listen() {
-        pollfd pipe{m_pipe, POLLIN, 0};
-        while (true) {
-            poll(&pipe, 1, pollMilliseconds);
-            if (pipe.revents != 0) {
-                Report report;
-                const ssize_t size = read(m_pipe, &report, sizeof(report));
-                if (size == 0)
-                    break;
-                if (size == static_cast<ssize_t>(sizeof(report)))
-                    Take(report);
-            }
-            if (!TellProgress())
-                return false;
-        }
-        if (m_next == m_values.size())
-            return true;
-        // The child is gone in the middle of a part, which then has no value.
-        Finish(m_next);
-        return TellProgress();
-    }
-
-    void Take(const Report& report) {
-        m_share = report.share;
-        if (!report.isDone)
-            return;
-        if (report.hasValue)
-            m_values[report.part] = report.value;
-        Finish(report.part);
-    }
-
-    void Finish(std::size_t part) {
-        m_next = part + 1;
-        m_share = 0;
-    }
-
-    bool TellProgress() {
-        const double done = static_cast<double>(m_next) + std::clamp(m_share, 0.0, 1.0);
-        return m_progress(done / static_cast<double>(m_values.size()));
-    }
-
-    void EndChild() const {
-        close(m_pipe);
-        kill(m_child, SIGKILL);
-        while (waitpid(m_child, nullptr, 0) < 0 && errno == EINTR) {
-        }
-    }
-
-    const Measure& m_measure;
-    const Progress& m_progress;
-    std::vector<std::optional<double>> m_values;
-    std::size_t m_next = 0;
-    double m_share = 0;
-    pid_t m_child = 0;
-    int m_pipe = -1;
-};
-
 } // namespace
 
-std::optional<std::vector<std::optional<double>>>
-MeasureApart(std::size_t count, const Measure& measure, const Progress& progress) {
-    return Measuring(count, measure, progress).Run();
+MeasuringApart::MeasuringApart(std::size_t count, Measure measure)
+    : m_measure(std::move(measure)), m_values(count) {
+    StartChild();
 }
 
-} // namespace desktop::import
+MeasuringApart::~MeasuringApart() {
+    EndChild();
+}
+
+void MeasuringApart::StartChild() {
+    std::array<int, 2> ends{};
+    if (m_next == m_values.size() || pipe2(ends.data(), O_CLOEXEC) != 0)
+        return;
+    m_child = fork();
+    if (m_child == 0) {
+        close(ends[0]);
+        Child(ends[1], m_measure).Run(m_next, m_values.size());
+    }
+    close(ends[1]);
+    if (m_child < 0) {
+        close(ends[0]);
+        return;
+    }
+    m_pipe = ends[0];
+    fcntl(m_pipe, F_SETFL, O_NONBLOCK);
+}
+
+bool MeasuringApart::Advance() {
+    if (m_pipe >= 0 && !TakeReports()) {
+        EndChild();
+        // A child that is gone in the middle of a part leaves it without a value.
+        m_next = std::min(m_next + 1, m_values.size());
+        m_share = 0;
+        StartChild();
+    }
+    return m_pipe >= 0;
+}
+
+bool MeasuringApart::TakeReports() {
+    Report report;
+    ssize_t size = 0;
+    while ((size = read(m_pipe, &report, sizeof(report))) == sizeof(report)) {
+        m_share = report.share;
+        if (!report.isDone)
+            continue;
+        if (report.hasValue)
+            m_values[report.part] = report.value;
+        m_next = report.part + 1;
+        m_share = 0;
+    }
+    return size < 0 && (errno == EAGAIN || errno == EINTR);
+}
+
+double MeasuringApart::GetShareDone() const {
+    if (m_pipe < 0)
+        return 1;
+    return (static_cast<double>(m_next) + std::clamp(m_share, 0.0, 1.0)) /
+           static_cast<double>(m_values.size());
+}
+
+void MeasuringApart::EndChild() {
+    if (m_pipe < 0)
+        return;
+    close(std::exchange(m_pipe, -1));
+    kill(m_child, SIGKILL);
+    while (waitpid(m_child, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+} // namespace desktop::step

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -23,6 +23,7 @@ constexpr ComponentKind standardKind{platform::PartKindStandard, 25, 2};
 constexpr const wchar_t* materialPath = L"material";
 constexpr const wchar_t* densityPath = L"material.density";
 constexpr const wchar_t* massPath = L"mass";
+constexpr const wchar_t* notePath = L"note";
 
 const char* const rootKey = "root";
 
@@ -116,9 +117,11 @@ platform::ProductModel BuildModel(const ProductStructure& structure, const RootC
     model.objects.reserve(components.size());
     for (const Component& component : components)
         model.objects.push_back(MakeObject(structure, component, part));
-    for (const wchar_t* path : {materialPath, densityPath, massPath})
+    model.root.sumsPartMasses = !model.objects.empty();
+    model.isSimplified = true;
+    for (const wchar_t* path : {materialPath, densityPath, massPath, notePath})
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));
     return model;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

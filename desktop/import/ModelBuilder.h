@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace desktop::import {
+namespace desktop::step {
 
 /// The key of the object that a component becomes.
 UniqueMetaObjectKey GetObjectKey(const ProductStructure& structure, const Component& component);
@@ -18,4 +18,4 @@ platform::ProductModel BuildModel(const ProductStructure& structure, const RootC
                                   const std::vector<Component>& components,
                                   const std::wstring& title);
 
-} // namespace desktop::import
+} // namespace desktop::step

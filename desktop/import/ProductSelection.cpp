@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -128,4 +128,4 @@ std::variant<std::vector<Component>, FileError> LeafComponents(const ProductStru
     return components.Take();
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -12,7 +12,7 @@
 #include <variant>
 #include <vector>
 
-namespace desktop::import {
+namespace desktop::step {
 
 struct RootChoice {
     /// The definition that is the root; no value where several free ones stand under a root that
@@ -47,4 +47,4 @@ std::vector<Component> DirectComponents(const ProductStructure& structure,
 std::variant<std::vector<Component>, FileError> LeafComponents(const ProductStructure& structure,
                                                                const RootChoice& choice);
 
-} // namespace desktop::import
+} // namespace desktop::step

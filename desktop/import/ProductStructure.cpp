@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -106,4 +106,4 @@ std::vector<std::size_t> CountOccurrences(const ProductStructure& structure,
     return counts;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

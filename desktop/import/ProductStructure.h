@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace desktop::import {
+namespace desktop::step {
 
 /// What a part is made of, in kg/m3; no value where the file does not say.
 struct Material {
@@ -75,4 +75,4 @@ std::vector<std::size_t> SortByUse(const ProductStructure& structure,
 std::vector<std::size_t> CountOccurrences(const ProductStructure& structure,
                                           const std::vector<std::size_t>& roots, std::size_t limit);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -23,7 +23,7 @@
 #include <cctype>
 #include <cmath>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -93,4 +93,4 @@ MaterialFacts ReadMaterial(const StepRepr_PropertyDefinitionRepresentation& prop
     return facts;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

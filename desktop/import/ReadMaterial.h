@@ -8,7 +8,7 @@
 class StepBasic_ProductDefinition;
 class StepRepr_PropertyDefinitionRepresentation;
 
-namespace desktop::import {
+namespace desktop::step {
 
 struct MaterialFacts {
     /// Raw text; empty when the property is not a material's name.
@@ -25,4 +25,4 @@ GetDefinitionOf(const StepRepr_PropertyDefinitionRepresentation& property);
 
 MaterialFacts ReadMaterial(const StepRepr_PropertyDefinitionRepresentation& property);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -4,7 +4,7 @@
 
 #include <TCollection_HAsciiString.hxx>
 
-namespace desktop::import {
+namespace desktop::step {
 
 std::string RawText(const TCollection_HAsciiString* text) {
     if (!text)
@@ -12,4 +12,4 @@ std::string RawText(const TCollection_HAsciiString* text) {
     return RestoreString({text->ToCString(), static_cast<std::size_t>(text->Length())});
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

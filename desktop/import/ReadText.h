@@ -5,9 +5,9 @@
 
 class TCollection_HAsciiString;
 
-namespace desktop::import {
+namespace desktop::step {
 
 /// Not decoded yet; empty for a value that is not there.
 std::string RawText(const TCollection_HAsciiString* text);
 
-} // namespace desktop::import
+} // namespace desktop::step

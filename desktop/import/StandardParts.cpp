@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -73,4 +73,4 @@ bool BeginsWithStandard(std::wstring_view text) {
     }
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -23,7 +23,7 @@
 #include <unordered_map>
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -164,4 +164,4 @@ std::variant<StepContents, FileError> ReadContents(const StepData_StepModel& mod
     }
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -12,7 +12,7 @@
 
 class StepData_StepModel;
 
-namespace desktop::import {
+namespace desktop::step {
 
 class TextDecoder;
 
@@ -29,4 +29,4 @@ struct StepContents {
 std::variant<StepContents, FileError> ReadContents(const StepData_StepModel& model,
                                                    const TextDecoder& decoder);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -174,4 +174,4 @@ std::wstring DecodeEscapes(std::wstring_view text) {
     return EscapeDecoder(text).Decode();
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-namespace desktop::import {
+namespace desktop::step {
 
 /// What is no whole escape stays as it is written; a code that is no character becomes the
 /// replacement character.
 std::wstring DecodeEscapes(std::wstring_view text);
 
-} // namespace desktop::import
+} // namespace desktop::step

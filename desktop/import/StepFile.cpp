@@ -10,7 +10,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -79,4 +79,4 @@ std::variant<std::string, FileError> LoadStepFile(const std::filesystem::path& p
     return text;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -7,9 +7,9 @@
 #include <string>
 #include <variant>
 
-namespace desktop::import {
+namespace desktop::step {
 
 /// The whole file, once its first bytes are known to be those of a STEP file.
 std::variant<std::string, FileError> LoadStepFile(const std::filesystem::path& path);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -11,8 +11,9 @@
 
 #include <new>
 #include <optional>
+#include <poll.h>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -99,8 +100,15 @@ StepDocument::Read(const std::filesystem::path& path, const StepOptions& options
     }
 }
 
+void Measuring::Wait() {
+    while (Advance()) {
+        pollfd news{GetDescriptor(), POLLIN, 0};
+        poll(&news, 1, -1);
+    }
+}
+
 bool IsKnownEncoding(const std::string& encoding) {
     return TextDecoder::Make(encoding).has_value();
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

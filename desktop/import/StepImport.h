@@ -7,14 +7,13 @@
 #include "platform/product/ProductModel.h"
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
 #include <variant>
 #include <vector>
 
-namespace desktop::import {
+namespace desktop::step {
 
 struct StepOptions {
     /// Name or id of the product that becomes the root; empty: the file's own root.
@@ -25,13 +24,44 @@ struct StepOptions {
     std::string encoding;
 };
 
-/// Called during long work with the share done, 0 to 1; false stops the work.
-using Progress = std::function<bool(double)>;
+enum class MeasuredParts {
+    /// Those that have a mass as soon as they have a volume.
+    WithDensity,
+    /// Those too that may be given a density later.
+    All
+};
+
+/// What the geometry tells of the model's objects.
+struct Measures {
+    using Values = std::vector<std::pair<UniqueMetaObjectKey, double>>;
+
+    /// In m3, of parts.
+    Values volumes;
+    /// In kilograms, of assemblies all of whose parts have volume and density.
+    Values masses;
+};
+
+/// The measuring of parts in a child process, which goes on while this process does other things.
+/// Gone, it has stopped.
+class Measuring {
+public:
+    virtual ~Measuring() = default;
+
+    /// Can be read from as soon as Advance has news; another one after it, -1 when all is done.
+    virtual int GetDescriptor() const = 0;
+    /// Takes the news there are, without waiting for more. False when all is done.
+    virtual bool Advance() = 0;
+    /// Of all parts, 0 to 1.
+    virtual double GetShareDone() const = 0;
+    /// Of the parts that are done.
+    virtual Measures GetMeasures() const = 0;
+
+    /// Until all is done.
+    void Wait();
+};
 
 class StepDocument {
 public:
-    using Masses = std::vector<std::pair<UniqueMetaObjectKey, double>>;
-
     static std::variant<std::unique_ptr<StepDocument>, FileError>
     Read(const std::filesystem::path& path, const StepOptions& options);
 
@@ -41,13 +71,13 @@ public:
     /// What the user should know about the file, a line each, for instance that it refers to
     /// others.
     virtual const std::vector<std::string>& GetNotes() const = 0;
-    /// Transfers the geometry, in a child process, and gives the mass, in kilograms, of each object
-    /// that has volume and density; of an assembly when all its parts have. May be called on
-    /// another thread, which then calls `progress`. Empty when stopped.
-    virtual Masses ComputeMasses(const Progress& progress) = 0;
+    /// Transfers the geometry, in a child process. The document has to stay. To be called on a
+    /// thread that lives as long as the measuring, in a process in which no other one is at work:
+    /// the child inherits every lock that is held and nobody who would give it back.
+    virtual std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts) = 0;
 };
 
 /// Whether text of that name can be read, for the command line's own check.
 bool IsKnownEncoding(const std::string& encoding);
 
-} // namespace desktop::import
+} // namespace desktop::step

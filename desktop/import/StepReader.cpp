@@ -24,7 +24,7 @@
 #include <streambuf>
 #include <string>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -42,14 +42,15 @@ public:
     }
 };
 
-/// Hands the progress of the reader on, and the wish to stop back.
+/// Hands the progress of the reader on.
 class ProgressBridge final : public Message_ProgressIndicator {
 public:
     explicit ProgressBridge(const Progress& progress) : m_progress(progress) {}
 
 protected:
-    Standard_Boolean UserBreak() override { return !m_progress(GetPosition()); }
-    void Show(const Message_ProgressScope&, const Standard_Boolean) override {}
+    void Show(const Message_ProgressScope&, const Standard_Boolean) override {
+        m_progress(GetPosition());
+    }
 
 private:
     const Progress& m_progress;
@@ -145,4 +146,4 @@ std::optional<double> StepReader::MeasureVolume(int entity, const Progress& prog
     }
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

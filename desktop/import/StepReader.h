@@ -4,8 +4,8 @@
 #pragma once
 
 #include "desktop/FileError.h"
-#include "desktop/import/StepImport.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -14,7 +14,10 @@
 class STEPControl_Reader;
 class StepData_StepModel;
 
-namespace desktop::import {
+namespace desktop::step {
+
+/// Called during long work with the share done, 0 to 1.
+using Progress = std::function<void(double)>;
 
 class StepReader final {
 public:
@@ -27,8 +30,8 @@ public:
 
     const StepData_StepModel& GetModel() const;
     /// Transfers the shape of a product definition, which is the entity of that rank in the model,
-    /// and gives the volume of its solids in m3. No value: it has none, or it can't be transferred,
-    /// or `progress` said stop. A damaged shape may end the process.
+    /// and gives the volume of its solids in m3. No value: it has none, or it can't be transferred.
+    /// A damaged shape may end the process.
     std::optional<double> MeasureVolume(int entity, const Progress& progress);
 
 private:
@@ -37,4 +40,4 @@ private:
     std::unique_ptr<STEPControl_Reader> m_reader;
 };
 
-} // namespace desktop::import
+} // namespace desktop::step

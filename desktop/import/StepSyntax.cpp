@@ -1,6 +1,6 @@
 #include "desktop/import/StepSyntax.h"
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -204,4 +204,4 @@ std::optional<SyntaxError> CheckSyntax(std::string_view statement) {
     return StatementCheck(statement).Run();
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

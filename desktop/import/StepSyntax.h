@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-namespace desktop::import {
+namespace desktop::step {
 
 struct SyntaxError {
     const char* what = nullptr;
@@ -18,4 +18,4 @@ struct SyntaxError {
 /// value: well formed.
 std::optional<SyntaxError> CheckSyntax(std::string_view statement);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -230,4 +230,4 @@ std::string RestoreString(std::string_view fromReader) {
     return text;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

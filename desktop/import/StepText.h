@@ -10,7 +10,7 @@
 #include <string_view>
 #include <variant>
 
-namespace desktop::import {
+namespace desktop::step {
 
 bool BeginsLikeStep(std::string_view text);
 
@@ -27,4 +27,4 @@ std::variant<PreparedText, FileError> PrepareForReader(std::string_view file);
 /// The inner text of a string of the file, from what the reader gives for it.
 std::string RestoreString(std::string_view fromReader);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -9,7 +9,7 @@
 #include <cctype>
 #include <utility>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -114,4 +114,4 @@ std::wstring TextDecoder::ToWide(std::string_view text) const {
     return wide;
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace desktop::import {
+namespace desktop::step {
 
 class CharacterConverter;
 
@@ -31,4 +31,4 @@ private:
     std::shared_ptr<const CharacterConverter> m_converter;
 };
 
-} // namespace desktop::import
+} // namespace desktop::step

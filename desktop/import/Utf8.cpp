@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace desktop::import {
+namespace desktop::step {
 
 namespace {
 
@@ -99,4 +99,4 @@ std::string Quote(std::wstring_view text) {
     return '"' + ToUtf8(line) + (text.size() > longest ? "...\"" : "\"");
 }
 
-} // namespace desktop::import
+} // namespace desktop::step

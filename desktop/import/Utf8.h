@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace desktop::import {
+namespace desktop::step {
 
 /// A code that stands for a character by itself: in range and no surrogate.
 constexpr bool IsUnicode(std::uint32_t code) {
@@ -24,4 +24,4 @@ std::string ToUtf8(std::wstring_view text);
 /// The text in double quotes on one line for a message, cut where it is long.
 std::string Quote(std::wstring_view text);
 
-} // namespace desktop::import
+} // namespace desktop::step

@@ -123,6 +123,10 @@ void Decode(const JsonValue& json, const ModelPath& path, std::optional<bool>& v
         Decode(json, path, value.emplace());
 }
 
+void Decode(const JsonValue& json, const ModelPath& path, std::optional<double>& value) {
+    Decode(json, path, value.emplace());
+}
+
 void Decode(const JsonValue& json, const ModelPath& path, std::vector<int>& value) {
     value.clear();
     DecodeEach<int>(json, path,

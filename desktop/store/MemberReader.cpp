@@ -71,8 +71,18 @@ void MemberReader::Property(std::string_view name, unsigned long& number) {
                "a property's path is expected, \"user.1000\" or above for your own");
 }
 
-void MemberReader::Properties(std::string_view name, std::vector<unsigned long>& numbers) {
-    numbers.clear();
+void MemberReader::NamedProperty(std::string_view name, unsigned long& number) {
+    const ModelPath path(m_path, name);
+    const JsonValue* const json = Take(name);
+    if (!json)
+        Refuse(m_json.at, path, "a property is needed");
+    std::string text;
+    Decode(*json, path, text);
+    number = PropertyNumber(m_context.names, text, json->at, path);
+}
+
+template <class Add>
+void MemberReader::ReadProperties(std::string_view name, const Add& add) {
     const JsonValue* const json = Take(name);
     if (!json)
         return;
@@ -80,13 +90,43 @@ void MemberReader::Properties(std::string_view name, std::vector<unsigned long>&
     const JsonArray& array = ArrayOf(*json, path);
     for (std::size_t i = 0; i < array.size(); ++i) {
         std::string text;
-        Decode(array[i], {path, i}, text);
-        numbers.push_back(PropertyNumber(m_context.names, text, array[i].at, {path, i}));
+        const ModelPath place(path, i);
+        Decode(array[i], place, text);
+        if (!add(PropertyNumber(m_context.names, text, array[i].at, place)))
+            Refuse(array[i].at, place, "the property stands here twice");
     }
 }
 
-void MemberReader::Values(std::string_view name,
-                          std::vector<std::pair<unsigned long, PropValue>>& values) {
+void MemberReader::Properties(std::string_view name, std::vector<unsigned long>& numbers) {
+    numbers.clear();
+    ReadProperties(name, [&](unsigned long number) {
+        numbers.push_back(number);
+        return true;
+    });
+}
+
+void MemberReader::Properties(std::string_view name, std::set<unsigned long>& numbers) {
+    numbers.clear();
+    ReadProperties(name, [&](unsigned long number) { return numbers.insert(number).second; });
+}
+
+void MemberReader::Links(std::string_view name, std::vector<platform::LinkRecord>& links) {
+    links.clear();
+    const JsonValue* const json = Take(name);
+    if (!json)
+        return;
+    const ModelPath path(m_path, name);
+    for (const JsonMember& member : ObjectOf(*json, path)) {
+        const ModelPath place(path, member.name);
+        platform::LinkRecord& link = links.emplace_back();
+        link.property = PropertyNumber(m_context.names, member.name, member.at, place);
+        MemberReader reader(member.value, place, m_context);
+        Describe(reader, link);
+        reader.Finish();
+    }
+}
+
+void MemberReader::Values(std::string_view name, platform::PropertyValues& values) {
     values.clear();
     const JsonValue* const json = Take(name);
     if (!json)

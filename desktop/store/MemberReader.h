@@ -39,6 +39,7 @@ void Decode(const JsonValue& json, const ModelPath& path, std::wstring& value);
 void Decode(const JsonValue& json, const ModelPath& path, SharedText& value);
 void Decode(const JsonValue& json, const ModelPath& path, UniqueMetaObjectKey& value);
 void Decode(const JsonValue& json, const ModelPath& path, std::optional<bool>& value);
+void Decode(const JsonValue& json, const ModelPath& path, std::optional<double>& value);
 void Decode(const JsonValue& json, const ModelPath& path, std::vector<int>& value);
 void Decode(const JsonValue& json, const ModelPath& path, std::set<int>& value);
 void Decode(const JsonValue& json, const ModelPath& path, std::vector<UniqueMetaObjectKey>& value);
@@ -104,8 +105,12 @@ public:
     /// Where a member stands that is read later.
     void Place(std::string_view) {}
     void Property(std::string_view name, unsigned long& number);
+    /// As Property, or by its name.
+    void NamedProperty(std::string_view name, unsigned long& number);
     void Properties(std::string_view name, std::vector<unsigned long>& numbers);
-    void Values(std::string_view name, std::vector<std::pair<unsigned long, PropValue>>& values);
+    void Properties(std::string_view name, std::set<unsigned long>& numbers);
+    void Values(std::string_view name, platform::PropertyValues& values);
+    void Links(std::string_view name, std::vector<platform::LinkRecord>& links);
     void Literals(std::string_view name, std::vector<SimplePropVal>& values, ValueType type);
     void Section(std::string_view name, SPCSection& section);
     void Object(std::string_view name, platform::ObjectRecord& object,
@@ -122,6 +127,8 @@ public:
     void Finish() const;
 
 private:
+    template <class Add>
+    void ReadProperties(std::string_view name, const Add& add);
     void AddUses(const JsonValue& json, const ModelPath& path, platform::ObjectRecord& object);
     void CountUses(std::size_t count, TextPosition at, const ModelPath& path);
 

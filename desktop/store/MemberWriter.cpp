@@ -48,6 +48,9 @@ JsonData Encode(const UniqueMetaObjectKey& value) {
 JsonData Encode(const std::optional<bool>& value) {
     return value ? JsonData(*value) : JsonData();
 }
+JsonData Encode(const std::optional<double>& value) {
+    return value ? EncodeNumber(*value).data : JsonData();
+}
 JsonData Encode(const std::vector<int>& value) {
     return EncodeEach(value);
 }
@@ -84,7 +87,23 @@ void MemberWriter::Property(std::string_view name, unsigned long number) {
     Put(name, PropertyNames::PathOf(number));
 }
 
-void MemberWriter::Properties(std::string_view name, const std::vector<unsigned long>& numbers) {
+void MemberWriter::NamedProperty(std::string_view name, unsigned long number) {
+    Put(name, m_context->names.NameOf(number));
+}
+
+void MemberWriter::Properties(std::string_view name, const std::set<unsigned long>& numbers) {
+    Properties(name, std::vector<unsigned long>(numbers.begin(), numbers.end()));
+}
+
+void MemberWriter::Links(std::string_view name, const std::vector<platform::LinkRecord>& links) {
+    JsonObject object;
+    for (const platform::LinkRecord& link : links)
+        object.push_back({{}, m_context->names.NameOf(link.property), Written(link)});
+    if (!object.empty())
+        Put(name, std::move(object));
+}
+
+void MemberWriter::Properties(std::string_view name, std::span<const unsigned long> numbers) {
     JsonArray array;
     for (const unsigned long number : numbers)
         array.push_back({{}, m_context->names.NameOf(number)});
@@ -92,8 +111,7 @@ void MemberWriter::Properties(std::string_view name, const std::vector<unsigned 
         Put(name, std::move(array));
 }
 
-void MemberWriter::Values(std::string_view name,
-                          const std::vector<std::pair<unsigned long, PropValue>>& values) {
+void MemberWriter::Values(std::string_view name, const platform::PropertyValues& values) {
     JsonObject object;
     for (const auto& [number, value] : values)
         object.push_back({{},

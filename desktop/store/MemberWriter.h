@@ -28,6 +28,7 @@ JsonData Encode(const std::wstring& value);
 JsonData Encode(const SharedText& value);
 JsonData Encode(const UniqueMetaObjectKey& value);
 JsonData Encode(const std::optional<bool>& value);
+JsonData Encode(const std::optional<double>& value);
 JsonData Encode(const std::vector<int>& value);
 JsonData Encode(const std::set<int>& value);
 JsonData Encode(const std::vector<UniqueMetaObjectKey>& value);
@@ -74,9 +75,11 @@ public:
     /// Keeps the place for a member that is written later.
     void Place(std::string_view name) { Put(name, std::monostate()); }
     void Property(std::string_view name, unsigned long number);
-    void Properties(std::string_view name, const std::vector<unsigned long>& numbers);
-    void Values(std::string_view name,
-                const std::vector<std::pair<unsigned long, PropValue>>& values);
+    void NamedProperty(std::string_view name, unsigned long number);
+    void Properties(std::string_view name, std::span<const unsigned long> numbers);
+    void Properties(std::string_view name, const std::set<unsigned long>& numbers);
+    void Values(std::string_view name, const platform::PropertyValues& values);
+    void Links(std::string_view name, const std::vector<platform::LinkRecord>& links);
     void Literals(std::string_view name, const std::vector<SimplePropVal>& values, ValueType type);
     void Section(std::string_view name, const SPCSection& section);
     void Object(std::string_view name, const platform::ObjectRecord& object,

@@ -68,6 +68,14 @@ void Describe(Archive& file, In<Archive, platform::PropertyRecord> record) {
     file.Value("unit", record.unitCode);
     file.Value("unitCoefficient", record.unitCoefficient);
     file.Value("variable", record.isVariable);
+    file.Value("readOnly", record.isReadOnly);
+}
+
+/// A link stands under the name of its own property.
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::LinkRecord> record) {
+    file.Value("object", record.target);
+    file.NamedProperty("property", record.targetProperty);
 }
 
 template <class Archive>
@@ -83,6 +91,7 @@ void Describe(Archive& file, In<Archive, platform::StyleSectionRecord> record) {
     file.Value("number", record.number);
     file.Value("name", record.name);
     file.Value("tuned", record.isTuned, true);
+    file.Value("numbered", record.isNumbered);
     file.Value("addBlocks", record.addBlocks);
     file.Records("blocks", record.blocks);
 }
@@ -123,6 +132,8 @@ void DescribeUse(Archive& file, In<Archive, platform::OccurrenceRecord> use,
     file.Value("embodiments", use.embodiments);
     file.Value("shown", use.isShown, true);
     DescribePart(file, use, object);
+    file.Values("properties", use.properties);
+    file.Links("links", use.links);
 }
 
 template <class Archive>
@@ -142,7 +153,13 @@ void DescribeObject(Archive& file, In<Archive, platform::ObjectRecord> object,
     file.Value("actual", object.isActual, true);
     file.Value("excludedFromCount", object.isExcludedFromCount);
     file.Value("aggregateIntoProduct", object.aggrIntoProduct);
+    file.Value("ownPosition", object.keepsOwnPosition);
+    file.Value("nameLinkedToSection", object.isNameLinkedToSection);
+    file.Value("volume", object.volume);
+    file.Value("massOfParts", object.sumsPartMasses);
     file.Values("properties", object.properties);
+    file.Properties("readOnlyProperties", object.readOnlyProperties);
+    file.Links("links", object.links);
     file.Uses("uses", object);
 }
 
@@ -166,6 +183,7 @@ void DescribeSettings(Archive& file, In<Archive, platform::ProductModel> model) 
     file.Properties("columns", model.visibleProperties);
     file.Value("aggregateIntoProductShown", model.isAggrIntoProductShown);
     file.Value("registerWithDescriptionShown", model.isRegWithDescShown);
+    file.Value("simplifiedMode", model.isSimplified);
     file.Value("sectionRows", model.areSectionRowsShown, true);
     file.Value("sectionIcons", model.usesSectionIcons, true);
     file.Value("styleId", model.styleId, plain.styleId);

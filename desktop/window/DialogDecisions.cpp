@@ -1,7 +1,11 @@
 #include "desktop/window/DialogDecisions.h"
 
+#include "desktop/window/PropertyDialog.h"
+
 #include <QFile>
 #include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QString>
@@ -55,6 +59,20 @@ DialogDecisions::ChooseFile(const platform::FileRequest& request) {
     if (chosen.isEmpty())
         return std::nullopt;
     return std::filesystem::path(QFile::encodeName(chosen).toStdString());
+}
+
+std::optional<SharedText> DialogDecisions::EnterText(const platform::TextRequest& request) {
+    bool isEntered = false;
+    const QString text =
+        QInputDialog::getText(&m_window, ToQString(request.title), ToQString(request.text),
+                              QLineEdit::Normal, ToQString(request.present), &isEntered);
+    return isEntered ? std::optional(SharedText(text.toStdWString())) : std::nullopt;
+}
+
+std::optional<platform::PropertyChoice>
+DialogDecisions::ChooseProperty(const platform::PropertyRequest& request) {
+    PropertyDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? dialog.GetChoice() : std::nullopt;
 }
 
 void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {

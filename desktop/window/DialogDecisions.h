@@ -14,6 +14,9 @@ public:
 
     std::optional<std::size_t> Ask(const platform::Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const platform::FileRequest& request) override;
+    std::optional<SharedText> EnterText(const platform::TextRequest& request) override;
+    std::optional<platform::PropertyChoice>
+    ChooseProperty(const platform::PropertyRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:

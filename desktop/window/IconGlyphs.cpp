@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
+#include <QPixmap>
 #include <QPolygonF>
 
 #include <cmath>
@@ -25,6 +26,8 @@ constexpr QColor c_teal(0x35, 0x93, 0x9B);
 constexpr QColor c_paper(0xFB, 0xFC, 0xFD);
 constexpr QColor c_folder(0xF2, 0xCF, 0x7E);
 constexpr QColor c_folderEdge(0xC9, 0x9D, 0x3C);
+constexpr QColor c_chain(0xBC, 0xC4, 0xCC);
+constexpr QColor c_loose(0xD9, 0x6B, 0x1E);
 
 void Fill(QPainter& painter, QColor color, std::initializer_list<QPointF> points) {
     painter.setPen(Qt::NoPen);
@@ -86,7 +89,33 @@ void StrokeOnly(QPainter& painter, QColor color, double width, Qt::PenStyle styl
     painter.setPen(QPen(color, width, style, Qt::RoundCap, Qt::RoundJoin));
 }
 
+/// A link of a chain that runs from the lower left to the upper right; `place` is how far from the
+/// middle of the picture its own middle lies.
+void Link(QPainter& painter, QColor color, double place) {
+    painter.save();
+    painter.translate(8, 8);
+    painter.rotate(-45);
+    StrokeOnly(painter, color, 1.6, Qt::SolidLine);
+    painter.drawRoundedRect(QRectF(place - 3.7, -2.2, 7.4, 4.4), 2.2, 2.2);
+    painter.restore();
+}
+
 } // namespace
+
+QIcon MakeIcon(const std::function<void(QPainter&)>& draw) {
+    QIcon made;
+    for (const int size : {16, 20, 24, 32, 40, 48}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(size / c_grid, size / c_grid);
+        draw(painter);
+        painter.end();
+        made.addPixmap(pixmap);
+    }
+    return made;
+}
 
 void Nothing(QPainter&) {}
 
@@ -236,6 +265,27 @@ void Dimension(QPainter& painter) {
     Lines(painter, c_teal.darker(110), 1.4, {{3, 6, 13, 6}});
     Fill(painter, c_teal.darker(110), {{2, 6}, {5, 4.2}, {5, 7.8}});
     Fill(painter, c_teal.darker(110), {{14, 6}, {11, 4.2}, {11, 7.8}});
+}
+
+void ClosedChain(QPainter& painter) {
+    Link(painter, c_chain, -2.4);
+    Link(painter, c_chain, 2.4);
+}
+
+void BrokenChain(QPainter& painter) {
+    Link(painter, c_loose, -5);
+    Link(painter, c_loose, 5);
+    Lines(painter, c_loose, 1.2, {{4.6, 2.2, 5.8, 4.6}, {11.4, 13.8, 10.2, 11.4}});
+}
+
+void HalfChain(QPainter& painter) {
+    Link(painter, c_chain, -2.4);
+    Link(painter, c_loose, 4.4);
+}
+
+void Pencil(QPainter& painter) {
+    Fill(painter, c_steel, {{10.2, 2.8}, {13.2, 5.8}, {5.8, 13.2}, {2.8, 10.2}});
+    Fill(painter, c_steel.darker(130), {{2.3, 11}, {5, 13.7}, {1.6, 14.4}});
 }
 
 } // namespace desktop::glyphs

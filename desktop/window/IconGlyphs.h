@@ -1,6 +1,10 @@
 // The drawings that icons are put together from: flat shapes on a grid of 16 by 16, one function a
-// kind of object. The caller has scaled the painter and switched antialiasing on.
+// kind of object.
 #pragma once
+
+#include <QIcon>
+
+#include <functional>
 
 class QPainter;
 
@@ -8,7 +12,11 @@ namespace desktop::glyphs {
 
 inline constexpr double c_grid = 16;
 
+/// The painter is scaled to the grid, and antialiasing is on.
 using Draw = void (*)(QPainter& painter);
+
+/// An icon in all the sizes that the program uses.
+QIcon MakeIcon(const std::function<void(QPainter&)>& draw);
 
 void Nothing(QPainter& painter);
 void Folder(QPainter& painter);
@@ -38,5 +46,12 @@ void Text(QPainter& painter);
 void Hatch(QPainter& painter);
 void Axis(QPainter& painter);
 void Dimension(QPainter& painter);
+
+/// Two links that hold each other, that are apart, and of which one has come loose.
+void ClosedChain(QPainter& painter);
+void BrokenChain(QPainter& painter);
+void HalfChain(QPainter& painter);
+/// Something can be typed here.
+void Pencil(QPainter& painter);
 
 } // namespace desktop::glyphs

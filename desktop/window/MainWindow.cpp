@@ -1,19 +1,17 @@
 #include "desktop/window/MainWindow.h"
 
 #include "desktop/window/DialogDecisions.h"
-#include "desktop/window/MassJob.h"
+#include "desktop/window/LocaleNumbers.h"
+#include "desktop/window/MassIndicator.h"
 #include "desktop/window/PanelTree.h"
 #include "desktop/window/TreeItemModel.h"
 
-#include <QApplication>
-#include <QCloseEvent>
+#include <QAction>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QStatusBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,15 +22,12 @@ namespace desktop {
 namespace {
 
 constexpr QSize c_usualSize(1280, 800);
+constexpr int c_messageMilliseconds = 10'000;
 constexpr int c_smallestHeight = 420;
 constexpr int c_largestHeight = 1400;
 
 QString ToQString(const std::filesystem::path& path) {
     return QFile::decodeName(path.c_str());
-}
-
-SharedText ToText(const QString& text) {
-    return SharedText(text.toStdWString());
 }
 
 std::size_t CountRows(const platform::TreeTableRow& row) {
@@ -46,35 +41,55 @@ QString CountText(std::size_t count, const char* one, const char* many) {
     return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
 }
 
-/// Reading keeps the window busy; the pointer says so.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
+/// The action's text with the name of the step it is about, in which nothing is a shortcut.
+void ShowStep(QAction& action, const QString& text, bool isPossible, const SharedText& step) {
+    const QString name = QString::fromStdWString(step.Str()).simplified();
+    action.setEnabled(isPossible);
+    action.setText(name.isEmpty()
+                       ? text
+                       : text + QLatin1Char(' ') +
+                             QString(name).replace(QStringLiteral("&"), QStringLiteral("&&")));
+}
 
 } // namespace
 
 MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
-    : m_decisions(decisions ? std::move(decisions) : std::make_unique<DialogDecisions>(*this)) {
+    : m_decisions(decisions ? std::move(decisions) : std::make_unique<DialogDecisions>(*this)),
+      m_slot(*m_decisions) {
     setCentralWidget(MakePanel());
-    MakeMenus();
+    MakeFileMenu();
+    MakeEditMenu();
+    MakeViewMenu();
     MakeStatusBar();
+    connect(&m_watch, &FileWatch::Touched, this, &MainWindow::OnFileTouched);
     resize(c_usualSize);
 }
 
 MainWindow::~MainWindow() {
-    StopMasses();
+    m_masses->Stop();
     m_tree->ShowModel(nullptr);
 }
 
-void MainWindow::MakeMenus() {
+void MainWindow::MakeFileMenu() {
     QMenu* const file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Open..."), QKeySequence::Open, this, &MainWindow::ChooseFile);
+    m_save = file->addAction(tr("&Save"), QKeySequence::Save, this, &MainWindow::Save);
+    file->addAction(tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), this,
+                    &MainWindow::SaveAs);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+}
+
+void MainWindow::MakeEditMenu() {
+    QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
+    m_undo = edit->addAction(tr("&Undo"), QKeySequence::Undo, this, &MainWindow::Undo);
+    m_redo = edit->addAction(tr("&Redo"), QKeySequence::Redo, this, &MainWindow::Redo);
+    edit->addSeparator();
+    edit->addAction(tr("Value of &Selected Rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
+                    &PanelTree::EditHead);
+}
+
+void MainWindow::MakeViewMenu() {
     QMenu* const view = menuBar()->addMenu(tr("&View"));
     view->addAction(tr("&Expand all"), QKeySequence(Qt::CTRL | Qt::Key_E), this,
                     [this] { m_session->ExpandAll(); });
@@ -92,6 +107,7 @@ QWidget* MainWindow::MakePanel() {
     m_file->setForegroundRole(QPalette::PlaceholderText);
     m_tree = new PanelTree;
     connect(m_tree, &PanelTree::SelectedRowsChanged, this, &MainWindow::ShowCounts);
+    connect(m_tree, &PanelTree::Edited, this, &MainWindow::ShowState);
 
     auto* const head = new QHBoxLayout;
     head->setContentsMargins(10, 7, 10, 7);
@@ -110,50 +126,39 @@ QWidget* MainWindow::MakePanel() {
 void MainWindow::MakeStatusBar() {
     m_counts = new QLabel;
     m_note = new QLabel;
-    m_massLabel = new QLabel;
-    m_massProgress = new QProgressBar;
-    m_massProgress->setRange(0, 1000);
-    m_massProgress->setFixedWidth(180);
-    m_massProgress->setMaximumHeight(fontMetrics().height() + 2);
-    m_massCancel = new QToolButton;
-    m_massCancel->setText(tr("Cancel"));
-    connect(m_massCancel, &QToolButton::clicked, this, [this] {
-        m_areMassesCancelled = true;
-        m_massCancel->setEnabled(false);
-        if (m_massJob)
-            m_massJob->Cancel();
-    });
+    m_masses = new MassIndicator;
+    connect(m_masses, &MassIndicator::Measured, this, &MainWindow::OnMeasured);
     // Long notes are cut: they must not widen the window.
     m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    for (QLabel* label : {m_caption, m_file, m_counts, m_note, m_massLabel})
+    for (QLabel* label : {m_caption, m_file, m_counts, m_note})
         label->setTextFormat(Qt::PlainText);
     statusBar()->setContentsMargins(6, 0, 6, 0);
     statusBar()->addWidget(m_counts);
     statusBar()->addWidget(m_note, 1);
-    statusBar()->addPermanentWidget(m_massLabel);
-    statusBar()->addPermanentWidget(m_massProgress);
-    statusBar()->addPermanentWidget(m_massCancel);
-    m_massProgress->hide();
-    m_massCancel->hide();
+    statusBar()->addPermanentWidget(m_masses);
 }
 
 void MainWindow::Show(std::unique_ptr<Session> session) {
-    StopMasses();
+    m_masses->Stop();
     m_tree->ShowModel(nullptr);
     m_model.reset();
     m_session = std::move(session);
+    m_session->SetDecisions(m_decisions.get());
     m_model = std::make_unique<TreeItemModel>(m_session->GetView());
     connect(m_model.get(), &TreeItemModel::PanelChanged, this, &MainWindow::ShowCaption);
     connect(m_model.get(), &TreeItemModel::RowStatesChanged, this, &MainWindow::ShowCounts);
+    connect(m_model.get(), &TreeItemModel::Changed, this, &MainWindow::ShowState);
+    connect(m_model.get(), &TreeItemModel::InputAnswered, this, &MainWindow::OnInputAnswered);
     m_tree->ShowModel(m_model.get());
 
     QStringList notes;
     for (const std::string& note : m_session->GetNotes())
         notes += QString::fromStdString(note);
     m_note->setText(notes.join(QStringLiteral("; ")));
-    m_massLabel->clear();
+    m_watch.Watch(m_session->IsProductFile() ? m_session->GetPath() : std::filesystem::path());
     ShowCaption();
     ShowCounts();
+    ShowState();
 }
 
 void MainWindow::ShowCaption() {
@@ -163,7 +168,8 @@ void MainWindow::ShowCaption() {
     m_caption->setText(caption);
     m_file->setText(file);
     m_tree->setHeaderHidden(!panel.areHeadsShown);
-    setWindowTitle(caption.isEmpty() ? file : QStringLiteral("%1 - %2").arg(file, caption));
+    const QString title = file + QStringLiteral("[*]");
+    setWindowTitle(caption.isEmpty() ? title : QStringLiteral("%1 - %2").arg(title, caption));
 }
 
 void MainWindow::ShowCounts() {
@@ -174,93 +180,58 @@ void MainWindow::ShowCounts() {
     m_counts->setText(text);
 }
 
-void MainWindow::ChooseFile() {
-    platform::FileRequest request;
-    request.title = ToText(tr("Open"));
-    request.patterns = {L"*.step", L"*.stp", L"*.STEP", L"*.STP", L"*.json"};
-    if (m_session)
-        request.start = m_session->GetPath().parent_path();
-    if (const auto chosen = m_decisions->ChooseFile(request))
-        OpenFile(*chosen, {});
+void MainWindow::ShowState() {
+    setWindowModified(m_session->IsModified());
+    // A STEP file is saved as a product file at any time.
+    m_save->setEnabled(m_session->IsModified() || !m_session->IsProductFile());
+    ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
+    ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
 }
 
-void MainWindow::OpenFile(const std::filesystem::path& path, const import::StepOptions& options) {
-    // Two documents must not be worked on at the same time.
-    const bool wasWorking = m_massJob != nullptr;
-    StopMasses();
-    std::unique_ptr<Session> session;
-    FileError error;
-    {
-        const WaitCursor wait;
-        auto opened = OpenDocument(path, options);
-        if (auto* document = std::get_if<Document>(&opened)) {
-            // One session at a time: the frame of the old one goes before that of the new comes.
-            m_tree->ShowModel(nullptr);
-            m_model.reset();
-            m_session.reset();
-            session = std::make_unique<Session>(std::move(*document));
-        } else {
-            error = std::get<FileError>(opened);
-        }
-    }
-    if (session) {
-        Show(std::move(session));
-        StartMasses();
-        return;
-    }
-    m_decisions->Tell(
-        ToText(tr("The file can't be opened")),
-        ToText(ToQString(path) + QStringLiteral(": ") + QString::fromStdString(error.reason)));
-    if (wasWorking)
-        StartMasses();
+void MainWindow::Undo() {
+    m_tree->CommitEditor();
+    m_session->Undo();
+    ShowState();
+}
+
+void MainWindow::Redo() {
+    m_tree->CommitEditor();
+    m_session->Redo();
+    ShowState();
 }
 
 void MainWindow::StartMasses() {
-    import::StepDocument* const step = m_session ? m_session->GetStep() : nullptr;
-    if (!step)
-        return;
-    m_areMassesCancelled = false;
-    m_massLabel->setText(tr("Working out masses"));
-    m_massProgress->setValue(0);
-    m_massProgress->show();
-    m_massCancel->setEnabled(true);
-    m_massCancel->show();
-    m_massJob = std::make_unique<MassJob>(*step);
-    connect(m_massJob.get(), &MassJob::Progressed, m_massProgress, &QProgressBar::setValue);
-    connect(m_massJob.get(), &MassJob::Ended, this, &MainWindow::OnMassesEnded);
+    if (step::StepDocument* const document = m_session ? m_session->GetStep() : nullptr)
+        m_masses->Start(*document);
 }
 
-void MainWindow::OnMassesEnded(const import::StepDocument::Masses& masses) {
-    // The job is telling this itself and goes when it is through.
-    m_massJob.release()->deleteLater();
-    StopMasses();
-    if (m_areMassesCancelled) {
-        m_massLabel->setText(tr("Masses cancelled"));
+void MainWindow::OnMeasured(const step::Measures& measures) {
+    m_tree->CommitEditor();
+    m_session->TakeMeasures(measures);
+    ShowState();
+}
+
+void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVariant& input,
+                                 bool isTaken) {
+    if (isTaken) {
+        statusBar()->clearMessage();
         return;
     }
-    if (!masses.empty())
-        m_session->TakeMasses(masses);
-    m_massLabel->setText(masses.empty()
-                             ? tr("No masses")
-                             : tr("Masses of %1").arg(CountText(masses.size(), "part", "parts")));
-}
-
-void MainWindow::StopMasses() {
-    m_massJob.reset();
-    m_massProgress->hide();
-    m_massCancel->hide();
+    QString text = tr("%1: not taken").arg(QString::fromStdWString(column.caption));
+    const std::optional<ValueLimits> limits = m_session->FindLimits(column.id);
+    bool isNumber = false;
+    const double number = input.toDouble(&isNumber);
+    // A number within the limits was refused for another reason.
+    if (limits && !(isNumber && number >= limits->min && number <= limits->max))
+        text = tr("%1, from %2 to %3 is allowed")
+                   .arg(text, FormatNumber(limits->min), FormatNumber(limits->max));
+    statusBar()->showMessage(text, c_messageMilliseconds);
 }
 
 void MainWindow::FitToRows() {
     const int around = height() - m_tree->viewport()->height();
     const int wanted = m_tree->HeightForRows() + around;
     resize(width(), std::clamp(wanted, c_smallestHeight, c_largestHeight));
-}
-
-void MainWindow::closeEvent(QCloseEvent* event) {
-    if (m_massJob)
-        m_massJob->Cancel();
-    QMainWindow::closeEvent(event);
 }
 
 } // namespace desktop

@@ -1,9 +1,11 @@
-// The window of the program: the panel of one product below its caption, a menu, and a status line
-// that tells what the product holds and how far the masses are. It owns the open session.
+// The window of the program: the panel of one product below its caption, menus, and a status line
+// that tells what the product holds. It owns the open session, and sees to it that nothing the user
+// has done gets lost without his consent.
 #pragma once
 
 #include "desktop/Document.h"
 #include "desktop/Session.h"
+#include "desktop/window/FileWatch.h"
 #include "platform/services/UserDecisions.h"
 
 #include <QMainWindow>
@@ -11,12 +13,14 @@
 #include <memory>
 
 class QLabel;
-class QProgressBar;
-class QToolButton;
+
+namespace platform {
+struct ColumnHead;
+}
 
 namespace desktop {
 
-class MassJob;
+class MassIndicator;
 class PanelTree;
 class TreeItemModel;
 
@@ -26,14 +30,16 @@ class MainWindow final : public QMainWindow {
 public:
     /// Without decisions made for it, the window asks by dialogs of its own.
     explicit MainWindow(std::unique_ptr<platform::IUserDecisions> decisions = nullptr);
-    /// Stops a running calculation of masses first, which may take seconds.
+    /// Stops the measuring of parts first, which may take seconds.
     ~MainWindow() override;
 
-    /// Shows the product in place of the one before.
+    /// Shows the product in place of the one before, of which nothing is asked.
     void Show(std::unique_ptr<Session> session);
-    /// A file that can't be opened is told of; what was shown stays.
-    void OpenFile(const std::filesystem::path& path, const import::StepOptions& options);
-    /// Works the masses out in the background. Nothing happens for a product file.
+    /// Asks what is to become of unsaved changes first. A file that can't be opened is told of;
+    /// what was shown stays.
+    void OpenFile(const std::filesystem::path& path, const step::StepOptions& options);
+    /// Measures the parts in the background, from which masses follow. Nothing happens for a
+    /// product file.
     void StartMasses();
     /// Asks for the size that shows the rows without scrolling, within what a screen holds.
     void FitToRows();
@@ -42,28 +48,50 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void MakeMenus();
+    void MakeFileMenu();
+    void MakeEditMenu();
+    void MakeViewMenu();
     QWidget* MakePanel();
     void MakeStatusBar();
+
     void ChooseFile();
-    void StopMasses();
-    void OnMassesEnded(const import::StepDocument::Masses& masses);
+    /// These two answer whether the product is saved now.
+    bool Save();
+    bool SaveAs();
+    bool SaveTo(const std::filesystem::path& path);
+    /// Whether the product may be left: it is as it was saved, or the user agrees.
+    bool MayLeave();
+    void OnFileTouched();
+    bool MayReload();
+    void TellError(const QString& title, const std::filesystem::path& path, const FileError& error);
+
+    void Undo();
+    void Redo();
+    /// Tells of an input that was not taken, until the next one is.
+    void OnInputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
+    void OnMeasured(const step::Measures& measures);
+
     void ShowCaption();
     void ShowCounts();
+    /// What can be undone and saved.
+    void ShowState();
 
     std::unique_ptr<platform::IUserDecisions> m_decisions;
+    platform::UserDecisionsSlot m_slot;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<TreeItemModel> m_model;
-    std::unique_ptr<MassJob> m_massJob;
-    bool m_areMassesCancelled = false;
+    FileWatch m_watch;
+    /// A question about the file on disk is open: further news about it wait.
+    bool m_isAskingToReload = false;
+    QAction* m_save = nullptr;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
     PanelTree* m_tree = nullptr;
+    MassIndicator* m_masses = nullptr;
     QLabel* m_caption = nullptr;
     QLabel* m_file = nullptr;
     QLabel* m_counts = nullptr;
     QLabel* m_note = nullptr;
-    QLabel* m_massLabel = nullptr;
-    QProgressBar* m_massProgress = nullptr;
-    QToolButton* m_massCancel = nullptr;
 };
 
 } // namespace desktop

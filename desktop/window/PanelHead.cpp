@@ -1,6 +1,15 @@
 #include "desktop/window/PanelHead.h"
 
+#include "desktop/window/CellEditors.h"
+#include "desktop/window/IconGlyphs.h"
+#include "desktop/window/TreeItemModel.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
 #include <QPainter>
+
+#include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -8,23 +17,152 @@ namespace {
 
 constexpr int c_sideRoom = 7;
 constexpr int c_heightRoom = 12;
+constexpr int c_pencilSize = 12;
+constexpr int c_pencilRoom = 5;
+/// An editor is at least so wide, however narrow its column is.
+constexpr int c_smallestEditor = 150;
+constexpr float c_offeredTint = 0.09F;
 
 } // namespace
 
-PanelHead::PanelHead(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setSectionsClickable(true);
+PanelHead::PanelHead(QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), m_pencil(glyphs::MakeIcon(glyphs::Pencil)) {
     setHighlightSections(false);
+    connect(this, &QHeaderView::sectionClicked, this, &PanelHead::OpenEditor);
+    // An editor that stays where its column was would be taken for that of another.
+    connect(this, &QHeaderView::geometriesChanged, this, &PanelHead::CloseEditor);
+    connect(this, &QHeaderView::sectionResized, this, &PanelHead::CloseEditor);
+}
+
+const TreeItemModel& PanelHead::Model() const {
+    return static_cast<const TreeItemModel&>(*model());
+}
+
+void PanelHead::OfferEditors(int rows) {
+    if (rows == m_rows)
+        return;
+    CloseEditor();
+    m_rows = rows;
+    viewport()->update();
+}
+
+bool PanelHead::IsOffered(int column) const {
+    return m_rows > 1 && model() && column >= 0 && column < count() &&
+           Model().GetHeadEditor(column).kind != EditKind::None;
+}
+
+void PanelHead::OpenEditor(int column) {
+    CloseEditor();
+    if (!IsOffered(column))
+        return;
+    EditorRequest request = Model().GetHeadEditor(column);
+    request.hint =
+        tr("%1 of %2 rows").arg(model()->headerData(column, orientation()).toString()).arg(m_rows);
+    m_editor = MakeEditor(request, viewport());
+    m_column = column;
+    m_editor->setToolTip(tr("Enter gives the value to all %1 selected rows").arg(m_rows));
+    m_editor->setGeometry(EditorPlace(column, *m_editor));
+    m_editor->installEventFilter(this);
+    m_editor->show();
+    m_editor->setFocus(Qt::OtherFocusReason);
+    if (auto* choice = qobject_cast<QComboBox*>(m_editor)) {
+        // Not from inside the choice's own signal: the editor goes with its value.
+        connect(choice, &QComboBox::activated, this, &PanelHead::Give, Qt::QueuedConnection);
+    }
+}
+
+void PanelHead::CloseEditor() {
+    QWidget* const editor = std::exchange(m_editor, nullptr);
+    if (!editor)
+        return;
+    m_column = -1;
+    editor->removeEventFilter(this);
+    // Before it is hidden, which would hand the keys on to anybody.
+    if (editor->hasFocus() && parentWidget())
+        parentWidget()->setFocus();
+    editor->hide();
+    editor->deleteLater();
+}
+
+QRect PanelHead::EditorPlace(int column, const QWidget& editor) const {
+    const int smallest = std::max(c_smallestEditor, editor.minimumSizeHint().width());
+    const int width = std::min(viewport()->width(), std::max(sectionSize(column) - 1, smallest));
+    const int left = std::clamp(sectionViewportPosition(column), 0, viewport()->width() - width);
+    return {left, 1, width, viewport()->height() - 2};
+}
+
+bool PanelHead::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_editor)
+        return QHeaderView::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress)
+        return OnEditorKey(static_cast<QKeyEvent*>(event)->key());
+    // Leaving is no consent to change many rows at once. A menu or a list of the editor's is no
+    // leaving.
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+        CloseEditor();
+    return false;
+}
+
+bool PanelHead::OnEditorKey(int key) {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Give();
+        return true;
+    case Qt::Key_Escape:
+        CloseEditor();
+        return true;
+    case Qt::Key_Tab:
+        OpenNext(1);
+        return true;
+    case Qt::Key_Backtab:
+        OpenNext(-1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PanelHead::Give() {
+    if (!m_editor)
+        return;
+    const std::optional<QVariant> value = TakeInput(*m_editor);
+    const int column = m_column;
+    CloseEditor();
+    if (value)
+        emit ValueGiven(column, *value);
+}
+
+void PanelHead::OpenNext(int direction) {
+    int next = visualIndex(m_column) + direction;
+    while (next >= 0 && next < count() && !IsOffered(logicalIndex(next)))
+        next += direction;
+    if (next >= 0 && next < count())
+        OpenEditor(logicalIndex(next));
 }
 
 void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) const {
     const int right = rect.right();
     const int bottom = rect.bottom();
+    const bool isOffered = IsOffered(column);
     painter->fillRect(rect, palette().brush(QPalette::Button));
+    if (isOffered) {
+        QColor tint = palette().color(QPalette::Highlight);
+        tint.setAlphaF(c_offeredTint);
+        painter->fillRect(rect, tint);
+    }
     painter->setPen(palette().color(QPalette::Mid));
     painter->drawLine(rect.left(), bottom, right, bottom);
     painter->drawLine(right, rect.top() + c_sideRoom, right, bottom - c_sideRoom);
 
-    const QRect place = rect.adjusted(c_sideRoom, 0, -c_sideRoom, 0);
+    QRect place = rect.adjusted(c_sideRoom, 0, -c_sideRoom, 0);
+    if (isOffered && place.width() > 2 * c_pencilSize) {
+        const QRect pencil(place.right() - c_pencilSize + 1,
+                           rect.center().y() - c_pencilSize / 2 + 1, c_pencilSize, c_pencilSize);
+        m_pencil.paint(painter, pencil);
+        place.setRight(pencil.left() - c_pencilRoom);
+    }
     const QString caption = model()->headerData(column, orientation()).toString();
     const int alignment = model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt();
     painter->setPen(palette().color(QPalette::ButtonText));
@@ -34,7 +172,8 @@ void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) c
 
 QSize PanelHead::sectionSizeFromContents(int column) const {
     const QString caption = model()->headerData(column, orientation()).toString();
-    return {fontMetrics().horizontalAdvance(caption) + 2 * c_sideRoom,
+    // With room for the pencil, so that the caption is whole when it is offered.
+    return {fontMetrics().horizontalAdvance(caption) + 2 * c_sideRoom + c_pencilRoom + c_pencilSize,
             fontMetrics().height() + c_heightRoom};
 }
 

@@ -1,10 +1,16 @@
 // The heads of the panel's columns: flat, with room around the captions, and captions cut at their
-// end when the column is narrow.
+// end when the column is narrow. While several rows are selected, a click on a head opens an editor
+// in its place, which gives all of them one value.
 #pragma once
 
 #include <QHeaderView>
+#include <QIcon>
+
+#include <memory>
 
 namespace desktop {
+
+class TreeItemModel;
 
 class PanelHead final : public QHeaderView {
     Q_OBJECT
@@ -12,9 +18,35 @@ class PanelHead final : public QHeaderView {
 public:
     explicit PanelHead(QWidget* parent = nullptr);
 
+    /// How many rows a value would be given to; fewer than two: none are offered. An open editor
+    /// closes when the number changes.
+    void OfferEditors(int rows);
+    /// Nothing happens where no editor is offered.
+    void OpenEditor(int column);
+    /// What was typed is forgotten.
+    void CloseEditor();
+
+signals:
+    /// The editor is closed by then. The columns may be replaced in consequence.
+    void ValueGiven(int column, const QVariant& value);
+
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     QSize sectionSizeFromContents(int column) const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    const TreeItemModel& Model() const;
+    bool IsOffered(int column) const;
+    QRect EditorPlace(int column, const QWidget& editor) const;
+    bool OnEditorKey(int key);
+    void Give();
+    void OpenNext(int direction);
+
+    QIcon m_pencil;
+    int m_rows = 0;
+    int m_column = -1;
+    QWidget* m_editor = nullptr;
 };
 
 } // namespace desktop

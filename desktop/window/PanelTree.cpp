@@ -1,7 +1,7 @@
 #include "desktop/window/PanelTree.h"
 
+#include "columns/ColumnInfo.h"
 #include "desktop/window/PanelHead.h"
-#include "desktop/window/RowDelegate.h"
 #include "desktop/window/TreeItemModel.h"
 
 #include <QHeaderView>
@@ -58,23 +58,26 @@ QItemSelection RangesOf(const TreeItemModel& model, const std::vector<TreeRowPtr
 
 } // namespace
 
-PanelTree::PanelTree(QWidget* parent) : QTreeView(parent) {
-    setItemDelegate(new RowDelegate(this));
-    setHeader(new PanelHead(this));
+PanelTree::PanelTree(QWidget* parent)
+    : QTreeView(parent), m_delegate(new RowDelegate(this)), m_head(new PanelHead(this)) {
+    setItemDelegate(m_delegate);
+    setHeader(m_head);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
-    setAllColumnsShowFocus(true);
+    setMouseTracking(true);
     setIndentation(c_indentation);
     setIconSize({16, 16});
     // The ends of names tell twins apart and hold the counts of groups.
     setTextElideMode(Qt::ElideMiddle);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
+    setEditTriggers(EditKeyPressed | AnyKeyPressed | DoubleClicked);
     setHorizontalScrollMode(ScrollPerPixel);
     setFrameShape(QFrame::NoFrame);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
+    // A tree takes this from a head that it is given.
+    header()->setSectionsClickable(true);
     header()->setMinimumSectionSize(c_smallestWidth);
     connect(header(), &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { OnColumnResized(column, width); });
@@ -82,20 +85,30 @@ PanelTree::PanelTree(QWidget* parent) : QTreeView(parent) {
             [this](const QModelIndex& index) { OnExpanded(index, true); });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& index) { OnExpanded(index, false); });
+    connect(m_delegate, &RowDelegate::SpotClicked, this, &PanelTree::OnSpotClicked,
+            Qt::QueuedConnection);
+    connect(m_head, &PanelHead::ValueGiven, this, [this](int column, const QVariant& value) {
+        m_model->EditHead(column, value);
+        OnEdited();
+    });
 }
 
 void PanelTree::ShowModel(TreeItemModel* model) {
+    // An editor that outlived its model would write into what is gone.
+    CloseEditors(QAbstractItemDelegate::RevertModelCache);
     const std::unique_ptr<QItemSelectionModel> oldSelection(selectionModel());
     if (m_model)
         m_model->disconnect(this);
     m_model = model;
     m_isNameWidthChosen = false;
+    m_currentColumn = 0;
     m_isFollowing = true;
     setModel(model);
     m_isFollowing = false;
     if (!model)
         return;
     connect(model, &TreeItemModel::RowStatesChanged, this, &PanelTree::ApplyRowStates);
+    connect(model, &TreeItemModel::NameEditWanted, this, &PanelTree::EditCell);
     // While the model is replaced, the head lays its columns out anew: no width is the user's then.
     connect(model, &TreeItemModel::modelAboutToBeReset, this, [this] {
         m_isFollowing = true;
@@ -152,17 +165,27 @@ void PanelTree::ApplySelection() {
     selectionModel()->select(RangesOf(*m_model, view.GetSelectedRows()),
                              QItemSelectionModel::ClearAndSelect);
     const TreeTableRow* current = view.GetCurrentRow();
-    selectionModel()->setCurrentIndex(current ? m_model->IndexOf(*current) : QModelIndex(),
+    const int column = std::min(m_currentColumn, m_model->columnCount() - 1);
+    selectionModel()->setCurrentIndex(current ? m_model->IndexOf(*current, column) : QModelIndex(),
                                       QItemSelectionModel::NoUpdate);
-    emit SelectedRowsChanged();
+    ShowSelection();
 }
 
 void PanelTree::ApplyWidths() {
     const QScopedValueRollback following(m_isFollowing, true);
     const std::vector<platform::ColumnHead>& heads = m_model->GetHeads();
     for (std::size_t i = 0; i < heads.size(); ++i)
-        header()->resizeSection(static_cast<int>(i), Pixels(heads[i].width));
+        header()->resizeSection(static_cast<int>(i), WidthOf(static_cast<int>(i)));
     FitNameColumn();
+}
+
+int PanelTree::WidthOf(int column) const {
+    const double told = m_model->GetHeads()[static_cast<std::size_t>(column)].width;
+    const bool isUsual =
+        std::ranges::any_of(productTree::ColumnInfo::DEFAULT_COLUMN_WIDTH,
+                            [&](const auto& usual) { return usual.second == told; });
+    // A caption that is cut off has lost its unit first.
+    return std::max(Pixels(told), isUsual ? m_head->sectionSizeHint(column) : 0);
 }
 
 void PanelTree::FitNameColumn() {
@@ -201,8 +224,15 @@ void PanelTree::OnSelectionChanged() {
     for (const QModelIndex& index : selectionModel()->selectedRows())
         rows.push_back(&TreeItemModel::RowOf(index));
     const QModelIndex current = currentIndex();
+    if (current.isValid())
+        m_currentColumn = current.column();
     m_model->GetView().SelectByUser(rows,
                                     current.isValid() ? &TreeItemModel::RowOf(current) : nullptr);
+    ShowSelection();
+}
+
+void PanelTree::ShowSelection() {
+    m_head->OfferEditors(static_cast<int>(m_model->GetView().GetSelectedRows().size()));
     emit SelectedRowsChanged();
 }
 
@@ -210,9 +240,7 @@ void PanelTree::OnColumnResized(int column, int width) {
     if (m_isFollowing || !m_model)
         return;
     m_isNameWidthChosen = m_isNameWidthChosen || column == 0;
-    const std::size_t place = static_cast<std::size_t>(column);
-    if (place < m_model->GetHeads().size())
-        m_model->GetView().SetColumnWidthByUser(m_model->GetHeads()[place].id, width);
+    m_model->SetColumnWidth(column, width);
 }
 
 void PanelTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,

@@ -3,7 +3,6 @@
 #include "desktop/window/IconGlyphs.h"
 
 #include <QPainter>
-#include <QPixmap>
 
 #include <algorithm>
 #include <array>
@@ -68,7 +67,6 @@ constexpr std::array c_icons = {
     IconRow{60737, glyphs::Material,         Form::Folder},
     IconRow{63242, glyphs::Nothing,          Form::Folder},
 };
-constexpr std::array c_sizes = {16, 20, 24, 32, 40, 48};
 // clang-format on
 
 void DrawScaled(QPainter& painter, glyphs::Draw draw, QPointF place, double scale) {
@@ -97,21 +95,6 @@ void DrawIcon(QPainter& painter, const IconRow& icon) {
     }
 }
 
-QIcon MakeIcon(const IconRow& icon) {
-    QIcon made;
-    for (const int size : c_sizes) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(size / glyphs::c_grid, size / glyphs::c_grid);
-        DrawIcon(painter, icon);
-        painter.end();
-        made.addPixmap(pixmap);
-    }
-    return made;
-}
-
 const IconRow& FindIcon(int number) {
     const auto find = [](int wanted) {
         return std::find_if(c_icons.begin(), c_icons.end(),
@@ -126,7 +109,8 @@ const IconRow& FindIcon(int number) {
 const QIcon& RowIcons::Get(int number) const {
     const auto [icon, isNew] = m_icons.try_emplace(number);
     if (isNew && number != 0)
-        icon->second = MakeIcon(FindIcon(number));
+        icon->second =
+            glyphs::MakeIcon([number](QPainter& painter) { DrawIcon(painter, FindIcon(number)); });
     return icon->second;
 }
 

@@ -1,5 +1,7 @@
 #include "desktop/window/TreeItemModel.h"
 
+#include "desktop/window/GroupValues.h"
+
 #include <QFont>
 #include <QString>
 #include <QTextDocument>
@@ -8,6 +10,7 @@ namespace desktop {
 
 namespace {
 
+using platform::CellInput;
 using platform::ColumnHead;
 using platform::HeadKind;
 using platform::TreeTableRow;
@@ -16,16 +19,112 @@ QString ToQString(const SharedText& text) {
     return QString::fromStdWString(text.Str());
 }
 
-/// A tip that the toolkit doesn't take for markup.
-QString ToTip(const SharedText& text) {
-    const QString tip = ToQString(text);
+SharedText ToText(const QString& text) {
+    return SharedText(text.toStdWString());
+}
+
+/// As a tip that the toolkit doesn't take for markup.
+QString ToTip(const QString& tip) {
     return Qt::mightBeRichText(tip) ? QStringLiteral("<span>%1</span>").arg(tip.toHtmlEscaped())
                                     : tip;
+}
+
+platform::MarkingParts ToParts(const QStringList& texts) {
+    platform::MarkingParts parts;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        parts[i] = ToText(texts.value(static_cast<int>(i)));
+    return parts;
+}
+
+CellInput ToInput(EditKind kind, const QVariant& value) {
+    if (kind == EditKind::Text)
+        return ToText(value.toString());
+    if (!value.isValid())
+        return {};
+    switch (kind) {
+    case EditKind::Int:
+    case EditKind::Double:
+        // A text is none that the panel takes for a number; it is the one to say so.
+        if (value.typeId() == QMetaType::QString)
+            return ToText(value.toString());
+        return kind == EditKind::Int ? CellInput(value.toInt()) : CellInput(value.toDouble());
+    case EditKind::Bool:
+        return value.toBool();
+    case EditKind::List:
+        return platform::ListIndex{value.toInt()};
+    default:
+        return {};
+    }
 }
 
 Qt::Alignment AlignmentOf(const ColumnHead& head) {
     return Qt::AlignVCenter | (head.IsNumeric() ? Qt::AlignRight : Qt::AlignLeft);
 }
+
+bool IsReadOnly(const QModelIndex& index) {
+    return static_cast<const TreeItemModel&>(*index.model()).GetView().GetPanel().isReadOnly;
+}
+
+/// The id by which the library knows the cell. A copy: heads and rows may go while it is used.
+std::wstring ColumnOf(const QModelIndex& index) {
+    const TreeTableRow& row = TreeItemModel::RowOf(index);
+    const ColumnHead& head = TreeItemModel::HeadOf(index);
+    if (head.kind == HeadKind::Name)
+        return row.GetNameColumn();
+    return head.kind == HeadKind::Designation ? row.GetMarking().GetColumn() : head.id;
+}
+
+/// Invalid for what is no truth value.
+QVariant ToCheckState(const QModelIndex& index) {
+    const platform::TreeCell* cell =
+        TreeItemModel::RowOf(index).FindCell(TreeItemModel::HeadOf(index).id);
+    if (!cell || cell->GetKind() != platform::CellKind::Bool)
+        return {};
+    if (!cell->HasValue())
+        return static_cast<int>(Qt::PartiallyChecked);
+    return static_cast<int>(cell->GetBool() ? Qt::Checked : Qt::Unchecked);
+}
+
+/// What cells show before the user's input, to tell afterwards whether it was taken.
+class InputWatch {
+public:
+    /// Of one column.
+    explicit InputWatch(const QModelIndexList& cells)
+        : m_anyCell(cells.isEmpty() ? QModelIndex() : cells.front()), m_cells(cells) {
+        for (const QModelIndex& cell : cells)
+            m_before.push_back(Look(cell));
+    }
+
+    /// Rows that were built anew are the answer to an input that was taken.
+    bool IsTaken(const QVariant& input) const {
+        if (!m_anyCell.isValid())
+            return true;
+        bool isThere = true;
+        for (qsizetype i = 0; i < m_cells.size(); ++i) {
+            const Shown& before = m_before[static_cast<std::size_t>(i)];
+            if (Look(m_cells[i]) != before)
+                return true;
+            isThere = isThere && (input == before.value || input.toString() == before.text);
+        }
+        return isThere;
+    }
+
+private:
+    struct Shown {
+        QVariant value;
+        QString text;
+
+        friend bool operator==(const Shown&, const Shown&) = default;
+    };
+
+    static Shown Look(const QModelIndex& cell) {
+        return {cell.data(Qt::EditRole), cell.data(Qt::DisplayRole).toString()};
+    }
+
+    QPersistentModelIndex m_anyCell;
+    QModelIndexList m_cells;
+    std::vector<Shown> m_before;
+};
 
 QVariant SectionFont() {
     QFont font;
@@ -83,13 +182,20 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const TreeTableRow& row = RowOf(index);
-    const ColumnHead& head = m_heads[static_cast<std::size_t>(index.column())];
+    const ColumnHead& head = HeadOf(index);
     switch (role) {
     case Qt::DisplayRole:
         // A line break would be drawn as a second line, for which rows have no room.
-        return ToQString(GetShownText(row, head)).simplified();
-    case Qt::ToolTipRole:
-        return ToTip(GetShownText(row, head));
+        return GetCellText(row, head).simplified();
+    case Qt::EditRole:
+        return EditorOf(index).value;
+    case Qt::CheckStateRole:
+        return ToCheckState(index);
+    case Qt::ToolTipRole: {
+        const QString groupTip = GroupValues(row, head).MakeTip();
+        const QString tip = groupTip.isEmpty() ? ToQString(GetCellTip(row, head)) : groupTip;
+        return ToTip(tip.isEmpty() ? GetCellText(row, head) : tip);
+    }
     case Qt::DecorationRole:
         return head.kind == HeadKind::Name ? m_icons.Get(row.GetIcon()) : QVariant();
     case Qt::FontRole:
@@ -112,29 +218,159 @@ QVariant TreeItemModel::headerData(int section, Qt::Orientation orientation, int
     return {};
 }
 
-void TreeItemModel::OnChangesPending() {
-    // Taken when the walk that makes them is over, so that a walk over all rows costs one signal.
-    QMetaObject::invokeMethod(this, &TreeItemModel::TakeChanges, Qt::QueuedConnection);
+Qt::ItemFlags TreeItemModel::flags(const QModelIndex& index) const {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags usual = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    switch (LookOf(index).kind) {
+    case EditKind::None:
+        return usual;
+    case EditKind::Bool:
+        return usual | Qt::ItemIsUserCheckable;
+    default:
+        return usual | Qt::ItemIsEditable;
+    }
 }
 
-void TreeItemModel::TakeChanges() {
+bool TreeItemModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::EditRole)
+        return false;
+    // Copied, since the heads may go with the rows.
+    const ColumnHead head = HeadOf(index);
+    const InputWatch watch({index});
+    const bool isAsked = LeaveInput(index, value);
+    emit InputAnswered(head, value, isAsked && watch.IsTaken(value));
+    return isAsked;
+}
+
+bool TreeItemModel::LeaveInput(const QModelIndex& index, const QVariant& value) {
+    TreeTableRow& row = RowOf(index);
+    const ColumnHead& head = HeadOf(index);
+    const EditKind kind = LookOf(index).kind;
+    if (head.kind == HeadKind::Name)
+        return kind != EditKind::None && m_view.EditNameByUser(row, ToText(value.toString()));
+    if (kind == EditKind::Designation)
+        return m_view.EditMarkingByUser(row, ToParts(value.toStringList()));
+    return kind != EditKind::None &&
+           m_view.EditCellByUser(row, ColumnOf(index), ToInput(kind, value));
+}
+
+bool TreeItemModel::Toggle(const QModelIndex& index) {
+    const EditorRequest editor = EditorOf(index);
+    if (editor.kind != EditKind::Bool)
+        return false;
+    QVariant next = true;
+    if (editor.value.isValid())
+        next = !editor.value.toBool() ? (editor.canBeEmpty ? QVariant() : QVariant(true))
+                                      : QVariant(false);
+    return setData(index, next, Qt::EditRole);
+}
+
+bool TreeItemModel::ClickSourceIcon(const QModelIndex& index) {
+    return m_view.ClickSourceIconByUser(RowOf(index), ColumnOf(index));
+}
+
+bool TreeItemModel::ClickLink(const QModelIndex& index) {
+    return m_view.ClickLinkByUser(RowOf(index), ColumnOf(index));
+}
+
+bool TreeItemModel::EditHead(int column, const QVariant& value) {
+    const EditKind kind = GetHeadEditor(column).kind;
+    const ColumnHead head = m_heads[static_cast<std::size_t>(column)];
+    QModelIndexList cells;
+    for (const TreeRowPtr& row : m_view.GetSelectedRows())
+        cells += IndexOf(static_cast<const TreeTableRow&>(*row), column);
+    const InputWatch watch(cells);
+    const bool isAsked =
+        kind != EditKind::None && m_view.EditHeadByUser(head.id, ToInput(kind, value));
+    emit InputAnswered(head, value, isAsked && watch.IsTaken(value));
+    return isAsked;
+}
+
+void TreeItemModel::SetColumnWidth(int column, int width) {
+    if (column < 0 || column >= columnCount())
+        return;
+    // The view does not tell of what the front end itself has done.
+    ColumnHead& head = m_heads[static_cast<std::size_t>(column)];
+    head.width = width;
+    m_view.SetColumnWidthByUser(head.id, width);
+}
+
+EditorRequest TreeItemModel::GetHeadEditor(int column) const {
+    if (m_view.GetPanel().isReadOnly)
+        return {};
+    return desktop::GetHeadEditor(m_heads[static_cast<std::size_t>(column)]);
+}
+
+const ColumnHead& TreeItemModel::HeadOf(const QModelIndex& index) {
+    const auto& model = static_cast<const TreeItemModel&>(*index.model());
+    return model.m_heads[static_cast<std::size_t>(index.column())];
+}
+
+bool TreeItemModel::HasSources(const QModelIndex& index) {
+    const auto& model = static_cast<const TreeItemModel&>(*index.model());
+    return model.m_sourceColumns.Has(model.m_view, HeadOf(index).id);
+}
+
+CellLook TreeItemModel::LookOf(const QModelIndex& index) {
+    CellLook look = GetCellLook(RowOf(index), HeadOf(index));
+    if (IsReadOnly(index)) {
+        look.isReadOnly = look.isReadOnly || look.kind != EditKind::None;
+        look.kind = EditKind::None;
+    }
+    return look;
+}
+
+EditorRequest TreeItemModel::EditorOf(const QModelIndex& index) {
+    return IsReadOnly(index) ? EditorRequest() : GetCellEditor(RowOf(index), HeadOf(index));
+}
+
+void TreeItemModel::OnRowsChanged() {
+    m_sourceColumns.Forget();
+    endResetModel();
+}
+
+void TreeItemModel::OnChangesPending() {
+    // Taken when the walk that makes them is over, so that a walk over all rows costs one signal.
+    QMetaObject::invokeMethod(this, &TreeItemModel::TellChanges, Qt::QueuedConnection);
+}
+
+void TreeItemModel::TellChanges() {
     const platform::TreeTableChanges changes = m_view.TakeChanges();
+    if (!changes.HasAny())
+        return;
     if (changes.columns)
         ResetColumns();
-    if (changes.values && m_view.GetRoot() && !m_heads.empty()) {
-        // A view repaints what it shows whatever the range is; that of the root row covers all.
-        const QModelIndex first = index(0, 0);
-        emit dataChanged(first, first.siblingAtColumn(columnCount() - 1));
-    }
+    TellValues(changes);
     if (changes.rows || changes.columns || changes.expansion || changes.selection)
         emit RowStatesChanged();
+    if (changes.editRow)
+        emit NameEditWanted(IndexOf(*changes.editRow));
     if (changes.panel)
         emit PanelChanged();
+    emit Changed();
+}
+
+void TreeItemModel::TellValues(const platform::TreeTableChanges& changes) {
+    if (!changes.values || !m_view.GetRoot() || m_heads.empty())
+        return;
+    const auto tell = [this](const QModelIndex& first) {
+        emit dataChanged(first, first.siblingAtColumn(columnCount() - 1));
+    };
+    m_sourceColumns.NoteValues(changes.valueRows);
+    // A view repaints what it shows whatever the range is; that of the root row covers all.
+    if (changes.valueRows.empty()) {
+        m_sourceColumns.Forget();
+        tell(index(0, 0));
+    }
+    for (const TreeTableRow* row : changes.valueRows)
+        tell(IndexOf(*row));
 }
 
 void TreeItemModel::ResetColumns() {
     beginResetModel();
     m_heads = m_view.GetHeads();
+    m_sourceColumns.Forget();
     endResetModel();
 }
 

@@ -3,7 +3,9 @@
 // what the user does through a view, and knows no widget.
 #pragma once
 
+#include "desktop/window/CellLook.h"
 #include "desktop/window/RowIcons.h"
+#include "desktop/window/SourceColumns.h"
 #include "platform/view/TreeTableObserver.h"
 #include "platform/view/TreeTableView.h"
 
@@ -27,29 +29,60 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// What the user has left in the editor, as CellEditor::TakeInput has it. True when the panel
+    /// was asked to take it; whether it did, InputAnswered tells.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-    /// The row of a valid index.
+    // The rest of what a user does in cells and heads. All rows may be replaced in consequence.
+    /// Gives a truth value the next one: yes, no and, where there may be none, none.
+    bool Toggle(const QModelIndex& index);
+    bool ClickSourceIcon(const QModelIndex& index);
+    bool ClickLink(const QModelIndex& index);
+    /// Gives all selected rows a value.
+    bool EditHead(int column, const QVariant& value);
+    void SetColumnWidth(int column, int width);
+
+    /// The row and the head of a valid index.
     static platform::TreeTableRow& RowOf(const QModelIndex& index);
+    static const platform::ColumnHead& HeadOf(const QModelIndex& index);
+    static CellLook LookOf(const QModelIndex& index);
+    static EditorRequest EditorOf(const QModelIndex& index);
     QModelIndex IndexOf(const platform::TreeTableRow& row, int column = 0) const;
+    /// The value of some row in that column has a source, which an icon in its cell tells of.
+    static bool HasSources(const QModelIndex& index);
+    /// Of kind None while nothing may be edited.
+    EditorRequest GetHeadEditor(int column) const;
     const std::vector<platform::ColumnHead>& GetHeads() const { return m_heads; }
     platform::TreeTableView& GetView() const { return m_view; }
+    /// Tells of all changes now that it would tell of soon.
+    void TellChanges();
 
 signals:
     /// The expanded or selected rows have changed, or all rows were replaced.
     void RowStatesChanged();
+    /// The name of the current row is to be edited.
+    void NameEditWanted(const QModelIndex& index);
     /// Caption and the like.
     void PanelChanged();
+    /// The cells, or those of all selected rows in that column, show what they showed before, or
+    /// they don't. The rows may have been replaced.
+    void InputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
+    /// The last of the signals about a change.
+    void Changed();
 
 private:
     void OnRowsAboutToChange() override { beginResetModel(); }
-    void OnRowsChanged() override { endResetModel(); }
+    void OnRowsChanged() override;
     void OnChangesPending() override;
-    void TakeChanges();
+    bool LeaveInput(const QModelIndex& index, const QVariant& value);
+    void TellValues(const platform::TreeTableChanges& changes);
     void ResetColumns();
 
     platform::TreeTableView& m_view;
     /// The view's heads may change while a build runs; these do only with the model's own signals.
     std::vector<platform::ColumnHead> m_heads;
+    SourceColumns m_sourceColumns;
     RowIcons m_icons;
 };
 

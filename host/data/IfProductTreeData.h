@@ -1,5 +1,6 @@
 // The product data of a document, cut by theme into small roles. A host implements it role by role;
-// the library sees only the whole. Questions never change anything and never call back. An
+// the library sees only the whole. Questions never change anything and never call back; operations
+// that change the document may tell of it, on the bus or by the wrapper, from inside the call. An
 // operation stands here from the day on which the library calls it.
 #pragma once
 
@@ -7,8 +8,10 @@
 #include "host/PropValue.h"
 #include "host/PropertyRef.h"
 #include "host/UniqueMetaObjectKey.h"
+#include "host/VariantMarking.h"
 #include "host/data/EmbodimentsModel.h"
 #include "host/data/IfProductDataAggregator.h"
+#include "host/data/ProductInfObjChangesResult.h"
 #include "host/data/SpecificationStyles.h"
 
 #include <cstdint>
@@ -16,6 +19,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// When the panel has to catch up.
@@ -27,6 +31,9 @@ public:
     virtual std::uint64_t GetChangeStamp() const = 0;
     /// Nothing in the document can be changed now.
     virtual bool IsReadOnly() const = 0;
+    /// What has changed since the last BeginRebuild needs other rows or columns, not only other
+    /// values in them.
+    virtual bool IsRebuildRequired() const = 0;
     /// Called at the begin of each full build, before anything is read for it.
     virtual void BeginRebuild() = 0;
     /// Called before the objects are sorted into rows.
@@ -76,9 +83,16 @@ public:
     /// One of them by its column id; null when there is none.
     virtual const IfPropertyDescription*
     GetPropertyDescription(const std::wstring& columnId) const = 0;
+    /// What the user has done to the columns, by their ids, to be remembered for the current set.
+    /// Name and designation are not among them; an id that is no property of the document is
+    /// ignored.
+    virtual void SetColumnOrder(const std::vector<std::wstring>& columnIds) = 0;
+    /// A column that becomes visible stands last.
+    virtual void SetColumnVisible(const std::wstring& columnId, bool visible) = 0;
 };
 
-/// The values of the cells.
+/// The values of the cells, and the two steps of a change: operations named Make... build a change
+/// set and change nothing, CommitChanges applies one.
 class IProductDataValues {
 public:
     virtual ~IProductDataValues() = default;
@@ -87,13 +101,45 @@ public:
     virtual PropValue GetValue(const PropertyRef& ref) const = 0;
     /// The value can't be changed now.
     virtual bool IsReadOnly(const PropertyRef& ref) const = 0;
+    /// A new value, in stored units; an empty one takes the value away. The set is empty when the
+    /// value is the one that stands there, and when the object does not take it.
+    virtual ProductInfObjChangesResult MakeValueChanges(const PropertyRef& ref,
+                                                        const PropValue& value) = 0;
     /// Whether the value comes from the object's source; no value when it has none.
     virtual std::optional<bool> GetBySource(const PropertyRef& ref) const = 0;
-    /// Numbers of the designation's parts that are fixed for the object.
-    virtual std::set<int> GetLockedMarkingParts(const UniqueMetaObjectKey& key) const = 0;
+    /// Ties the value to the source, or unties it with the value that it has.
+    virtual ProductInfObjChangesResult MakeBySourceChanges(const PropertyRef& ref,
+                                                           bool bySource) = 0;
+    /// Applies the whole set as one step of the document, or nothing of it: `changes` is empty then
+    /// and no change is left half done. An empty set is nothing to do.
+    virtual void CommitChanges(ProductInfObjChangesResult& changes) = 0;
+    /// The object's source would take the value that the column shows.
+    virtual bool CanTransmitToSource(const UniqueMetaObjectKey& key,
+                                     const std::wstring& columnId) const = 0;
+    /// Writes the values, in stored units, into the objects' sources, in one step.
+    virtual void
+    TransmitToSource(const std::wstring& columnId,
+                     const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) = 0;
+    /// Mass, density and material are plain values without a link to a material's record.
+    virtual bool IsSimplifiedMode() const = 0;
 };
 
-/// Links between properties.
+/// What is particular about designations.
+class IProductDataMarking {
+public:
+    virtual ~IProductDataMarking() = default;
+
+    /// Numbers of the designation's parts that are fixed for the object.
+    virtual std::set<int> GetLockedMarkingParts(const UniqueMetaObjectKey& key) const = 0;
+    /// `marking` is a designation's structured value. Asked before MakeValueChanges.
+    virtual bool IsMarkingChangeAllowed(const UniqueMetaObjectKey& key,
+                                        const PropValue& marking) const = 0;
+    /// Lets the user choose a designation from a book of them; `marking` when he chooses none.
+    virtual VariantMarking ChooseMarking(const VariantMarking& marking) = 0;
+};
+
+/// Links between properties. The operations that ask the user answer whether anything was changed;
+/// each takes all its values in one step.
 class IProductDataHypertext {
 public:
     virtual ~IProductDataHypertext() = default;
@@ -105,19 +151,82 @@ public:
                               const std::wstring& columnId) const = 0;
     /// What the link leads to is there.
     virtual bool IsHypertextActive(const PropertyRef& ref) const = 0;
+    /// `type` is the value type of the column, as IfPropertyDescription::GetType.
+    virtual bool CanInsertHypertext(const PropertyRef& ref, unsigned type) const = 0;
+    virtual bool CanEditHypertext(const PropertyRef& ref) const = 0;
+    virtual bool CanDestroyHypertext(const PropertyRef& ref) const = 0;
+    /// Asks the user what to link to.
+    virtual bool InsertHypertext(const std::vector<PropertyRef>& refs) = 0;
+    virtual bool EditHypertext(const std::vector<PropertyRef>& refs) = 0;
+    /// Each value stays as it is shown, without the link.
+    virtual void DestroyHypertext(const std::vector<PropertyRef>& refs) = 0;
+    /// A name can be composed of references to other properties; such a name is an extended
+    /// reference.
+    virtual bool CanInsertExtendedReference(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool IsExtendedReference(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool InsertExtendedReference(const std::vector<UniqueMetaObjectKey>& keys) = 0;
 };
 
-/// What a row shows beside its values.
+/// What a row shows beside its values, and what can be done with it.
 class IProductDataRows {
 public:
     virtual ~IProductDataRows() = default;
 
+    /// The object can be marked where the document shows it.
+    virtual bool CanHighlight(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool CanDelete(const UniqueMetaObjectKey& key) const = 0;
+    /// A billet that is told to the document when its row is selected.
+    virtual bool IsSelectableBillet(const UniqueMetaObjectKey& key) const = 0;
+    /// The object's name follows its section.
+    virtual bool IsSectionNameLinked(const UniqueMetaObjectKey& key) const = 0;
     /// 0 to 26, a kind of object; any other number shows as 26.
     virtual int GetIconType(const UniqueMetaObjectKey& key) const = 0;
     /// The object agrees with its source.
     virtual bool IsActual(const UniqueMetaObjectKey& key) const = 0;
     /// The object counts nowhere.
     virtual bool IsExcludedFromCount(const UniqueMetaObjectKey& key) const = 0;
+};
+
+/// What deleting would take away.
+struct DeleteInfo {
+    /// Of the one object that goes; no value for more than one.
+    std::optional<SharedText> name;
+    /// Objects that go, those that go along included; no value when that can't be told.
+    std::optional<int> count;
+};
+
+class IProductDataDeleting {
+public:
+    virtual ~IProductDataDeleting() = default;
+
+    /// For the question to the user, about the keys that DeleteObjects is then given.
+    virtual DeleteInfo GetDeleteInfo(const std::set<UniqueMetaObjectKey>& keys) const = 0;
+    /// In one step. True when anything was deleted.
+    virtual bool DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) = 0;
+};
+
+/// Commands on single objects. An operation that the host does not offer for an object does
+/// nothing; its Can... says so before.
+class IProductDataObjectCommands {
+public:
+    virtual ~IProductDataObjectCommands() = default;
+
+    virtual bool CanConvertToBillet(const UniqueMetaObjectKey& key) const = 0;
+    virtual void ConvertToBillet(const UniqueMetaObjectKey& key) = 0;
+    virtual bool CanShowItemProperties(const UniqueMetaObjectKey& key) const = 0;
+    /// The host's dialog of the object's properties.
+    virtual void ShowItemProperties(const UniqueMetaObjectKey& key) = 0;
+    virtual bool CanGotoFeature(const UniqueMetaObjectKey& key) const = 0;
+    /// Shows the object in the host's tree of features.
+    virtual void GotoFeature(const UniqueMetaObjectKey& key) = 0;
+    virtual bool CanAddBillet(const UniqueMetaObjectKey& key) const = 0;
+    /// A new billet of the object. The null key when there is none after all.
+    virtual UniqueMetaObjectKey AddBillet(const UniqueMetaObjectKey& key) = 0;
+    virtual bool CanEditSource(const UniqueMetaObjectKey& key) const = 0;
+    /// Which of the two commands opens the object's source: CM_2D_COMPONENT_EDIT_OUT_PLACE or
+    /// CM_EDIT_INSERTFRG_SOURCE.
+    virtual int GetEditSourceCommand(const UniqueMetaObjectKey& key) const = 0;
+    virtual void EditSource(const UniqueMetaObjectKey& key) = 0;
 };
 
 /// The two attributes beside a row's name: aggregate into product, register with description.
@@ -145,14 +254,33 @@ public:
     virtual UniqueMetaObjectKey GetActiveEmbodiment() const = 0;
 };
 
+/// The numbering of objects in the specification.
+class IProductDataPositions {
+public:
+    virtual ~IProductDataPositions() = default;
+
+    /// The document can be numbered at all.
+    virtual bool CanStartPositions() const = 0;
+    virtual bool CanSetPosition(const UniqueMetaObjectKey& key) const = 0;
+    /// The object has a position of its own that numbering leaves alone and passes over.
+    virtual bool KeepsOwnPosition(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool CanClearPosition(const UniqueMetaObjectKey& key) const = 0;
+    /// Objects of the section have positions.
+    virtual bool IsSectionNumbered(const SPCSection& section) const = 0;
+};
+
 class IfProductTreeData : public IProductDataRefresh,
                           public IProductDataStructure,
                           public IProductDataColumns,
                           public IProductDataValues,
+                          public IProductDataMarking,
                           public IProductDataHypertext,
                           public IProductDataRows,
+                          public IProductDataDeleting,
+                          public IProductDataObjectCommands,
                           public IProductDataAttributes,
-                          public IProductDataEmbodiments {
+                          public IProductDataEmbodiments,
+                          public IProductDataPositions {
 public:
     using IProductDataRefresh::IsReadOnly;
     using IProductDataValues::IsReadOnly;

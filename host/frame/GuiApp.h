@@ -2,6 +2,9 @@
 #pragma once
 
 #include "host/RcBase.h"
+#include "host/SharedText.h"
+
+#include <vector>
 
 class ITreeTableModel;
 class TreeModelId;
@@ -15,13 +18,39 @@ public:
     virtual boost::intrusive_ptr<ITreeTableModel> GetTreeModel(const TreeModelId& id) = 0;
 };
 
+/// A window of the host, of which the library knows only that a question stands in front of it.
+class IGuiWindow {
+public:
+    virtual ~IGuiWindow() = default;
+};
+
+/// Asks the user a question.
+class IQuestionBox {
+public:
+    virtual ~IQuestionBox() = default;
+
+    /// Returns when the user has answered. The first button answers c_yes; anything else, closing
+    /// the question included, is a refusal. `parent` may be null.
+    virtual int Ask(IGuiWindow* parent, const SharedText& title, const SharedText& text,
+                    const std::vector<SharedText>& buttons) = 0;
+
+    static constexpr int c_yes = 6;
+};
+
 class IGuiApp {
 public:
     virtual ~IGuiApp() = default;
 
     /// Null while the application has no window.
     virtual ITreeModelProvider* GetTreeModelProvider() = 0;
+    /// Null when nobody can be asked.
+    virtual IQuestionBox* GetQuestionBox() = 0;
+    virtual IGuiWindow* GetMainWindow() = 0;
 };
 
 /// The running application; null before it is up and after it is gone.
 IGuiApp* GuiApp();
+
+/// The caption of a usual button in the user's language: 8 agrees, 1 cancels. Empty for a number
+/// that has none.
+SharedText GetButtonCaption(int button);

@@ -31,6 +31,7 @@ public:
 
     /// What is shown while nobody edits.
     virtual void SetDisplayText(const SharedText& text) = 0;
+    virtual SharedText GetDisplayText() const = 0;
     /// The numbers of the parts that the user must not change.
     virtual void SetLockedParts(const std::set<int>& parts) = 0;
     /// The column id under which edits are reported.
@@ -40,9 +41,11 @@ public:
     virtual void SetHypertext(bool hypertext) = 0;
     virtual void SetLinkStyle(int style) = 0;
     /// The resource name of the by-source icon; empty for none.
-    virtual void SetIcon(const std::wstring& name) = 0;
-    virtual std::wstring GetIcon() const = 0;
+    virtual void SetIcon(const SharedText& name) = 0;
+    virtual SharedText GetIcon() const = 0;
     virtual void SetPartTip(const SharedText& text, int part) = 0;
     /// All seven parts are equal.
     virtual bool IsSameMarking(const IMarkingEditor& other) const = 0;
+    /// The user can't choose a designation from a book here.
+    virtual bool IsChoiceLocked() const = 0;
 };

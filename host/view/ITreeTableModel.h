@@ -6,6 +6,7 @@
 #include "host/view/ITreeTableRow.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -67,6 +68,8 @@ public:
     virtual bool IsColumnVisible(int index) const = 0;
     /// Negative when there is no such entry.
     virtual int FindColumn(const std::wstring& columnId) const = 0;
+    /// All columns, in the order in which the user has put them.
+    virtual std::vector<std::wstring> GetColumnIds() const = 0;
     /// Widths of the shown columns, as the user has left them, by id; name and designation apart.
     virtual std::map<std::wstring, double> GetColumnWidths() const = 0;
     virtual double GetNameColumnWidth() const = 0;
@@ -78,8 +81,11 @@ public:
     virtual void SetColumnMark(const std::wstring& columnId, bool marked) = 0;
 };
 
-/// The heads of the columns. Each call makes the head of one column behind those already there; the
-/// view reads from the column its id, caption, width, type, limits and list, and may keep a copy.
+/// The heads of the columns, each with an editor that gives all selected rows one value. Each
+/// Init... makes the head of one column behind those already there; the view reads from the column
+/// its id, caption, width, type, limits and list, and may keep a copy. The Get... operations answer
+/// what the user has left in the editor, in shown units; they are called from inside
+/// IfProductTreeCtrl::OnHeaderEdited.
 class ITreeViewHeads {
 public:
     virtual ~ITreeViewHeads() = default;
@@ -93,6 +99,15 @@ public:
     virtual void InitDoubleHeader(const productTree::ColumnInfo& column) = 0;
     virtual void InitListHeader(const productTree::ColumnInfo& column) = 0;
     virtual void InitBoolHeader(const productTree::ColumnInfo& column) = 0;
+
+    virtual SharedText GetHeaderName() const = 0;
+    virtual SharedText GetHeaderText(const SharedText& columnId) const = 0;
+    /// No value for an editor that the user has emptied or not touched; so with the next two.
+    virtual std::optional<int> GetHeaderInt(const SharedText& columnId) const = 0;
+    virtual std::optional<double> GetHeaderDouble(const SharedText& columnId) const = 0;
+    virtual std::optional<bool> GetHeaderBool(const SharedText& columnId) const = 0;
+    /// -1 when nothing is chosen.
+    virtual int GetHeaderListIndex(const SharedText& columnId) const = 0;
 };
 
 /// The two columns of check boxes beside the name: 200 aggregate into product, 201 register with

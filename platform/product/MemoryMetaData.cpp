@@ -1,6 +1,7 @@
 #include "platform/product/MemoryMetaData.h"
 
 #include "host/ProductProperties.h"
+#include "platform/product/ShownValues.h"
 
 namespace platform {
 
@@ -35,7 +36,7 @@ void AppendKeys(std::vector<UniqueMetaObjectKey>& keys, const PartPlaces& places
 PartHandler MakePartHandler(const PartEntry* part) {
     if (!part || !part->hasHandler)
         return {};
-    return {&part->record->part, GetCalculator(*part)};
+    return {part->part, GetCalculator(*part)};
 }
 
 const PartEntry* MemoryMetaData::FindOwn(const UniqueMetaObjectKey& key) const {
@@ -54,12 +55,8 @@ SimplePropVal MemoryMetaData::GetProperty(const UniqueMetaObjectKey& key,
     if (!part)
         return {};
     if (property == L"isPhantom")
-        return SimplePropVal(part->record->isPhantom);
-    if (property == L"name")
-        return part->object->name.GetSimpleValue();
-    const PropValue* const value =
-        m_index.FindProperty(*part->object, ProductProperties::GetPropId(property));
-    return value ? value->GetSimpleValue() : SimplePropVal();
+        return SimplePropVal(static_cast<bool>(part->isPhantom));
+    return ShownValues(m_index).Get(*part, ProductProperties::GetPropId(property)).GetSimpleValue();
 }
 
 UniqueMetaObjectKey MemoryMetaData::GetBilletOwner(const UniqueMetaObjectKey& key) const {

@@ -1,49 +1,11 @@
-#include "platform/product/MemoryProduct.h"
+#include "platform/product/MemoryProductState.h"
 
 #include "host/ProductProperties.h"
-#include "platform/product/MemoryAggregator.h"
-#include "platform/product/MemoryStyle.h"
-#include "platform/product/ModelEmbodiments.h"
-#include "platform/product/PathNumbers.h"
-#include "platform/product/ProductIndex.h"
-#include "platform/product/PropertyDescriptions.h"
+
+#include <algorithm>
+#include <unordered_map>
 
 namespace platform {
-
-namespace {
-
-constexpr int c_otherIcon = 26;
-
-} // namespace
-
-struct MemoryProduct::State {
-    explicit State(ProductModel&& filled) : model(std::move(filled)) { Rebuild(); }
-
-    void Rebuild() {
-        index.Rebuild(model);
-        style = model.style ? MakeSpcDescription(*model.style) : nullptr;
-        if (descriptions)
-            retired.push_back(std::move(descriptions));
-        descriptions = std::make_unique<PropertyDescriptions>(model.properties);
-        ++stamp;
-    }
-
-    const ObjectRecord* FindObject(const UniqueMetaObjectKey& key) const {
-        const PartEntry* const part = index.Find(key);
-        return part ? part->object->record : nullptr;
-    }
-
-    ProductModel model;
-    ProductIndex index;
-    MemoryAggregator aggregator{index, model};
-    ModelEmbodiments embodiments{model};
-    PathNumbers pathNumbers;
-    std::unique_ptr<SpcDescription> style;
-    std::unique_ptr<PropertyDescriptions> descriptions;
-    /// Those of earlier states of the document: whoever holds them may do so until BeginRebuild.
-    std::vector<std::unique_ptr<PropertyDescriptions>> retired;
-    std::uint64_t stamp = 0;
-};
 
 MemoryProduct::MemoryProduct(ProductModel model)
     : m_state(std::make_unique<State>(std::move(model))) {}
@@ -59,10 +21,55 @@ void MemoryProduct::Change(const std::function<void(ProductModel&)>& change) {
     try {
         change(m_state->model);
     } catch (...) {
-        m_state->Rebuild();
+        m_state->Renew();
         throw;
     }
-    m_state->Rebuild();
+    m_state->Renew();
+}
+
+void MemoryProduct::Replace(ProductModel model) {
+    Change([&](ProductModel& present) { present = std::move(model); });
+    m_state->history.Clear();
+    m_state->areColumnsUnsaved = false;
+}
+
+void MemoryProduct::SetDecisions(IUserDecisions* decisions) {
+    m_state->decisions = decisions;
+}
+
+bool MemoryProduct::CanUndo() const {
+    return m_state->history.PeekBack() != nullptr;
+}
+
+bool MemoryProduct::CanRedo() const {
+    return m_state->history.PeekForth() != nullptr;
+}
+
+SharedText MemoryProduct::GetUndoName() const {
+    const Step* const step = m_state->history.PeekBack();
+    return step ? step->name : SharedText();
+}
+
+SharedText MemoryProduct::GetRedoName() const {
+    const Step* const step = m_state->history.PeekForth();
+    return step ? step->name : SharedText();
+}
+
+void MemoryProduct::Undo() {
+    m_state->Go(m_state->history.StepBack(), Direction::Back);
+}
+
+void MemoryProduct::Redo() {
+    m_state->Go(m_state->history.StepForth(), Direction::Forth);
+}
+
+bool MemoryProduct::IsModified() const {
+    return m_state->areColumnsUnsaved || !m_state->history.IsAtSaved();
+}
+
+void MemoryProduct::MarkSaved() {
+    m_state->history.MarkSaved();
+    m_state->areColumnsUnsaved = false;
 }
 
 std::uint64_t MemoryProduct::GetChangeStamp() const {
@@ -73,8 +80,13 @@ bool MemoryProduct::IsReadOnly() const {
     return m_state->model.isReadOnly;
 }
 
+bool MemoryProduct::IsRebuildRequired() const {
+    return m_state->isRebuildRequired;
+}
+
 void MemoryProduct::BeginRebuild() {
     m_state->retired.clear();
+    m_state->isRebuildRequired = false;
 }
 
 void MemoryProduct::PrepareData() {}
@@ -144,60 +156,38 @@ MemoryProduct::GetPropertyDescription(const std::wstring& columnId) const {
     return m_state->descriptions->Find(columnId);
 }
 
-PropValue MemoryProduct::GetValue(const PropertyRef& ref) const {
-    const PartEntry* const part = m_state->index.Find(ref.objectKey);
-    if (!part)
-        return {};
-    const unsigned long number = m_state->pathNumbers.Get(ref.propertyId);
-    if (number == ProductProperties::nameId)
-        return part->object->name;
-    if (number == ProductProperties::markingId)
-        return part->object->marking;
-    const PropValue* const value = m_state->index.FindProperty(*part->object, number);
-    return value ? *value : PropValue();
+void MemoryProduct::SetColumnOrder(const std::vector<std::wstring>& columnIds) {
+    std::unordered_map<unsigned long, std::size_t> ranks;
+    for (const std::wstring& id : columnIds)
+        ranks.try_emplace(ProductProperties::GetPropId(id), ranks.size());
+    // What the user does not see keeps its place behind the rest.
+    const auto rank = [&](unsigned long number) {
+        const auto found = ranks.find(number);
+        return found == ranks.end() ? columnIds.size() : found->second;
+    };
+    std::vector<unsigned long> order = m_state->model.visibleProperties;
+    std::ranges::stable_sort(order, {}, rank);
+    if (order == m_state->model.visibleProperties)
+        return;
+    m_state->model.visibleProperties = std::move(order);
+    m_state->NoteColumns();
 }
 
-bool MemoryProduct::IsReadOnly(const PropertyRef& ref) const {
-    return m_state->model.isReadOnly || !m_state->index.Find(ref.objectKey);
-}
-
-std::optional<bool> MemoryProduct::GetBySource(const PropertyRef& /*ref*/) const {
-    return std::nullopt;
-}
-
-std::set<int> MemoryProduct::GetLockedMarkingParts(const UniqueMetaObjectKey& key) const {
-    const PartEntry* const part = m_state->index.Find(key);
-    if (!part || !part->hasLockedMarkingParts)
-        return {};
-    return part->object->record->lockedMarkingParts;
-}
-
-bool MemoryProduct::IsHypertext(const PropertyRef& /*ref*/) const {
-    return false;
-}
-
-bool MemoryProduct::AreHypertext(const std::vector<UniqueMetaObjectKey>& /*keys*/,
-                                 const std::wstring& /*columnId*/) const {
-    return false;
-}
-
-bool MemoryProduct::IsHypertextActive(const PropertyRef& /*ref*/) const {
-    return false;
-}
-
-int MemoryProduct::GetIconType(const UniqueMetaObjectKey& key) const {
-    const PartEntry* const part = m_state->index.Find(key);
-    return part ? part->iconType : c_otherIcon;
-}
-
-bool MemoryProduct::IsActual(const UniqueMetaObjectKey& key) const {
-    const PartEntry* const part = m_state->index.Find(key);
-    return !part || part->isActual;
-}
-
-bool MemoryProduct::IsExcludedFromCount(const UniqueMetaObjectKey& key) const {
-    const PartEntry* const part = m_state->index.Find(key);
-    return part && part->isExcludedFromCount;
+void MemoryProduct::SetColumnVisible(const std::wstring& columnId, bool visible) {
+    const unsigned long number = ProductProperties::GetPropId(columnId);
+    const bool isFixed =
+        number == ProductProperties::nameId || number == ProductProperties::markingId;
+    if (isFixed || !m_state->descriptions->FindRecord(number))
+        return;
+    std::vector<unsigned long>& shown = m_state->model.visibleProperties;
+    const bool isVisible = std::ranges::find(shown, number) != shown.end();
+    if (isVisible == visible)
+        return;
+    if (visible)
+        shown.push_back(number);
+    else
+        std::erase_if(shown, [number](unsigned long id) { return id == number; });
+    m_state->NoteColumns();
 }
 
 bool MemoryProduct::IsAggrIntoProductShown() const {
@@ -205,8 +195,8 @@ bool MemoryProduct::IsAggrIntoProductShown() const {
 }
 
 std::optional<bool> MemoryProduct::GetAggrIntoProduct(const UniqueMetaObjectKey& key) const {
-    const ObjectRecord* const object = m_state->FindObject(key);
-    return object ? object->aggrIntoProduct : std::nullopt;
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && part->hasAggrIntoProduct ? std::optional(part->isAggrIntoProduct) : std::nullopt;
 }
 
 bool MemoryProduct::IsRegWithDescShown() const {
@@ -222,6 +212,7 @@ bool MemoryProduct::IsEmbodimentMode() const {
 }
 
 void MemoryProduct::SetEmbodimentMode(bool on) {
+    m_state->isRebuildRequired |= m_state->model.embodimentMode != on;
     m_state->model.embodimentMode = on;
 }
 

@@ -1,7 +1,10 @@
 // A product document in memory, answering the library's questions from a ProductModel. It is what
-// the program shows, whatever file the model came from, and what tests describe their products by.
-// Sources of objects and links between properties are not among what a model holds: their questions
-// have the neutral answers.
+// the program shows and edits, whatever file the model came from, and what tests describe their
+// products by. Each change that the user makes is one step, which can be undone by name.
+//
+// What comes by source is what an occurrence has from its object. A model holds no materials, no
+// features, no sources of objects and no designations to choose from: questions about them have the
+// neutral answers.
 #pragma once
 
 #include "host/data/IfProductTreeData.h"
@@ -11,6 +14,8 @@
 #include <memory>
 
 namespace platform {
+
+class IUserDecisions;
 
 class MemoryProduct : public IfProductTreeData {
 public:
@@ -22,12 +27,34 @@ public:
     ~MemoryProduct() override;
 
     const ProductModel& GetModel() const;
-    /// Changes the document: the change stamp moves, also when `change` throws. Not to be called
-    /// from inside a question or between BeginRead and EndRead.
+    /// Changes the document, but not as a step of the user's: it can't be undone and leaves nothing
+    /// to be saved. The change stamp moves, also when `change` throws. Not to be called from inside
+    /// a question or between BeginRead and EndRead.
     void Change(const std::function<void(ProductModel&)>& change);
+    /// Takes another state of the document, for instance that of its file read again: nothing can
+    /// be undone, nothing is to be saved.
+    void Replace(ProductModel model);
+
+    /// Who is asked where a command needs an answer; null at first: nobody, and such a command does
+    /// nothing. Must outlive the product.
+    void SetDecisions(IUserDecisions* decisions);
+
+    bool CanUndo() const;
+    bool CanRedo() const;
+    /// What the next step back or forth did, in the user's words; empty when there is none.
+    SharedText GetUndoName() const;
+    SharedText GetRedoName() const;
+    /// The change stamp moves when there is a step. Whoever shows the product catches up then as
+    /// IsRebuildRequired says.
+    void Undo();
+    void Redo();
+    /// The user has changed something since the document was saved, and not taken it back.
+    bool IsModified() const;
+    void MarkSaved();
 
     std::uint64_t GetChangeStamp() const override;
     bool IsReadOnly() const override;
+    bool IsRebuildRequired() const override;
     void BeginRebuild() override;
     void PrepareData() override;
     void BeginRead() override;
@@ -50,21 +77,80 @@ public:
     std::vector<const IfPropertyDescription*> GetPropertyDescriptions() const override;
     const IfPropertyDescription*
     GetPropertyDescription(const std::wstring& columnId) const override;
+    /// Which columns are shown is a change of the document that is saved, but no step.
+    void SetColumnOrder(const std::vector<std::wstring>& columnIds) override;
+    void SetColumnVisible(const std::wstring& columnId, bool visible) override;
 
-    /// An occurrence has the values of its object.
+    /// An occurrence has its object's value where it has none of its own; a linked property has the
+    /// value of the one that it leads to.
     PropValue GetValue(const PropertyRef& ref) const override;
+    /// Also when nobody describes the property.
     bool IsReadOnly(const PropertyRef& ref) const override;
+    /// A text takes what FitValue (ValueFitting.h) takes, a designation the structured value or the
+    /// text of one with the same locked parts; a linked value takes nothing. What an occurrence has
+    /// by source is written to its object.
+    ProductInfObjChangesResult MakeValueChanges(const PropertyRef& ref,
+                                                const PropValue& value) override;
+    /// No value but for occurrences, and there not for what belongs to the object alone.
     std::optional<bool> GetBySource(const PropertyRef& ref) const override;
+    ProductInfObjChangesResult MakeBySourceChanges(const PropertyRef& ref, bool bySource) override;
+    /// Refuses a set when one of its changes can't be made any more.
+    void CommitChanges(ProductInfObjChangesResult& changes) override;
+    bool CanTransmitToSource(const UniqueMetaObjectKey& key,
+                             const std::wstring& columnId) const override;
+    /// Objects take the occurrences' own values, which then come by source again. The values given
+    /// are those shown, which a unit may have rounded; they say nothing that is not known here.
+    void
+    TransmitToSource(const std::wstring& columnId,
+                     const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) override;
+    bool IsSimplifiedMode() const override;
+
     std::set<int> GetLockedMarkingParts(const UniqueMetaObjectKey& key) const override;
+    bool IsMarkingChangeAllowed(const UniqueMetaObjectKey& key,
+                                const PropValue& marking) const override;
+    VariantMarking ChooseMarking(const VariantMarking& marking) override;
 
     bool IsHypertext(const PropertyRef& ref) const override;
     bool AreHypertext(const std::vector<UniqueMetaObjectKey>& keys,
                       const std::wstring& columnId) const override;
+    /// What the link leads to is there and has a value.
     bool IsHypertextActive(const PropertyRef& ref) const override;
+    bool CanInsertHypertext(const PropertyRef& ref, unsigned type) const override;
+    bool CanEditHypertext(const PropertyRef& ref) const override;
+    bool CanDestroyHypertext(const PropertyRef& ref) const override;
+    bool InsertHypertext(const std::vector<PropertyRef>& refs) override;
+    bool EditHypertext(const std::vector<PropertyRef>& refs) override;
+    void DestroyHypertext(const std::vector<PropertyRef>& refs) override;
+    bool CanInsertExtendedReference(const UniqueMetaObjectKey& key) const override;
+    bool IsExtendedReference(const UniqueMetaObjectKey& key) const override;
+    bool InsertExtendedReference(const std::vector<UniqueMetaObjectKey>& keys) override;
 
+    bool CanHighlight(const UniqueMetaObjectKey& key) const override;
+    bool CanDelete(const UniqueMetaObjectKey& key) const override;
+    bool IsSelectableBillet(const UniqueMetaObjectKey& key) const override;
+    bool IsSectionNameLinked(const UniqueMetaObjectKey& key) const override;
     int GetIconType(const UniqueMetaObjectKey& key) const override;
     bool IsActual(const UniqueMetaObjectKey& key) const override;
     bool IsExcludedFromCount(const UniqueMetaObjectKey& key) const override;
+
+    /// Counts rows: a deleted occurrence is one, and so is an object without any.
+    DeleteInfo GetDeleteInfo(const std::set<UniqueMetaObjectKey>& keys) const override;
+    /// An occurrence goes alone unless it is the last of its object; an object goes with all its
+    /// occurrences and billets. What was part of it below the top level moves up.
+    bool DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) override;
+
+    bool CanConvertToBillet(const UniqueMetaObjectKey& key) const override;
+    void ConvertToBillet(const UniqueMetaObjectKey& key) override;
+    bool CanShowItemProperties(const UniqueMetaObjectKey& key) const override;
+    void ShowItemProperties(const UniqueMetaObjectKey& key) override;
+    bool CanGotoFeature(const UniqueMetaObjectKey& key) const override;
+    void GotoFeature(const UniqueMetaObjectKey& key) override;
+    bool CanAddBillet(const UniqueMetaObjectKey& key) const override;
+    /// A manual billet in its owner's section, without name and designation.
+    UniqueMetaObjectKey AddBillet(const UniqueMetaObjectKey& key) override;
+    bool CanEditSource(const UniqueMetaObjectKey& key) const override;
+    int GetEditSourceCommand(const UniqueMetaObjectKey& key) const override;
+    void EditSource(const UniqueMetaObjectKey& key) override;
 
     bool IsAggrIntoProductShown() const override;
     std::optional<bool> GetAggrIntoProduct(const UniqueMetaObjectKey& key) const override;
@@ -77,6 +163,12 @@ public:
     const EmbodimentsModel& GetEmbodiments() const override;
     bool HasActiveEmbodiment() const override;
     UniqueMetaObjectKey GetActiveEmbodiment() const override;
+
+    bool CanStartPositions() const override;
+    bool CanSetPosition(const UniqueMetaObjectKey& key) const override;
+    bool KeepsOwnPosition(const UniqueMetaObjectKey& key) const override;
+    bool CanClearPosition(const UniqueMetaObjectKey& key) const override;
+    bool IsSectionNumbered(const SPCSection& section) const override;
 
 private:
     struct State;

@@ -3,76 +3,58 @@
 // it points into; knows nothing of the host's interfaces.
 #pragma once
 
-#include "platform/product/ProductModel.h"
+#include "platform/product/IndexTables.h"
 #include "platform/product/TopParts.h"
-#include "platform/values/GroupingKeys.h"
 
-#include <cstdint>
 #include <span>
-#include <unordered_map>
 #include <vector>
 
 namespace platform {
 
-/// An object with what is made from it once, so that questions share instead of making.
-struct ObjectEntry {
-    const ObjectRecord* record = nullptr;
-    /// No values where the object has neither name nor marking.
-    PropValue name;
-    PropValue marking;
-    GroupingRecord grouping;
-    std::span<const std::pair<unsigned long, PropValue>> properties;
-    /// Place of the number of its first property in the list of all objects'.
-    std::size_t firstNumber = 0;
-    /// Place of its first use among all uses, and how many they are.
-    std::uint32_t firstUse = 0;
-    std::uint32_t useCount = 0;
-};
+/// Where in the model a part stands.
+struct PartPlace {
+    /// Among the objects; `none` for the root.
+    std::size_t object = none;
+    /// Among the uses of its object; `none` for the object itself.
+    std::size_t use = none;
 
-/// A part with what is asked of it most: one line of memory answers, where the model's records lie
-/// wherever they were made.
-struct PartEntry {
-    UniqueMetaObjectKey key;
-    const PartRecord* record = nullptr;
-    /// Of a use: the object that is used. Of an object: itself.
-    const PartEntry* owner = nullptr;
-    const ObjectEntry* object = nullptr;
-    std::int32_t kind = 0;
-    std::int32_t iconType = 0;
-    bool isUse : 1 = false;
-    bool isRoot : 1 = false;
-    /// Of a use: it stands in all top parts. Of an object: one of its uses does.
-    bool isEverywhere : 1 = false;
-    /// Of a use: it stands in embodiments that it names. Of an object: one of its uses does.
-    bool isInSome : 1 = false;
-    bool isShown : 1 = true;
-    bool isCountMark : 1 = false;
-    bool isUsedInCurrentStyle : 1 = false;
-    bool isUsedInAnyStyle : 1 = false;
-    bool isInGroup : 1 = false;
-    bool hasLockedMarkingParts : 1 = false;
-    bool isActual : 1 = true;
-    bool isExcludedFromCount : 1 = false;
-    bool hasHandler : 1 = false;
-    bool hasCalculator : 1 = false;
-    bool isCalculatedInProduct : 1 = false;
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
 };
 
 class ProductIndex {
 public:
-    /// Of several records with one key the first counts.
+    /// Everything is made anew. Of several records with one key the first counts. Objects are
+    /// grouped by what they hold, as if no property were linked.
     void Rebuild(const ProductModel& model);
+    /// Records have come, gone or moved since the last time, or say other things of other parts:
+    /// each that stays has the attributes and values that the index knows of. The same outcome for
+    /// a fraction of the cost, but that objects without links keep the grouping that they have.
+    void Rearrange(const ProductModel& model);
+    /// Takes over a value of a part's record, in place. Grouping stays as it was.
+    void Update(const PartEntry& part, unsigned long number);
+    /// Groups the object by what is shown of it. True when that makes a difference.
+    bool Regroup(const PartEntry& object, const SharedText& name, const PropValue& material,
+                 const PropValue& mass);
 
     /// Null for a key that the model does not have.
-    const PartEntry* Find(const UniqueMetaObjectKey& key) const;
+    const PartEntry* Find(const UniqueMetaObjectKey& key) const {
+        // A panel asks about one row many times before it comes to the next.
+        return m_lastKey.IsSame(key) ? m_last : FindAnew(key);
+    }
+
+    PartPlace GetPlace(const PartEntry& part) const;
+    const PartEntry& GetRoot() const { return m_tables.parts.front(); }
+    /// The parts with links of their own.
+    const std::vector<const PartEntry*>& GetLinkedParts() const { return m_tables.linkedParts; }
+    std::size_t GetLinkCount() const { return m_tables.linkCount; }
 
     /// In the document's order, without the root.
     std::span<const PartEntry> GetObjects() const;
     std::span<const PartEntry> GetUses() const;
     std::span<const PartEntry> GetUsesOf(const PartEntry& object) const;
     /// The same parts in the order of keys.
-    const std::vector<const PartEntry*>& GetObjectsByKey() const { return m_objectsByKey; }
-    const std::vector<const PartEntry*>& GetUsesByKey() const { return m_usesByKey; }
+    const std::vector<const PartEntry*>& GetObjectsByKey() const { return m_tables.objectsByKey; }
+    const std::vector<const PartEntry*>& GetUsesByKey() const { return m_tables.usesByKey; }
 
     const TopParts& GetTopParts() const { return m_topParts; }
     /// The part is a use and stands in one of these top parts.
@@ -84,38 +66,21 @@ public:
     std::span<const PartEntry* const> GetChildren(const UniqueMetaObjectKey& object) const;
     std::span<const PartEntry* const> GetBillets(const UniqueMetaObjectKey& object) const;
 
-    /// Null when the object has no value of that number among its properties.
-    const PropValue* FindProperty(const ObjectEntry& object, unsigned long number) const;
-
 private:
-    using Links = std::unordered_map<UniqueMetaObjectKey, std::vector<const PartEntry*>>;
-
-    struct Slot {
-        std::uint32_t hash = 0;
-        /// Place in m_parts and one more; 0: free.
-        std::uint32_t part = 0;
-    };
-
-    void Reserve(const ProductModel& model);
-    void AddObject(const ObjectRecord& record);
-    void AddUses(PartEntry& owner);
-    PartEntry& AddPart(const PartRecord& record, const ObjectEntry& object);
-    void MakeSlots();
-    const PartEntry* FindInSlots(const UniqueMetaObjectKey& key) const;
-    void Link();
+    void Make(const ProductModel& model, bool areRecordsKnown);
+    const PartEntry* FindAnew(const UniqueMetaObjectKey& key) const;
+    std::size_t PlaceOf(const PartEntry& part) const {
+        return static_cast<std::size_t>(&part - m_tables.parts.data());
+    }
 
     meta_data::SP::StyleId m_currentStyle = 0;
-    /// The root, the objects, the uses.
-    std::vector<PartEntry> m_parts;
-    std::vector<ObjectEntry> m_objects;
-    std::vector<const PartEntry*> m_objectsByKey;
-    std::vector<const PartEntry*> m_usesByKey;
-    /// Apart from the values, so that finding a number stays within a line of memory.
-    std::vector<std::uint32_t> m_numbers;
-    std::vector<Slot> m_slots;
-    Links m_children;
-    Links m_billets;
+    IndexTables m_tables;
+    PropertyLayouts m_layouts;
+    SharedParts m_sharedParts;
     TopParts m_topParts;
+    /// What was looked for last. The copy keeps any other key from coming to stand at its address.
+    mutable UniqueMetaObjectKey m_lastKey;
+    mutable const PartEntry* m_last = nullptr;
 };
 
 } // namespace platform

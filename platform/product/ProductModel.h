@@ -32,6 +32,19 @@ enum PartKind {
 
 enum class BilletKind { None, Manual, Associative };
 
+/// Values by property number, in stored units, each number once.
+using PropertyValues = std::vector<std::pair<unsigned long, PropValue>>;
+
+/// A property that shows the value of another one, wherever that stands. What its part holds for
+/// the property itself is the value last shown, for the day on which the other one is gone.
+struct LinkRecord {
+    unsigned long property = 0;
+    UniqueMetaObjectKey target;
+    unsigned long targetProperty = 0;
+
+    friend bool operator==(const LinkRecord&, const LinkRecord&) = default;
+};
+
 /// What objects and occurrences have in common.
 struct PartRecord {
     UniqueMetaObjectKey key;
@@ -46,6 +59,11 @@ struct PartRecord {
     UniqueMetaObjectKey groupKey;
     /// The count is a mark, present or not.
     bool isCountMark = false;
+    /// Of an object: all its values but name and marking. Of an occurrence: those that it has in
+    /// place of its object's; an empty one says that it has none where the object may have one.
+    PropertyValues properties;
+    /// A property once at most.
+    std::vector<LinkRecord> links;
 
     friend bool operator==(const PartRecord&, const PartRecord&) = default;
 };
@@ -70,8 +88,15 @@ struct ObjectRecord : PartRecord {
     bool isActual = true;
     bool isExcludedFromCount = false;
     std::optional<bool> aggrIntoProduct;
-    /// All other values, by property number, in stored units, each number once.
-    std::vector<std::pair<unsigned long, PropValue>> properties;
+    /// Values that can't be changed.
+    std::set<unsigned long> readOnlyProperties;
+    /// In cubic metres; no value where it is not known. With the density it makes the mass.
+    std::optional<double> volume;
+    /// The mass is the sum of those of all occurrences in the product. Counts for the root alone.
+    bool sumsPartMasses = false;
+    /// Numbering leaves the position alone and passes over it.
+    bool keepsOwnPosition = false;
+    bool isNameLinkedToSection = false;
     /// In the document's order. An object without any stands on the top level by itself.
     std::vector<OccurrenceRecord> occurrences;
     /// Objects that this one is a part of, below the top level.
@@ -105,6 +130,8 @@ struct PropertyRecord {
     double unitCoefficient = 0;
     std::wstring unitCode;
     bool isVariable = false;
+    /// Nobody's value can be changed.
+    bool isReadOnly = false;
 
     friend bool operator==(const PropertyRecord&, const PropertyRecord&) = default;
 };
@@ -127,6 +154,8 @@ struct StyleSectionRecord {
     bool addBlocks = false;
     /// The user's choices know the section; one that they do not know is not shown.
     bool isTuned = true;
+    /// Its objects have positions; no value: as usual, which is all sections but documentation.
+    std::optional<bool> isNumbered;
     std::vector<StyleBlockRecord> blocks;
 
     friend bool operator==(const StyleSectionRecord&, const StyleSectionRecord&) = default;
@@ -161,6 +190,8 @@ struct ProductModel {
     bool usesSectionIcons = true;
     bool isAggrIntoProductShown = false;
     bool isRegWithDescShown = false;
+    /// Mass, density and material are plain values.
+    bool isSimplified = false;
     /// No value: the document has no specification description.
     std::optional<StyleRecord> style;
     meta_data::SP::StyleId styleId = 1;

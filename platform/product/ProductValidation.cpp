@@ -1,7 +1,9 @@
 #include "platform/product/ProductValidation.h"
 
 #include "host/ProductProperties.h"
+#include "platform/product/LinkValidation.h"
 #include "platform/product/ModelPath.h"
+#include "platform/product/PropertyLookup.h"
 #include "platform/product/ReferenceValidation.h"
 
 #include <algorithm>
@@ -109,8 +111,7 @@ private:
             value.GetValue());
     }
 
-    void CheckValues(const ModelPath& path,
-                     const std::vector<std::pair<unsigned long, PropValue>>& values) {
+    void CheckValues(const ModelPath& path, const PropertyValues& values) {
         std::set<unsigned long> met;
         for (std::size_t i = 0; i < values.size(); ++i) {
             const ModelPath place(path, i);
@@ -125,6 +126,37 @@ private:
             Check(place, IsSoundTree(value.GetPropertyTree(), 0),
                   "the structure is nested too deep or holds a text that is not Unicode");
         }
+    }
+
+    void CheckLinks(const ModelPath& path, const std::vector<LinkRecord>& links) {
+        std::set<unsigned long> met;
+        for (std::size_t i = 0; i < links.size(); ++i) {
+            const ModelPath place(path, i);
+            CheckProperty(place, links[i].property);
+            Check(place, links[i].property != ProductProperties::markingId,
+                  "a designation can't be a link");
+            Check(place, met.insert(links[i].property).second, "the property has a link already");
+            Check({place, "object"}, !links[i].target.IsEmpty(), "a key is needed");
+            CheckProperty({place, "property"}, links[i].targetProperty);
+            Check({place, "property"}, links[i].targetProperty != ProductProperties::markingId,
+                  "a link can't lead to a designation");
+        }
+    }
+
+    void CheckUse(const ModelPath& path, const OccurrenceRecord& use) {
+        CheckPart(path, use);
+        const ModelPath values(path, "properties");
+        CheckValues(values, use.properties);
+        for (std::size_t i = 0; i < use.properties.size(); ++i)
+            CheckIsOwn({values, i}, use.properties[i].first);
+        const ModelPath links(path, "links");
+        CheckLinks(links, use.links);
+        for (std::size_t i = 0; i < use.links.size(); ++i)
+            CheckIsOwn({links, i}, use.links[i].property);
+    }
+
+    void CheckIsOwn(const ModelPath& path, unsigned long number) {
+        Check(path, !BelongsToObject(number), "only the object itself has the property");
     }
 
     void CheckProperty(const ModelPath& path, unsigned long number) {
@@ -231,10 +263,16 @@ private:
         CheckNumber({path, "icon"}, object.iconType, 0, c_maxIconType);
         for (const int part : object.lockedMarkingParts)
             CheckNumber({path, "lockedDesignationParts"}, part, 1, c_markingParts);
+        if (object.volume)
+            Check({path, "volume"}, std::isfinite(*object.volume) && *object.volume > 0,
+                  "a positive number is expected");
         CheckValues({path, "properties"}, object.properties);
+        for (const unsigned long number : object.readOnlyProperties)
+            CheckProperty({path, "readOnlyProperties"}, number);
+        CheckLinks({path, "links"}, object.links);
         const ModelPath uses(path, "uses");
         for (std::size_t i = 0; i < object.occurrences.size(); ++i)
-            CheckPart({uses, i}, object.occurrences[i]);
+            CheckUse({uses, i}, object.occurrences[i]);
     }
 
     void CheckRoot(const ModelPath& path) {
@@ -252,7 +290,10 @@ private:
     void CheckObjects(const ModelPath& path) {
         for (std::size_t i = 0; i < m_model.objects.size() && !m_fault; ++i) {
             m_object = m_model.objects[i].key;
-            CheckObject({path, i}, m_model.objects[i]);
+            const ModelPath place(path, i);
+            CheckObject(place, m_model.objects[i]);
+            Check({place, "massOfParts"}, !m_model.objects[i].sumsPartMasses,
+                  "only the product itself has its mass from its parts");
         }
     }
 
@@ -267,7 +308,9 @@ private:
 std::optional<ModelFault> ValidateModel(const ProductModel& model) {
     if (std::optional<ModelFault> fault = ValueValidator(model).Validate())
         return fault;
-    return ValidateReferences(model);
+    if (std::optional<ModelFault> fault = ValidateReferences(model))
+        return fault;
+    return ValidateLinks(model);
 }
 
 } // namespace platform

@@ -5,11 +5,11 @@
 
 namespace platform {
 
-namespace {
-
-class MemoryPropertyDescription final : public IfPropertyDescription {
+class PropertyDescriptions::Description final : public IfPropertyDescription {
 public:
-    explicit MemoryPropertyDescription(const PropertyRecord& record) : m_record(record) {}
+    explicit Description(const PropertyRecord& record) : m_record(record) {}
+
+    const PropertyRecord& GetRecord() const { return m_record; }
 
     unsigned long GetId() const override { return m_record.number; }
     unsigned GetType() const override { return m_record.type; }
@@ -28,14 +28,14 @@ private:
     PropertyRecord m_record;
 };
 
-} // namespace
-
 PropertyDescriptions::PropertyDescriptions(const std::vector<PropertyRecord>& own) {
     for (const PropertyRecord& record : GetSystemProperties())
         Add(record);
     for (const PropertyRecord& record : own)
         Add(record);
 }
+
+PropertyDescriptions::~PropertyDescriptions() = default;
 
 std::vector<const IfPropertyDescription*> PropertyDescriptions::GetAll() const {
     std::vector<const IfPropertyDescription*> all;
@@ -50,11 +50,16 @@ const IfPropertyDescription* PropertyDescriptions::Find(const std::wstring& colu
     return found == m_places.end() ? nullptr : m_descriptions[found->second].get();
 }
 
+const PropertyRecord* PropertyDescriptions::FindRecord(unsigned long number) const {
+    const auto found = m_places.find(number);
+    return found == m_places.end() ? nullptr : &m_descriptions[found->second]->GetRecord();
+}
+
 void PropertyDescriptions::Add(const PropertyRecord& record) {
     const auto [place, isNew] = m_places.try_emplace(record.number, m_descriptions.size());
     if (isNew)
         m_descriptions.emplace_back();
-    m_descriptions[place->second] = std::make_unique<MemoryPropertyDescription>(record);
+    m_descriptions[place->second] = std::make_unique<Description>(record);
 }
 
 } // namespace platform

@@ -108,6 +108,15 @@ private:
         m_object = {};
     }
 
+    /// A link may name what is gone, but it must be able to stand in a file.
+    void CheckLinks(const ModelPath& path, const PartRecord& part) {
+        const ModelPath links(path, "links");
+        for (std::size_t i = 0; i < part.links.size(); ++i) {
+            if (!IsUtf8(part.links[i].target.String()))
+                Fail({links, i}, "the key is not UTF-8");
+        }
+    }
+
     void CheckEmbodimentKeys(const ModelPath& path, const Keys& keys) {
         KeySet met;
         for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -126,6 +135,7 @@ private:
             Fail({product, "activeEmbodiment"}, "there is no embodiment '" + active.String() + "'");
         m_object = m_model.root.key;
         CheckGroup({product, "product"}, m_model.root);
+        CheckLinks({product, "product"}, m_model.root);
         m_object = {};
     }
 
@@ -169,6 +179,7 @@ private:
             const ModelPath path(objects, i);
             m_object = object.key;
             CheckGroup(path, object);
+            CheckLinks(path, object);
             CheckObjectKeys({path, "parents"}, object.parents, false);
             CheckObjectKeys({path, "owners"}, object.owners, true);
             CheckBillet(path, object);
@@ -176,6 +187,7 @@ private:
             for (std::size_t j = 0; j < object.occurrences.size(); ++j) {
                 const ModelPath use(uses, j);
                 CheckGroup(use, object.occurrences[j]);
+                CheckLinks(use, object.occurrences[j]);
                 CheckEmbodimentKeys({use, "embodiments"}, object.occurrences[j].embodiments);
             }
         }

@@ -24,7 +24,8 @@ PartPlaces Merge(const PartPlaces& a, const PartPlaces& b) {
 
 } // namespace
 
-void TopParts::Rebuild(const ProductModel& model) {
+void TopParts::Rebuild(const ProductModel& model, std::span<const PartEntry> objects,
+                       std::span<const PartEntry> uses) {
     m_tops.clear();
     m_currentKeys = model.currentEmbodiments;
     for (const EmbodimentRecord& embodiment : model.embodiments) {
@@ -38,13 +39,14 @@ void TopParts::Rebuild(const ProductModel& model) {
     }
 
     m_all = {};
-    std::uint32_t firstUse = 0;
-    for (std::size_t i = 0; i < model.objects.size(); ++i) {
-        AddObject(model.objects[i], static_cast<std::uint32_t>(i), firstUse);
-        firstUse += static_cast<std::uint32_t>(model.objects[i].occurrences.size());
+    m_all.uses.reserve(uses.size());
+    m_all.objects.reserve(objects.size());
+    for (std::size_t i = 0; i < uses.size(); ++i) {
+        const auto object = static_cast<std::uint32_t>(uses[i].owner - objects.data());
+        AddUse(uses[i], static_cast<std::uint32_t>(i), object);
     }
 
-    m_isCurrent.assign(firstUse, false);
+    m_isCurrent.assign(uses.size(), false);
     for (const UniqueMetaObjectKey& key : m_currentKeys) {
         const auto top = m_tops.find(key);
         if (top == m_tops.end())
@@ -54,21 +56,19 @@ void TopParts::Rebuild(const ProductModel& model) {
     }
 }
 
-void TopParts::AddObject(const ObjectRecord& object, std::uint32_t place, std::uint32_t firstUse) {
-    std::uint32_t use = firstUse;
-    for (const OccurrenceRecord& occurrence : object.occurrences) {
-        if (occurrence.embodiments.empty()) {
-            m_all.uses.push_back(use);
-            AppendOnce(m_all.objects, place);
-        }
-        for (const UniqueMetaObjectKey& embodiment : occurrence.embodiments) {
-            const auto top = m_tops.find(embodiment);
-            if (top == m_tops.end())
-                continue;
-            AppendOnce(top->second.uses, use);
-            AppendOnce(top->second.objects, place);
-        }
-        ++use;
+void TopParts::AddUse(const PartEntry& use, std::uint32_t place, std::uint32_t object) {
+    if (use.isEverywhere) {
+        m_all.uses.push_back(place);
+        AppendOnce(m_all.objects, object);
+        return;
+    }
+    const auto& record = static_cast<const OccurrenceRecord&>(*use.record);
+    for (const UniqueMetaObjectKey& embodiment : record.embodiments) {
+        const auto top = m_tops.find(embodiment);
+        if (top == m_tops.end())
+            continue;
+        AppendOnce(top->second.uses, place);
+        AppendOnce(top->second.objects, object);
     }
 }
 

@@ -2,9 +2,10 @@
 // or the root of a product without any. Knows which uses and which objects stand in which of them.
 #pragma once
 
-#include "platform/product/ProductModel.h"
+#include "platform/product/IndexTables.h"
 
 #include <cstdint>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -15,7 +16,9 @@ using PartPlaces = std::vector<std::uint32_t>;
 
 class TopParts {
 public:
-    void Rebuild(const ProductModel& model);
+    /// The entries are those of the model's objects and uses.
+    void Rebuild(const ProductModel& model, std::span<const PartEntry> objects,
+                 std::span<const PartEntry> uses);
 
     /// The parts that are laid out now, in their order.
     const std::vector<UniqueMetaObjectKey>& GetCurrentKeys() const { return m_currentKeys; }
@@ -37,7 +40,7 @@ private:
         PartPlaces objects;
     };
 
-    void AddObject(const ObjectRecord& object, std::uint32_t place, std::uint32_t firstUse);
+    void AddUse(const PartEntry& use, std::uint32_t place, std::uint32_t object);
 
     std::vector<UniqueMetaObjectKey> m_currentKeys;
     /// By place of a use that names embodiments: one of them is current, which is what is asked.

@@ -16,8 +16,6 @@ using Texts = std::unordered_map<unsigned, SharedText>;
 using ModuleTexts = std::map<std::string, Texts, std::less<>>;
 using ModuleRows = std::map<std::string, std::span<const ResourceRow>, std::less<>>;
 
-constexpr std::string_view c_hostModule = "host";
-
 std::optional<unsigned> ParseId(std::wstring_view digits) {
     unsigned id = 0;
     for (const wchar_t digit : digits) {

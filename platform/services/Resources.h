@@ -16,6 +16,9 @@ extern const std::wstring_view c_resourceTexts;
 /// The resource of an opened module; null for a name that it has not.
 const ResourceRow* FindResource(std::string_view moduleName, const ResourceName& resource);
 
+/// The module of the host's own texts.
+inline constexpr std::string_view c_hostModule = "host";
+
 /// The text with that id; empty for an unknown module or an id without text.
 SharedText GetModuleText(std::string_view moduleName, unsigned id);
 

@@ -1,8 +1,12 @@
 #include "platform/services/UserDecisions.h"
 
+#include <utility>
+
 namespace platform {
 
 namespace {
+
+IUserDecisions* s_decisions = nullptr;
 
 template <class T>
 std::optional<T> TakeFirst(std::deque<std::optional<T>>& script) {
@@ -15,6 +19,17 @@ std::optional<T> TakeFirst(std::deque<std::optional<T>>& script) {
 
 } // namespace
 
+IUserDecisions* GetUserDecisions() {
+    return s_decisions;
+}
+
+UserDecisionsSlot::UserDecisionsSlot(IUserDecisions& decisions)
+    : m_previous(std::exchange(s_decisions, &decisions)) {}
+
+UserDecisionsSlot::~UserDecisionsSlot() {
+    s_decisions = m_previous;
+}
+
 std::optional<std::size_t> ScriptedDecisions::Ask(const Question& question) {
     m_questions.push_back(question);
     return TakeFirst(m_buttons);
@@ -23,6 +38,16 @@ std::optional<std::size_t> ScriptedDecisions::Ask(const Question& question) {
 std::optional<std::filesystem::path> ScriptedDecisions::ChooseFile(const FileRequest& request) {
     m_fileRequests.push_back(request);
     return TakeFirst(m_files);
+}
+
+std::optional<SharedText> ScriptedDecisions::EnterText(const TextRequest& request) {
+    m_textRequests.push_back(request);
+    return TakeFirst(m_texts);
+}
+
+std::optional<PropertyChoice> ScriptedDecisions::ChooseProperty(const PropertyRequest& request) {
+    m_propertyRequests.push_back(request);
+    return TakeFirst(m_properties);
 }
 
 void ScriptedDecisions::Tell(const SharedText& /*title*/, const SharedText& text) {

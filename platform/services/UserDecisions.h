@@ -1,9 +1,11 @@
-// How anything asks the user to decide: a question with buttons, a file to open or to write, a
-// message to take note of. The program answers with real dialogs, a test with a script. Code that
-// needs a decision is given an IUserDecisions and knows no dialog.
+// How anything asks the user to decide: a question with buttons, a text to enter, a file to open or
+// to write, a property to link to, a message to take note of. The program answers with real
+// dialogs, a test with a script. Code that needs a decision is given an IUserDecisions and knows no
+// dialog.
 #pragma once
 
 #include "host/SharedText.h"
+#include "host/UniqueMetaObjectKey.h"
 
 #include <cstddef>
 #include <deque>
@@ -31,6 +33,44 @@ struct FileRequest {
     bool forWriting = false;
 };
 
+struct TextRequest {
+    SharedText title;
+    /// What is asked for.
+    SharedText text;
+    /// What stands in the field at first.
+    SharedText present;
+};
+
+/// A property of an object.
+struct PropertyChoice {
+    UniqueMetaObjectKey object;
+    /// Column id.
+    SharedText propertyId;
+
+    friend bool operator==(const PropertyChoice&, const PropertyChoice&) = default;
+};
+
+/// One of these objects with one of these properties is to be chosen.
+struct PropertyRequest {
+    struct Object {
+        UniqueMetaObjectKey key;
+        /// As the user knows it; may be empty.
+        SharedText name;
+        SharedText designation;
+    };
+    struct Property {
+        /// Column id.
+        SharedText id;
+        SharedText caption;
+    };
+
+    SharedText title;
+    std::vector<Object> objects;
+    std::vector<Property> properties;
+    /// What is chosen now; no value: nothing. It need not be among those offered.
+    std::optional<PropertyChoice> present;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -39,8 +79,26 @@ public:
     virtual std::optional<std::size_t> Ask(const Question& question) = 0;
     /// No value when the user has chosen nothing.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;
+    /// No value when the user has cancelled. An empty text is an answer.
+    virtual std::optional<SharedText> EnterText(const TextRequest& request) = 0;
+    virtual std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) = 0;
     /// Returns when the user has taken note.
     virtual void Tell(const SharedText& title, const SharedText& text) = 0;
+};
+
+/// Who decides for the host's own functions, which are given nobody; null while nobody does.
+IUserDecisions* GetUserDecisions();
+
+class UserDecisionsSlot {
+public:
+    /// `decisions` decide until this object goes, then those before them again.
+    explicit UserDecisionsSlot(IUserDecisions& decisions);
+    UserDecisionsSlot(const UserDecisionsSlot&) = delete;
+    UserDecisionsSlot& operator=(const UserDecisionsSlot&) = delete;
+    ~UserDecisionsSlot();
+
+private:
+    IUserDecisions* m_previous;
 };
 
 /// Answers from a script, in its order, and keeps what it was asked. When the script has run out
@@ -52,19 +110,32 @@ public:
         m_files.push_back(std::move(file));
     }
 
+    void EnterNext(std::optional<SharedText> text) { m_texts.push_back(std::move(text)); }
+    void ChooseNextProperty(std::optional<PropertyChoice> choice) {
+        m_properties.push_back(std::move(choice));
+    }
+
     const std::vector<Question>& GetQuestions() const { return m_questions; }
     const std::vector<FileRequest>& GetFileRequests() const { return m_fileRequests; }
+    const std::vector<TextRequest>& GetTextRequests() const { return m_textRequests; }
+    const std::vector<PropertyRequest>& GetPropertyRequests() const { return m_propertyRequests; }
     const std::vector<SharedText>& GetMessages() const { return m_messages; }
 
     std::optional<std::size_t> Ask(const Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
+    std::optional<SharedText> EnterText(const TextRequest& request) override;
+    std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:
     std::deque<std::optional<std::size_t>> m_buttons;
     std::deque<std::optional<std::filesystem::path>> m_files;
+    std::deque<std::optional<SharedText>> m_texts;
+    std::deque<std::optional<PropertyChoice>> m_properties;
     std::vector<Question> m_questions;
     std::vector<FileRequest> m_fileRequests;
+    std::vector<TextRequest> m_textRequests;
+    std::vector<PropertyRequest> m_propertyRequests;
     std::vector<SharedText> m_messages;
 };
 

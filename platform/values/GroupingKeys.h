@@ -40,6 +40,8 @@ struct GroupingRecord {
     bool hasExactKeys = true;
     /// Equal for records that are alike.
     std::size_t hash = 0;
+
+    friend bool operator==(const GroupingRecord&, const GroupingRecord&) = default;
 };
 
 /// Texts, the section's name apart, are taken as `options` see them.

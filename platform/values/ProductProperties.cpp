@@ -1,5 +1,6 @@
 #include "host/ProductProperties.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
@@ -101,6 +102,28 @@ constexpr bool HasRowsByNumber() {
 static_assert(HasRowsByNumber());
 static_assert(c_rows[markingId - 1].path == L"marking" && c_rows[nameId - 1].path == L"name");
 
+struct FeatureType {
+    std::wstring_view word;
+    SystemFeatureTypeEnum type;
+};
+
+// clang-format off
+constexpr std::array c_featureTypes = std::to_array<FeatureType>({
+    {L"assembly", SystemFeatureTypeEnum::Assembly},
+    {L"detail", SystemFeatureTypeEnum::Detail},
+    {L"standard", SystemFeatureTypeEnum::Standard},
+    {L"libComponent", SystemFeatureTypeEnum::LibComponent},
+    {L"billet", SystemFeatureTypeEnum::Billet},
+    {L"stCompBillet", SystemFeatureTypeEnum::StCompBillet},
+    {L"feature", SystemFeatureTypeEnum::Feature},
+    {L"extView", SystemFeatureTypeEnum::ExtView},
+    {L"insFrg", SystemFeatureTypeEnum::InsFrg},
+    {L"macroDraft", SystemFeatureTypeEnum::MacroDraft},
+    {L"sheet", SystemFeatureTypeEnum::Sheet},
+    {L"orvex", SystemFeatureTypeEnum::Orvex},
+});
+// clang-format on
+
 constexpr std::wstring_view c_userPrefix = L"user.";
 
 using Numbers = std::unordered_map<std::wstring_view, unsigned long>;
@@ -156,6 +179,12 @@ unsigned long GetPropId(const std::wstring& path) {
     const Numbers& numbers = GetNumbers();
     const auto found = numbers.find(path);
     return found == numbers.end() ? 0 : found->second;
+}
+
+SystemFeatureTypeEnum ft::GetFtType(const std::wstring& word) {
+    const auto found = std::find_if(c_featureTypes.begin(), c_featureTypes.end(),
+                                    [&](const FeatureType& row) { return row.word == word; });
+    return found == c_featureTypes.end() ? SystemFeatureTypeEnum::Unknown : found->type;
 }
 
 } // namespace ProductProperties

@@ -2,19 +2,31 @@
 
 #include <boost/property_tree/ptree.hpp>
 
-PropValue::PropValue(SimplePropVal value, SharedText format)
-    : m_value(std::move(value)), m_format(std::move(format)) {}
+PropValue::PropValue(SimplePropVal value, SharedText format) : PropValue(std::move(value)) {
+    if (!format.IsEmpty())
+        m_extra = new Extra{std::move(format), nullptr};
+}
 
-PropValue::PropValue(std::shared_ptr<const Tree> tree, SharedText format)
-    : m_format(std::move(format)), m_tree(std::move(tree)) {}
+PropValue::PropValue(std::shared_ptr<const Tree> tree, SharedText format) {
+    if (tree || !format.IsEmpty())
+        m_extra = new Extra{std::move(format), std::move(tree)};
+}
+
+const SharedText& PropValue::GetFormat() const noexcept {
+    static const SharedText none;
+    return m_extra ? m_extra->format : none;
+}
 
 const PropValue::Tree& PropValue::GetPropertyTree() const noexcept {
     static const Tree empty;
-    return m_tree ? *m_tree : empty;
+    return HasTree() ? *m_extra->tree : empty;
 }
 
 bool operator==(const PropValue& a, const PropValue& b) {
-    if (!(a.m_value == b.m_value) || !(a.m_format == b.m_format))
+    if (!(a.m_value == b.m_value))
         return false;
-    return a.m_tree == b.m_tree || a.GetPropertyTree() == b.GetPropertyTree();
+    if (a.m_extra == b.m_extra)
+        return true;
+    return a.GetFormat() == b.GetFormat() &&
+           (a.SharesTree(b) || a.GetPropertyTree() == b.GetPropertyTree());
 }

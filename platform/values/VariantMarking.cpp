@@ -1,6 +1,9 @@
 #include "host/VariantMarking.h"
 
+#include <algorithm>
 #include <boost/property_tree/ptree.hpp>
+#include <optional>
+#include <string_view>
 
 namespace {
 
@@ -51,6 +54,70 @@ void AppendPart(std::wstring& made, wchar_t delim, const std::wstring& text, boo
     made += text;
 }
 
+constexpr std::wstring_view c_numberDelims = L"-";
+constexpr std::wstring_view c_additionalDelims = L".";
+constexpr std::wstring_view c_codeDelims = L"-./_";
+constexpr std::size_t c_maxCodeSize = 8;
+
+bool IsDigit(wchar_t c) {
+    return c >= L'0' && c <= L'9';
+}
+
+/// A capital letter of any script that has capitals, whatever the process's locale is.
+bool IsCapital(wchar_t c) {
+    return (c >= L'A' && c <= L'Z') || (c >= L'\u00C0' && c <= L'\u00DE' && c != L'\u00D7') ||
+           (c >= L'\u0391' && c <= L'\u03A9') || (c >= L'\u0400' && c <= L'\u042F');
+}
+
+/// A word of capitals and digits that begins with a capital.
+bool IsCode(std::wstring_view text) {
+    return !text.empty() && text.size() <= c_maxCodeSize && IsCapital(text.front()) &&
+           std::all_of(text.begin(), text.end(),
+                       [](wchar_t c) { return IsDigit(c) || IsCapital(c); });
+}
+
+/// What stands at the end of a designation behind a delimiter.
+struct Tail {
+    wchar_t delim = 0;
+    std::wstring_view text;
+};
+
+/// Takes a number of two or three digits with one of the delimiters before it off the end, as long
+/// as something is left.
+std::optional<Tail> TakeNumber(std::wstring_view& text, std::wstring_view delims) {
+    const std::size_t before = text.find_last_not_of(L"0123456789");
+    if (before == std::wstring_view::npos || before == 0)
+        return std::nullopt;
+    const std::size_t digits = text.size() - before - 1;
+    if (digits < 2 || digits > 3 || delims.find(text[before]) == std::wstring_view::npos)
+        return std::nullopt;
+    const Tail tail{text[before], text.substr(before + 1)};
+    text = text.substr(0, before);
+    return tail;
+}
+
+/// Takes a document code off the end. It stands behind a blank, or behind two, or behind a blank
+/// and a delimiter.
+std::optional<Tail> TakeCode(std::wstring_view& text) {
+    const std::size_t blank = text.rfind(L' ');
+    if (blank == std::wstring_view::npos || blank + 1 == text.size())
+        return std::nullopt;
+    Tail tail{L' ', text.substr(blank + 1)};
+    if (c_codeDelims.find(tail.text.front()) != std::wstring_view::npos) {
+        tail.delim = tail.text.front();
+        tail.text.remove_prefix(1);
+    }
+    const std::size_t end = text.find_last_not_of(L' ', blank);
+    if (!IsCode(tail.text) || end == std::wstring_view::npos)
+        return std::nullopt;
+    text = text.substr(0, end + 1);
+    return tail;
+}
+
+SharedText Shared(std::wstring_view text) {
+    return std::wstring(text);
+}
+
 wchar_t FirstCharacter(const std::wstring& text) {
     return text.empty() ? L'\0' : text.front();
 }
@@ -82,6 +149,30 @@ PropValue VariantMarking::GetPropValue() const {
     WriteDelim(*tree, c_codeDelim, m_codeDelim);
     WriteText(*tree, c_code, m_code);
     return PropValue(std::move(tree));
+}
+
+void VariantMarking::Parse(const SharedText& text) {
+    *this = {};
+    std::wstring_view rest = text.Str();
+    if (const std::optional<Tail> code = TakeCode(rest)) {
+        m_codeDelim = code->delim;
+        m_code = Shared(code->text);
+    }
+    // An additional number stands only behind an embodiment number.
+    std::wstring_view shorter = rest;
+    const std::optional<Tail> additional = TakeNumber(shorter, c_additionalDelims);
+    std::wstring_view& end = additional ? shorter : rest;
+    std::optional<Tail> embodiment = TakeNumber(end, c_numberDelims);
+    if (embodiment && additional) {
+        m_additionalDelim = additional->delim;
+        m_additionalNum = Shared(additional->text);
+        rest = shorter;
+    }
+    if (embodiment) {
+        m_embodimentDelim = embodiment->delim;
+        m_embodimentNum = Shared(embodiment->text);
+    }
+    m_base = rest.size() == text.Str().size() ? text : Shared(rest);
 }
 
 SharedText VariantMarking::Make(VariantMarkingData::MakeType type, bool spaced,

@@ -3,8 +3,11 @@
 #include "host/frame/FeatureTrees.h"
 #include "host/frame/GuiApp.h"
 #include "host/frame/IfTreeManager.h"
+#include "platform/services/DecisionsQuestionBox.h"
+#include "platform/services/EventsBus.h"
 #include "platform/services/GuiAppSlot.h"
 
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -14,6 +17,12 @@ namespace {
 
 /// The product tree's key in the registry of tree makers.
 constexpr int c_productTreeKey = 3;
+
+/// Where the host posts what has happened to documents.
+constexpr EventsRouterID c_documentRouter{0, 7};
+constexpr unsigned c_documentChanged = 0x601;
+/// The message's first parameter for a change of the structure; for values it is 0.
+constexpr unsigned long c_structureChanged = 15;
 
 class SlideBox final : public RcBase<IParamSlideBoxModel> {};
 
@@ -68,6 +77,15 @@ public:
           m_slot(*this) {}
 
     ITreeModelProvider* GetTreeModelProvider() override { return this; }
+    IQuestionBox* GetQuestionBox() override { return m_questions ? &*m_questions : nullptr; }
+    /// The decisions know in front of which window they ask.
+    IGuiWindow* GetMainWindow() override { return nullptr; }
+
+    void SetDecisions(IUserDecisions* decisions) {
+        m_questions.reset();
+        if (decisions)
+            m_questions.emplace(*decisions);
+    }
 
     TreeTableView& GetView() const { return *m_view; }
     Manager& GetManager() const { return *m_manager; }
@@ -81,6 +99,7 @@ private:
     boost::intrusive_ptr<TreeTableView> m_view;
     boost::intrusive_ptr<Manager> m_manager;
     boost::intrusive_ptr<Owner> m_owner;
+    std::optional<DecisionsQuestionBox> m_questions;
     GuiAppSlot m_slot;
 };
 
@@ -110,6 +129,15 @@ ITreeWrapper& HostFrame::GetWrapper() const {
 
 std::shared_ptr<TreeModelId> HostFrame::GetTreeId() const {
     return m_application->GetManager().GetTreeId();
+}
+
+void HostFrame::SetDecisions(IUserDecisions* decisions) {
+    m_application->SetDecisions(decisions);
+}
+
+void HostFrame::TellDocumentChanged(bool structure) const {
+    EventsBus::Get().Post(c_documentRouter, c_documentChanged, structure ? c_structureChanged : 0,
+                          0);
 }
 
 } // namespace platform

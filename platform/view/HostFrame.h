@@ -14,6 +14,8 @@ class TreeModelId;
 
 namespace platform {
 
+class IUserDecisions;
+
 enum class PanelStart {
     Shown,
     /// The panel is there but hidden, and owes its first build.
@@ -37,6 +39,13 @@ public:
     ITreeWrapper& GetWrapper() const;
     /// The id that the tree has registered with the manager; null when it has not.
     std::shared_ptr<TreeModelId> GetTreeId() const;
+
+    /// Who answers the panel's questions; null: nobody can be asked. They must be taken away before
+    /// they go.
+    void SetDecisions(IUserDecisions* decisions);
+    /// Tells the panel, as a host does, that something outside of it has changed the document:
+    /// which objects there are and how they are built up, or only values.
+    void TellDocumentChanged(bool structure) const;
 
 private:
     class Application;

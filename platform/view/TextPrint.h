@@ -17,7 +17,8 @@ enum class PrintedRows {
 
 /// UTF-8, each line ending in a line break and none in a blank: the caption, the captions of the
 /// columns, then a line a row. Before its name a row has a minus sign when its children follow, a
-/// plus sign when it has some that do not. Line breaks and other controls show as a blank. A
+/// plus sign when it has some that do not. Numbers stand at the right of their column, truth values
+/// read "yes" and "no". Line breaks and other controls show as a blank. A
 /// view without heads has no columns for its rows to stand in and prints its caption alone.
 std::string PrintTree(const TreeTableView& view, PrintedRows rows);
 

@@ -3,6 +3,7 @@
 #include "columns/ColumnInfo.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform {
@@ -14,6 +15,30 @@ bool IsFixed(HeadKind kind) {
 }
 
 } // namespace
+
+bool ColumnHead::Accepts(const CellInput& input) const {
+    const bool isEmptied = std::holds_alternative<std::monostate>(input);
+    switch (kind) {
+    case HeadKind::Designation:
+        return false;
+    case HeadKind::Name:
+    case HeadKind::Text:
+        return std::holds_alternative<SharedText>(input);
+    case HeadKind::Int:
+        return isEmptied || std::holds_alternative<int>(input);
+    case HeadKind::Double: {
+        const double* const value = std::get_if<double>(&input);
+        return isEmptied || (value && std::isfinite(*value));
+    }
+    case HeadKind::Bool:
+        return isEmptied || std::holds_alternative<bool>(input);
+    case HeadKind::List: {
+        const ListIndex* const place = std::get_if<ListIndex>(&input);
+        return place && place->index >= 0 && static_cast<std::size_t>(place->index) < list.size();
+    }
+    }
+    return false;
+}
 
 void ColumnList::Add(ColumnEntry entry) {
     m_entries.push_back(std::move(entry));
@@ -58,8 +83,15 @@ int ColumnList::Find(const std::wstring& id) const {
     return found == m_index.end() ? -1 : found->second;
 }
 
-void ColumnHeads::Init(const productTree::ColumnInfo& column, HeadKind kind) {
-    ColumnHead head{column.GetId(), column.GetHeader(), column.GetWidth(), kind};
+void ColumnHeads::Init(const productTree::ColumnInfo& column, HeadKind kind,
+                       const boost::intrusive_ptr<IMenuItems>& popup) {
+    ColumnHead head{column.GetId(), column.GetHeader(), column.GetWidth(),
+                    kind,           column.GetMin(),    column.GetMax()};
+    if (kind == HeadKind::List) {
+        for (const SimplePropVal& value : column.GetShownList())
+            head.list.push_back(value.to_wstring());
+    }
+    head.popup = popup;
     if (!IsFixed(kind)) {
         m_heads.push_back(std::move(head));
         return;
@@ -76,12 +108,30 @@ void ColumnHeads::Reset() {
     std::erase_if(m_heads, [](const ColumnHead& head) { return !IsFixed(head.kind); });
 }
 
-bool ColumnHeads::SetWidth(const std::wstring& id, double width) {
-    const auto head = std::find_if(m_heads.begin(), m_heads.end(),
-                                   [&](const ColumnHead& other) { return other.id == id; });
-    if (head == m_heads.end() || !(width > 0))
+const ColumnHead* ColumnHeads::Find(const std::wstring& id) const {
+    const auto head =
+        std::ranges::find_if(m_heads, [&](const ColumnHead& other) { return other.id == id; });
+    return head == m_heads.end() ? nullptr : &*head;
+}
+
+bool ColumnHeads::Move(const std::wstring& id, std::size_t place) {
+    const ColumnHead* const head = Find(id);
+    if (!head || place >= m_heads.size() || IsFixed(head->kind) || IsFixed(m_heads[place].kind))
         return false;
-    head->width = width;
+    const auto from = m_heads.begin() + (head - m_heads.data());
+    const auto to = m_heads.begin() + static_cast<std::ptrdiff_t>(place);
+    if (from < to)
+        std::rotate(from, from + 1, to + 1);
+    else
+        std::rotate(to, from, from + 1);
+    return true;
+}
+
+bool ColumnHeads::SetWidth(const std::wstring& id, double width) {
+    const ColumnHead* const head = Find(id);
+    if (!head || !(width > 0))
+        return false;
+    m_heads[static_cast<std::size_t>(head - m_heads.data())].width = width;
     return true;
 }
 

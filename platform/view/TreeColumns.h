@@ -2,6 +2,11 @@
 // what is shown. Only the view calls it; it announces nothing.
 #pragma once
 
+#include "host/SharedText.h"
+#include "host/view/IMenuItems.h"
+#include "platform/view/TreeCell.h"
+
+#include <cstddef>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -22,9 +27,19 @@ struct ColumnHead {
     /// In the units of ColumnInfo::DEFAULT_COLUMN_WIDTH.
     double width = 0;
     HeadKind kind = HeadKind::Text;
+    /// In stored units; both 0 where there are none.
+    double min = 0;
+    double max = 0;
+    /// What can be chosen, as it is shown; only for lists.
+    std::vector<SharedText> list = {};
+    /// Only for texts; null for none.
+    boost::intrusive_ptr<IMenuItems> popup = {};
 
     /// Numbers stand at the right of their column.
     bool IsNumeric() const { return kind == HeadKind::Int || kind == HeadKind::Double; }
+    bool HasLimits() const { return min != 0 || max != 0; }
+    /// Whether a user can leave that in the head's editor. Numbers and truth values may be emptied.
+    bool Accepts(const CellInput& input) const;
     friend bool operator==(const ColumnHead&, const ColumnHead&) = default;
 };
 
@@ -63,9 +78,15 @@ class ColumnHeads {
 public:
     const std::vector<ColumnHead>& GetHeads() const { return m_heads; }
     /// A second head of the name or of the designation takes the place of the first.
-    void Init(const productTree::ColumnInfo& column, HeadKind kind);
+    void Init(const productTree::ColumnInfo& column, HeadKind kind,
+              const boost::intrusive_ptr<IMenuItems>& popup = nullptr);
     /// Drops all heads but the two fixed ones.
     void Reset();
+    /// Null when no head has that id.
+    const ColumnHead* Find(const std::wstring& id) const;
+    /// Puts the head at that place among all heads. False when there is no such head or place, and
+    /// for the two fixed heads and their places.
+    bool Move(const std::wstring& id, std::size_t place);
     /// False when no head has that id, or the width is no width.
     bool SetWidth(const std::wstring& id, double width);
     /// 0 without such a head.

@@ -29,19 +29,50 @@ void TreeRowMarking::Change(T& field, const T& value) {
     if (field == value)
         return;
     field = value;
-    Hub().Note(&TreeTableChanges::values);
+    Hub().NoteValues(m_row);
+}
+
+template <class T>
+void TreeRowMarking::ChangePart(T& field, const T& value) {
+    Hub().AnswerInput(m_row, RowInput::Place::Marking);
+    Change(field, value);
 }
 
 void TreeRowMarking::ChangeDelim(wchar_t& field, const std::wstring& delim) {
-    Change(field, delim.empty() ? wchar_t{0} : delim.front());
+    ChangePart(field, delim.empty() ? wchar_t{0} : delim.front());
+}
+
+void TreeRowMarking::ChangeName(NameId& field, const SharedText& name) {
+    if (!(Hub().NameOf(field) == name))
+        Change(field, Hub().GetNames().IdOf(name));
+}
+
+const RowInput* TreeRowMarking::FindInput() const {
+    return Hub().FindInput(m_row, RowInput::Place::Marking);
+}
+
+SharedText TreeRowMarking::Part(std::size_t place, const SharedText& text) const {
+    const RowInput* const input = FindInput();
+    return input ? input->parts[place] : text;
+}
+
+std::wstring TreeRowMarking::Part(std::size_t place, wchar_t delim) const {
+    const RowInput* const input = FindInput();
+    return input ? input->parts[place].Str() : DelimText(delim);
+}
+
+MarkingParts TreeRowMarking::GetParts() const {
+    return {
+        GetBase(),          GetEmbodimentNumDelim(), GetEmbodimentNum(), GetAdditionalNumDelim(),
+        GetAdditionalNum(), GetCodeDelim(),          GetCode()};
 }
 
 void TreeRowMarking::SetBase(const SharedText& text) {
-    Change(m_base, text);
+    ChangePart(m_base, text);
 }
 
 std::wstring TreeRowMarking::GetEmbodimentNumDelim() const {
-    return DelimText(m_embodimentDelim);
+    return Part(1, m_embodimentDelim);
 }
 
 void TreeRowMarking::SetEmbodimentNumDelim(const std::wstring& delim) {
@@ -49,11 +80,11 @@ void TreeRowMarking::SetEmbodimentNumDelim(const std::wstring& delim) {
 }
 
 void TreeRowMarking::SetEmbodimentNum(const SharedText& text) {
-    Change(m_embodimentNum, text);
+    ChangePart(m_embodimentNum, text);
 }
 
 std::wstring TreeRowMarking::GetAdditionalNumDelim() const {
-    return DelimText(m_additionalDelim);
+    return Part(3, m_additionalDelim);
 }
 
 void TreeRowMarking::SetAdditionalNumDelim(const std::wstring& delim) {
@@ -61,11 +92,11 @@ void TreeRowMarking::SetAdditionalNumDelim(const std::wstring& delim) {
 }
 
 void TreeRowMarking::SetAdditionalNum(const SharedText& text) {
-    Change(m_additionalNum, text);
+    ChangePart(m_additionalNum, text);
 }
 
 std::wstring TreeRowMarking::GetCodeDelim() const {
-    return DelimText(m_codeDelim);
+    return Part(5, m_codeDelim);
 }
 
 void TreeRowMarking::SetCodeDelim(const std::wstring& delim) {
@@ -73,7 +104,7 @@ void TreeRowMarking::SetCodeDelim(const std::wstring& delim) {
 }
 
 void TreeRowMarking::SetCode(const SharedText& text) {
-    Change(m_code, text);
+    ChangePart(m_code, text);
 }
 
 void TreeRowMarking::SetDisplayText(const SharedText& text) {
@@ -93,7 +124,7 @@ void TreeRowMarking::SetLockedParts(const std::set<int>& parts) {
 std::set<int> TreeRowMarking::GetLockedParts() const {
     std::set<int> parts;
     for (int part = 1; part <= c_partCount; ++part) {
-        if (m_lockedParts & 1U << part)
+        if (IsLocked(part))
             parts.insert(part);
     }
     return parts;
@@ -101,7 +132,7 @@ std::set<int> TreeRowMarking::GetLockedParts() const {
 
 void TreeRowMarking::SetColumn(const std::wstring& columnId) {
     if (GetColumn() != columnId)
-        Change(m_column, Hub().IdOf(columnId));
+        Change(m_column, Hub().GetNames().IdOf(columnId));
 }
 
 const std::wstring& TreeRowMarking::GetColumn() const {
@@ -117,38 +148,39 @@ void TreeRowMarking::SetHypertext(bool hypertext) {
 }
 
 void TreeRowMarking::SetLinkStyle(int style) {
-    Change(m_linkStyle, style);
+    Change(m_linkStyle, static_cast<std::int8_t>(style));
 }
 
-void TreeRowMarking::SetIcon(const std::wstring& name) {
-    if (GetIcon() != name)
-        Change(m_icon, Hub().IdOf(name));
+void TreeRowMarking::SetIcon(const SharedText& name) {
+    ChangeName(m_icon, name);
 }
 
-std::wstring TreeRowMarking::GetIcon() const {
+SharedText TreeRowMarking::GetIcon() const {
     return Hub().NameOf(m_icon);
 }
 
 void TreeRowMarking::SetPartTip(const SharedText& text, int part) {
     if (part < 1 || part > c_partCount)
         return;
-    NameId& tip = m_tips[static_cast<std::size_t>(part - 1)];
-    if (!(Hub().NameOf(tip) == text))
-        Change(tip, Hub().IdOf(text));
+    const auto place = static_cast<std::size_t>(part - 1);
+    PartTipsTable& tips = Hub().GetPartTips();
+    if (!(Hub().NameOf(tips.Get(m_tips)[place]) == text))
+        Change(m_tips, tips.With(m_tips, place, Hub().GetNames().IdOf(text)));
 }
 
 SharedText TreeRowMarking::GetPartTip(int part) const {
     if (part < 1 || part > c_partCount)
         return {};
-    return Hub().NameOf(m_tips[static_cast<std::size_t>(part - 1)]);
+    return Hub().NameOf(Hub().GetPartTips().Get(m_tips)[static_cast<std::size_t>(part - 1)]);
 }
 
 bool TreeRowMarking::IsSameMarking(const IMarkingEditor& other) const {
-    return m_base == other.GetBase() && GetEmbodimentNumDelim() == other.GetEmbodimentNumDelim() &&
-           m_embodimentNum == other.GetEmbodimentNum() &&
+    return GetBase() == other.GetBase() &&
+           GetEmbodimentNumDelim() == other.GetEmbodimentNumDelim() &&
+           GetEmbodimentNum() == other.GetEmbodimentNum() &&
            GetAdditionalNumDelim() == other.GetAdditionalNumDelim() &&
-           m_additionalNum == other.GetAdditionalNum() && GetCodeDelim() == other.GetCodeDelim() &&
-           m_code == other.GetCode();
+           GetAdditionalNum() == other.GetAdditionalNum() &&
+           GetCodeDelim() == other.GetCodeDelim() && GetCode() == other.GetCode();
 }
 
 } // namespace platform

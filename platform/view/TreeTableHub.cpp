@@ -2,19 +2,14 @@
 
 #include "platform/view/TreeTableRow.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace platform {
 
-namespace {
-
-/// Nearly all calls ask for one of the first names, which are quicker looked at than hashed.
-constexpr std::size_t c_scannedNames = 12;
-
-} // namespace
-
-TreeTableHub::TreeTableHub() : m_names(1) {}
+void TreeTableHub::BeginUpdate() {
+    if (m_updateDepth++ == 0)
+        ++m_epoch;
+}
 
 void TreeTableHub::EndUpdate() {
     if (m_updateDepth == 0 || --m_updateDepth > 0)
@@ -39,6 +34,26 @@ void TreeTableHub::Note(bool TreeTableChanges::*what) {
     Announce();
 }
 
+void TreeTableHub::NoteRow(TreeTableRow& row) {
+    if (m_isQuiet)
+        return;
+    if (!m_areAllValuesChanged && !row.IsInChanges()) {
+        if (m_changes.valueRows.size() < TreeTableChanges::c_maxValueRows) {
+            m_changes.valueRows.push_back(&row);
+            row.SetInChanges(true);
+        } else {
+            m_areAllValuesChanged = true;
+        }
+    }
+    m_changes.values = true;
+    Announce();
+}
+
+void TreeTableHub::RequestEdit(TreeTableRow& row) {
+    m_changes.editRow = &row;
+    Announce();
+}
+
 void TreeTableHub::Announce() {
     if (m_updateDepth > 0 || m_isPendingAnnounced || !m_observer || !m_changes.HasAny())
         return;
@@ -48,7 +63,19 @@ void TreeTableHub::Announce() {
 
 TreeTableChanges TreeTableHub::TakeChanges() {
     m_isPendingAnnounced = false;
-    return std::exchange(m_changes, {});
+    TreeTableChanges changes = std::exchange(m_changes, {});
+    for (TreeTableRow* row : changes.valueRows)
+        row->SetInChanges(false);
+    if (std::exchange(m_areAllValuesChanged, false)) {
+        changes.valueRows.clear();
+    } else {
+        std::erase_if(changes.valueRows,
+                      [this](const TreeTableRow* row) { return !IsInTree(*row); });
+        changes.values = !changes.valueRows.empty();
+    }
+    if (changes.editRow && !IsInTree(*changes.editRow))
+        changes.editRow = nullptr;
+    return changes;
 }
 
 bool TreeTableHub::IsInTree(const TreeTableRow& row) const {
@@ -83,6 +110,14 @@ void TreeTableHub::ClearSelection() {
     Note(&TreeTableChanges::selection);
 }
 
+void TreeTableHub::SelectAlone(TreeTableRow& row) {
+    if (m_selected.size() != 1 || m_selected.front() != &row) {
+        ClearSelection();
+        Select(row, true);
+    }
+    SetCurrent(&row);
+}
+
 void TreeTableHub::SetCurrent(TreeTableRow* row) {
     if (m_current == row)
         return;
@@ -105,27 +140,10 @@ void TreeTableHub::Forget(TreeTableRow& row) {
         SetCurrent(nullptr);
     if (m_root == &row)
         m_root = nullptr;
-}
-
-NameId TreeTableHub::IdOf(const SharedText& name) {
-    const std::size_t scanned = std::min(m_names.size(), c_scannedNames);
-    for (std::size_t i = 0; i < scanned; ++i) {
-        if (m_names[i].IsSame(name))
-            return static_cast<NameId>(i);
-    }
-    const auto [found, isNew] = m_ids.try_emplace(name.Str(), static_cast<NameId>(m_names.size()));
-    if (isNew)
-        m_names.push_back(name);
-    return found->second;
-}
-
-NameId TreeTableHub::IdOf(const std::wstring& name) {
-    const std::size_t scanned = std::min(m_names.size(), c_scannedNames);
-    for (std::size_t i = 0; i < scanned; ++i) {
-        if (m_names[i].Str() == name)
-            return static_cast<NameId>(i);
-    }
-    return IdOf(SharedText(name));
+    if (m_changes.editRow == &row)
+        m_changes.editRow = nullptr;
+    if (row.IsInChanges())
+        std::erase(m_changes.valueRows, &row);
 }
 
 } // namespace platform

@@ -1,38 +1,47 @@
 // What all rows of one view share: the observer and the changes gathered for it, which rows are
-// selected and current, and a table that gives repeated texts small ids. Rows keep the hub alive,
-// so that a row that outlives its view has somebody to talk to.
+// selected and current, what the user has just left in an editor, and tables of what many cells
+// have in common. Rows keep the hub alive, so that a row that outlives its view has somebody to
+// talk to.
 #pragma once
 
 #include "host/RcBase.h"
 #include "host/SharedText.h"
+#include "platform/view/CellTraits.h"
+#include "platform/view/NameTable.h"
+#include "platform/view/PartTips.h"
+#include "platform/view/RowInput.h"
 #include "platform/view/TreeTableObserver.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace platform {
 
 class TreeTableRow;
 
-/// A text of the hub's table; 0 is the empty text.
-using NameId = std::uint32_t;
-
 class TreeTableHub final : public RcBase<> {
 public:
-    TreeTableHub();
-
     /// Null takes the observer away.
     void SetObserver(TreeTableObserver* observer) { m_observer = observer; }
     /// Updates may be nested; changes are announced at the end of the outermost.
-    void BeginUpdate() { ++m_updateDepth; }
+    void BeginUpdate();
     /// Without BeginUpdate it does nothing.
     void EndUpdate();
     bool IsInOutermostUpdate() const { return m_updateDepth == 1; }
+    bool IsInUpdate() const { return m_updateDepth > 0; }
     /// Called inside an update, before rows that stand in the tree come or go.
     void AnnounceRowChange();
     void Note(bool TreeTableChanges::*what);
+    /// What the row shows has changed.
+    void NoteValues(TreeTableRow& row) {
+        // Where all rows count as changed, one more makes no difference; a build notes millions.
+        if (!m_areAllValuesChanged || m_updateDepth == 0)
+            NoteRow(row);
+    }
+    /// The editor of the row's name is to be opened.
+    void RequestEdit(TreeTableRow& row);
     TreeTableChanges TakeChanges();
     /// While quiet, changes are not noted: the front end made them itself.
     void SetQuiet(bool quiet) { m_isQuiet = quiet; }
@@ -43,6 +52,8 @@ public:
     const std::vector<TreeTableRow*>& GetSelected() const { return m_selected; }
     void Select(TreeTableRow& row, bool select);
     void ClearSelection();
+    /// Makes the row the only selected one and the current one.
+    void SelectAlone(TreeTableRow& row);
     bool IsCurrent(const TreeTableRow& row) const { return m_current == &row; }
     TreeTableRow* GetCurrent() const { return m_current; }
     void SetCurrent(TreeTableRow* row);
@@ -51,12 +62,37 @@ public:
     /// The row is about to be destroyed.
     void Forget(TreeTableRow& row);
 
-    /// Meant for texts of which there are few, such as column ids; they are kept for good.
-    NameId IdOf(const SharedText& name);
-    NameId IdOf(const std::wstring& name);
-    const SharedText& NameOf(NameId id) const { return m_names[id]; }
+    /// Null takes the input away. It must stay where it is as long as it is known here.
+    void SetInput(const RowInput* input) { m_input = input; }
+    /// Null when the user has not left anything there.
+    const RowInput* FindInput(const TreeTableRow& row, RowInput::Place place,
+                              NameId column = 0) const {
+        return m_input && m_input->row == &row && m_input->place == place &&
+                       m_input->column == column
+                   ? m_input
+                   : nullptr;
+    }
+    /// The library has written there: that stands now, and no input.
+    void AnswerInput(const TreeTableRow& row, RowInput::Place place, NameId column = 0) {
+        if (FindInput(row, place, column))
+            m_input = nullptr;
+    }
+
+    NameTable& GetNames() { return m_names; }
+    const SharedText& NameOf(NameId id) const { return m_names.NameOf(id); }
+    CellTraitsTable& GetTraits() { return m_traits; }
+    PartTipsTable& GetPartTips() { return m_partTips; }
+    /// Counts the updates.
+    std::uint64_t GetEpoch() const { return m_epoch; }
+    /// Where the last cell was looked for: rows are written and read cell by cell.
+    std::size_t GetLastSlot() const { return m_lastSlot; }
+    void SetLastSlot(std::size_t slot) { m_lastSlot = slot; }
+    /// How many cells the last row has got: the next will have as many.
+    std::size_t GetUsualCellCount() const { return m_usualCellCount; }
+    void SetUsualCellCount(std::size_t count) { m_usualCellCount = count; }
 
 private:
+    void NoteRow(TreeTableRow& row);
     void Announce();
 
     TreeTableObserver* m_observer = nullptr;
@@ -65,11 +101,18 @@ private:
     bool m_isPendingAnnounced = false;
     bool m_isQuiet = false;
     TreeTableChanges m_changes;
+    /// More rows than are listed have changed.
+    bool m_areAllValuesChanged = false;
     const TreeTableRow* m_root = nullptr;
     TreeTableRow* m_current = nullptr;
     std::vector<TreeTableRow*> m_selected;
-    std::vector<SharedText> m_names;
-    std::unordered_map<std::wstring, NameId> m_ids;
+    const RowInput* m_input = nullptr;
+    NameTable m_names;
+    CellTraitsTable m_traits;
+    PartTipsTable m_partTips;
+    std::uint64_t m_epoch = 1;
+    std::size_t m_lastSlot = 0;
+    std::size_t m_usualCellCount = 0;
 };
 
 } // namespace platform

@@ -4,14 +4,22 @@
 // nothing costs none.
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 namespace platform {
+
+class TreeTableRow;
 
 /// What has changed since the front end last took the changes.
 struct TreeTableChanges {
+    /// With more rows than these it is cheaper to look at all that is shown.
+    static constexpr std::size_t c_maxValueRows = 64;
+
     /// Rows came or went. They were announced already; what depends on them is to be looked at
     /// again.
     bool rows = false;
-    /// Texts, icons or styles of any rows.
+    /// Texts, numbers, icons or styles of the rows in `valueRows`; of any rows when that is empty.
     bool values = false;
     bool expansion = false;
     bool selection = false;
@@ -19,9 +27,13 @@ struct TreeTableChanges {
     bool columns = false;
     /// Caption, toolbars, visibility and the like.
     bool panel = false;
+    /// Each row once, in no order. Rows that went are not among them.
+    std::vector<TreeTableRow*> valueRows;
+    /// The editor of this row's name is to be opened; null for none.
+    TreeTableRow* editRow = nullptr;
 
     bool HasAny() const noexcept {
-        return rows || values || expansion || selection || columns || panel;
+        return rows || values || expansion || selection || columns || panel || editRow;
     }
 };
 

@@ -2,7 +2,6 @@
 
 #include "items/ProductTreeItemData.h"
 
-#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -18,9 +17,14 @@ TreeTableRow::~TreeTableRow() {
     m_hub->Forget(*this);
 }
 
+void TreeTableRow::ChangeName(NameId& field, const SharedText& name) {
+    if (!(m_hub->NameOf(field) == name))
+        Change(field, m_hub->GetNames().IdOf(name));
+}
+
 void TreeTableRow::ChangeName(NameId& field, const std::wstring& name) {
     if (m_hub->NameOf(field).Str() != name)
-        Change(field, m_hub->IdOf(name));
+        Change(field, m_hub->GetNames().IdOf(name));
 }
 
 void TreeTableRow::PutFlag(Flag flag, bool on) {
@@ -32,7 +36,7 @@ void TreeTableRow::SetFlag(Flag flag, bool on) {
     if (HasFlag(flag) == on)
         return;
     PutFlag(flag, on);
-    m_hub->Note(&TreeTableChanges::values);
+    m_hub->NoteValues(*this);
 }
 
 void TreeTableRow::AppendChild(const TreeRowPtr& child) {
@@ -84,25 +88,12 @@ void TreeTableRow::SetExpanded(bool expanded) {
     m_hub->Note(&TreeTableChanges::expansion);
 }
 
-void TreeTableRow::SetCellCount(std::size_t count) {
-    if (count == m_cells.size())
-        return;
-    m_cells.resize(count);
-    m_hub->Note(&TreeTableChanges::values);
-}
-
-void TreeTableRow::SetCellColumn(std::size_t index, const std::wstring& columnId) {
-    if (index < m_cells.size())
-        ChangeName(m_cells[index], columnId);
-}
-
-const std::wstring& TreeTableRow::GetCellColumn(std::size_t index) const {
-    return m_hub->NameOf(m_cells[index]);
-}
-
-bool TreeTableRow::HasCell(const std::wstring& columnId) const {
-    return std::any_of(m_cells.begin(), m_cells.end(),
-                       [&](NameId cell) { return m_hub->NameOf(cell).Str() == columnId; });
+void TreeTableRow::Select() {
+    m_hub->BeginUpdate();
+    m_hub->SelectAlone(*this);
+    for (TreeTableRow* up = m_parent; up; up = up->m_parent)
+        up->SetExpanded(true);
+    m_hub->EndUpdate();
 }
 
 void TreeTableRow::SetCurrentCountColumn(const std::wstring& columnId) {
@@ -113,22 +104,23 @@ const std::wstring& TreeTableRow::GetCurrentCountColumn() const {
     return m_hub->NameOf(m_currentCountColumn);
 }
 
+SharedText TreeTableRow::GetNameText() const {
+    const RowInput* const input = m_hub->FindInput(*this, RowInput::Place::Name);
+    return input ? std::get<SharedText>(input->value) : m_name;
+}
+
 void TreeTableRow::SetName(const SharedText& raw, const SharedText& shown,
                            const std::wstring& columnId) {
+    m_hub->AnswerInput(*this, RowInput::Place::Name);
     Change(m_name, raw);
     // Most names are shown as they are: one text then serves both.
     Change(m_shownName, shown == m_name ? m_name : shown);
     ChangeName(m_nameColumn, columnId);
 }
 
-void TreeTableRow::SetNameIcon(const std::wstring& name) {
-    ChangeName(m_nameIcon, name);
-}
-
 void TreeTableRow::SetIcon(int icon, const SharedText& tip) {
     Change(m_icon, icon);
-    if (!(GetIconTip() == tip))
-        Change(m_iconTip, m_hub->IdOf(tip));
+    ChangeName(m_iconTip, tip);
 }
 
 } // namespace platform

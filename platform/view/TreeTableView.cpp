@@ -127,6 +127,13 @@ bool TreeTableView::IsColumnVisible(int index) const {
     return entry && entry->isVisible;
 }
 
+std::vector<std::wstring> TreeTableView::GetColumnIds() const {
+    std::vector<std::wstring> ids;
+    for (const ColumnHead& head : m_heads.GetHeads())
+        ids.push_back(head.id);
+    return ids;
+}
+
 double TreeTableView::GetMarkingColumnWidth() const {
     return m_heads.GetWidth(HeadKind::Designation);
 }
@@ -143,9 +150,10 @@ void TreeTableView::SetColumnMark(const std::wstring& columnId, bool marked) {
     m_hub->Note(&TreeTableChanges::columns);
 }
 
-void TreeTableView::InitHead(const productTree::ColumnInfo& column, HeadKind kind) {
+void TreeTableView::InitHead(const productTree::ColumnInfo& column, HeadKind kind,
+                             const boost::intrusive_ptr<IMenuItems>& popup) {
     const Update update(*this);
-    m_heads.Init(column, kind);
+    m_heads.Init(column, kind, popup);
 }
 
 void TreeTableView::InitNameHeader(const productTree::ColumnInfo& column) {
@@ -157,8 +165,8 @@ void TreeTableView::InitDesignationHeader(const productTree::ColumnInfo& column)
 }
 
 void TreeTableView::InitTextHeader(const productTree::ColumnInfo& column,
-                                   const boost::intrusive_ptr<IMenuItems>&) {
-    InitHead(column, HeadKind::Text);
+                                   const boost::intrusive_ptr<IMenuItems>& popup) {
+    InitHead(column, HeadKind::Text, popup);
 }
 
 void TreeTableView::InitIntHeader(const productTree::ColumnInfo& column) {
@@ -226,13 +234,13 @@ void TreeTableView::SetColumnWidthByUser(const std::wstring& columnId, double wi
         m_announcedHeads = m_heads.GetHeads();
 }
 
-const SharedText& GetShownText(const TreeTableRow& row, const ColumnHead& head) {
+SharedText GetShownText(const TreeTableRow& row, const ColumnHead& head) {
     if (head.kind == HeadKind::Name)
         return row.GetShownName();
     if (head.kind == HeadKind::Designation)
         return row.GetMarking().GetDisplayText();
-    static const SharedText none;
-    return none;
+    const TreeCell* const cell = row.FindCell(head.id);
+    return cell ? cell->GetShownText() : SharedText();
 }
 
 } // namespace platform

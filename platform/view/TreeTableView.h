@@ -8,9 +8,15 @@
 #include "platform/view/TreeTableHub.h"
 #include "platform/view/TreeTableRow.h"
 
+#include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
+
+namespace productTree {
+struct ColumnVisibility;
+}
 
 namespace platform {
 
@@ -64,6 +70,7 @@ public:
     void SetColumnCaption(int index, const std::wstring& caption) override;
     bool IsColumnVisible(int index) const override;
     int FindColumn(const std::wstring& columnId) const override { return m_columns.Find(columnId); }
+    std::vector<std::wstring> GetColumnIds() const override;
     std::map<std::wstring, double> GetColumnWidths() const override { return m_heads.GetWidths(); }
     double GetNameColumnWidth() const override { return m_heads.GetWidth(HeadKind::Name); }
     double GetMarkingColumnWidth() const override;
@@ -79,6 +86,12 @@ public:
     void InitDoubleHeader(const productTree::ColumnInfo& column) override;
     void InitListHeader(const productTree::ColumnInfo& column) override;
     void InitBoolHeader(const productTree::ColumnInfo& column) override;
+    SharedText GetHeaderName() const override;
+    SharedText GetHeaderText(const SharedText& columnId) const override;
+    std::optional<int> GetHeaderInt(const SharedText& columnId) const override;
+    std::optional<double> GetHeaderDouble(const SharedText& columnId) const override;
+    std::optional<bool> GetHeaderBool(const SharedText& columnId) const override;
+    int GetHeaderListIndex(const SharedText& columnId) const override;
 
     void SetAttributeColumnEnabled(int id, bool enabled) override;
     void SetAttributeColumnShown(int id, bool shown) override;
@@ -110,10 +123,47 @@ public:
 
     /// Replaces the selection. The current row may be null.
     void SelectByUser(const std::vector<TreeTableRow*>& rows, TreeTableRow* current);
+    /// The control reads the widths when it builds the next time.
     void SetColumnWidthByUser(const std::wstring& columnId, double width);
+
+    // What the user does to values, heads and columns. Each operation calls the control, which may
+    // build all rows anew before it returns, so that no reference to a row that nobody holds is
+    // good any more afterwards. Each answers false, and does nothing, for what is not there, is
+    // read-only or of another kind than the input, for a row that is not in the tree, without a
+    // control, while rows are being changed, and from inside another of these operations. An
+    // exception of the control passes. An input stands only until the control has looked at it: the
+    // row then shows what the library has written, or what it has always shown, and the observer is
+    // told of the row. An input that stands in the cell already is none; the control does not hear
+    // of it.
+
+    bool EditCellByUser(TreeTableRow& row, const std::wstring& columnId, const CellInput& input);
+    /// A name that is shown as a link is read-only; so with the designation.
+    bool EditNameByUser(TreeTableRow& row, const SharedText& text);
+    /// A locked part must be what it was.
+    bool EditMarkingByUser(TreeTableRow& row, const MarkingParts& parts);
+    /// Opens the host's editor of document codes.
+    bool EditDocCodeByUser(TreeTableRow& row);
+    /// The column may be that of the name or the designation, too; so with a link.
+    bool ClickSourceIconByUser(TreeTableRow& row, const std::wstring& columnId);
+    /// Also in a read-only row.
+    bool ClickLinkByUser(TreeTableRow& row, const std::wstring& columnId);
+    bool PopupCommandByUser(TreeTableRow& row, const std::wstring& columnId, int command);
+    bool EditHeadByUser(const std::wstring& columnId, const CellInput& input);
+    bool ClickHeadByUser(const std::wstring& columnId);
+    bool HeadPopupCommandByUser(const std::wstring& columnId, int command);
+    /// `place` is one among all heads. The front end is told of the heads as they are afterwards.
+    bool MoveColumnByUser(const std::wstring& columnId, std::size_t place);
+    /// An empty list builds the panel anew.
+    bool SetColumnsVisibleByUser(const std::vector<productTree::ColumnVisibility>& columns);
 
 private:
     class Update;
+    class ControlCall;
+    class InputScope;
+    struct HeadInput {
+        const std::wstring& columnId;
+        const CellInput& value;
+    };
 
     template <class T>
     void ChangePanel(T& field, const T& value) {
@@ -122,7 +172,20 @@ private:
         field = value;
         m_hub->Note(&TreeTableChanges::panel);
     }
-    void InitHead(const productTree::ColumnInfo& column, HeadKind kind);
+    void InitHead(const productTree::ColumnInfo& column, HeadKind kind,
+                  const boost::intrusive_ptr<IMenuItems>& popup = nullptr);
+    bool CanCallControl() const;
+    /// The row stands in the tree and has something that the control knows it by.
+    bool CanActOn(const TreeTableRow& row) const;
+    bool CanEdit(const TreeTableRow& row) const;
+    bool CanEditMarking(const TreeTableRow& row) const;
+    template <class Call>
+    bool CallControl(const Call& call);
+    /// `call` gets the control and the row's data.
+    template <class Call>
+    bool CallControl(TreeTableRow& row, const Call& call);
+    template <class Value>
+    std::optional<Value> GetHeadInput(const std::wstring& columnId) const;
 
     boost::intrusive_ptr<TreeTableHub> m_hub;
     boost::intrusive_ptr<TreeTableRow> m_root;
@@ -134,10 +197,14 @@ private:
     std::vector<ColumnHead> m_announcedHeads;
     std::wstring m_markedColumn;
     std::map<int, AttributeColumn> m_attributeColumns{{200, {}}, {201, {}}};
+    /// What the user has left in a head, while the control looks at it.
+    const HeadInput* m_headInput = nullptr;
+    bool m_isInControl = false;
     bool m_embodimentsAllowed = true;
 };
 
-/// What a row shows in the column of that head. Empty for a column that the row has no cell in.
-const SharedText& GetShownText(const TreeTableRow& row, const ColumnHead& head);
+/// What a row shows in the column of that head, as TreeCell::GetShownText. Empty for a column that
+/// the row has no cell in.
+SharedText GetShownText(const TreeTableRow& row, const ColumnHead& head);
 
 } // namespace platform

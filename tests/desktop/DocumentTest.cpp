@@ -1,6 +1,7 @@
 #include "desktop/Document.h"
 #include "host/ProductProperties.h"
 #include "tests/support/ProductBuilder.h"
+#include "tests/support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +13,7 @@ using desktop::FileError;
 
 class Folder {
 public:
-    Folder() : m_path(testing::TempDir() + "product-tree-document") {
-        std::filesystem::create_directories(m_path);
-    }
+    Folder() : m_path(support::GetTestFolder()) { std::filesystem::create_directories(m_path); }
     ~Folder() { std::filesystem::remove_all(m_path); }
 
     std::filesystem::path Write(const std::string& name, const std::string& content) const {
@@ -27,7 +26,7 @@ private:
     std::filesystem::path m_path;
 };
 
-std::string Reason(const std::filesystem::path& path, const desktop::import::StepOptions& options) {
+std::string Reason(const std::filesystem::path& path, const desktop::step::StepOptions& options) {
     const auto opened = desktop::OpenDocument(path, options);
     const auto* error = std::get_if<FileError>(&opened);
     return error ? error->reason : "opened";
@@ -71,30 +70,36 @@ TEST(Document, WhatIsNoFileHasAReason) {
 TEST(Document, OptionsForStepFilesAreRefusedForAProductFile) {
     const Folder folder;
     const auto file = folder.Write("product.json", "{}");
-    desktop::import::StepOptions flatten;
+    desktop::step::StepOptions flatten;
     flatten.flatten = true;
     EXPECT_EQ(Reason(file, flatten), "--flatten is for STEP files");
-    desktop::import::StepOptions assembly;
+    desktop::step::StepOptions assembly;
     assembly.assembly = "x";
     EXPECT_EQ(Reason(file, assembly), "--assembly is for STEP files");
 }
 
-TEST(Document, MassesReplaceWhatWasThereAndLeaveOthersAlone) {
-    platform::ProductModel model = support::Product().Object("a").Mass(1).Object("b").Object("c");
-    desktop::ApplyMasses(
-        model, {{support::Key("a"), 2.5}, {support::Key("b"), 3.5}, {support::Key("gone"), 9.0}});
-    const auto massOf = [](const platform::ObjectRecord& object) {
-        std::string text;
+TEST(Document, MeasuredPartsHaveAMassByTheDensityThatTheyHaveByThen) {
+    platform::ProductModel model = support::Product()
+                                       .Object("steel")
+                                       .Value(L"material.density", SimplePropVal(8000.0))
+                                       .Object("unknown")
+                                       .Object("frame")
+                                       .Object("weighed")
+                                       .Mass(7);
+    desktop::ApplyMeasures(model, {{{support::Key("steel"), 0.5},
+                                    {support::Key("unknown"), 0.25},
+                                    {support::Key("gone"), 1.0}},
+                                   {{support::Key("frame"), 3.5}, {support::Key("weighed"), 9.0}}});
+    std::string text;
+    for (const platform::ObjectRecord& object : model.objects) {
+        text += std::string(object.key.String()) + ':';
         for (const auto& [number, value] : object.properties) {
             if (number == ProductProperties::GetPropId(L"mass"))
-                text += std::to_string(value.to_double()) + ' ';
+                text += std::to_string(value.to_int());
         }
-        return text;
-    };
-    ASSERT_EQ(model.objects.size(), 3U);
-    EXPECT_EQ(massOf(model.objects[0]), "2.500000 ");
-    EXPECT_EQ(massOf(model.objects[1]), "3.500000 ");
-    EXPECT_EQ(massOf(model.objects[2]), "");
+        text += object.volume ? " measured " : " ";
+    }
+    EXPECT_EQ(text, "steel:4000 measured unknown: measured frame:3 weighed:7 ");
 }
 
 TEST(Document, ADiagnosticIsOneLine) {

@@ -22,11 +22,13 @@ TEST(JsonPrint, ARowSaysAllThatTheViewShowsOfIt) {
     const desktop::Session session = MakeSession(support::Product()
                                                      .Root(L"Gearbox", L"AB.100")
                                                      .Columns({L"mass"})
+                                                     .Simplified()
                                                      .Object("nut")
                                                      .Name(L"Nut \"M8\"")
                                                      .Designation(L"AB.101")
                                                      .Section(20, L"Parts")
                                                      .Icon(1)
+                                                     .Mass(0.25)
                                                      .Uses(2));
     const Json json = Json::parse(desktop::PrintJson(session.GetView()));
     EXPECT_EQ(json["caption"], "Product tree");
@@ -53,7 +55,7 @@ TEST(JsonPrint, ARowSaysAllThatTheViewShowsOfIt) {
                                           {"section", false},
                                           {"expanded", false},
                                           {"selected", false},
-                                          {"cells", Json::object()},
+                                          {"cells", {{"mass", "0.25"}}},
                                           {"children", Json::array()}}));
 }
 

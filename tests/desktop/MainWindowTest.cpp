@@ -1,25 +1,23 @@
-#include "desktop/window/MainWindow.h"
-#include "desktop/window/MassJob.h"
-#include "desktop/window/PanelTree.h"
 #include "platform/view/TreeTableView.h"
+#include "tests/desktop/WindowFixture.h"
 #include "tests/support/ProductBuilder.h"
 #include "tests/support/ViewDump.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QHeaderView>
-#include <QLabel>
-#include <QMenuBar>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
 
-#include <semaphore>
+#include <sys/eventfd.h>
+#include <unistd.h>
 
 namespace {
 
-using desktop::import::Progress;
-using desktop::import::StepDocument;
+using desktop::step::MeasuredParts;
+using desktop::step::Measures;
+using desktop::step::Measuring;
+using desktop::step::StepDocument;
 
 platform::ProductModel SmallProduct() {
     return support::Product()
@@ -35,98 +33,61 @@ platform::ProductModel SmallProduct() {
         .Uses(2);
 }
 
-/// A document whose masses take until the test lets them go, or until they are cancelled.
+/// Measures one part, once the test lets it.
+class SlowMeasuring final : public Measuring {
+public:
+    SlowMeasuring() : m_event(eventfd(0, EFD_NONBLOCK)) { ++s_running; }
+    ~SlowMeasuring() override {
+        close(m_event);
+        --s_running;
+    }
+
+    int GetDescriptor() const override { return m_event; }
+    bool Advance() override {
+        eventfd_t count = 0;
+        return eventfd_read(m_event, &count) != 0;
+    }
+    double GetShareDone() const override { return 0.5; }
+    Measures GetMeasures() const override { return {{{support::Key("case"), 0.5}}, {}}; }
+
+    void LetEnd() { eventfd_write(m_event, 1); }
+
+    static inline int s_running = 0;
+
+private:
+    int m_event;
+};
+
 class SlowDocument final : public StepDocument {
 public:
     const platform::ProductModel& GetModel() const override { return m_model; }
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
-    Masses ComputeMasses(const Progress& progress) override {
-        m_started.release();
-        while (!m_mayEnd.try_acquire()) {
-            if (!progress(0.5)) {
-                ++s_cancelled;
-                return {};
-            }
-            std::this_thread::yield();
-        }
-        return {{support::Key("case"), 12.5}};
+    std::unique_ptr<Measuring> StartMeasuring(MeasuredParts) override {
+        auto measuring = std::make_unique<SlowMeasuring>();
+        m_measuring = measuring.get();
+        return measuring;
     }
 
-    void WaitForStart() { m_started.acquire(); }
-    void LetEnd() { m_mayEnd.release(); }
-
-    static inline std::atomic<int> s_cancelled = 0;
+    SlowMeasuring& GetMeasuring() { return *m_measuring; }
 
 private:
     platform::ProductModel m_model = SmallProduct();
     std::vector<std::string> m_notes;
-    std::binary_semaphore m_started{0};
-    std::binary_semaphore m_mayEnd{0};
+    SlowMeasuring* m_measuring = nullptr;
 };
 
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public window_tests::WindowFixture {
 protected:
-    MainWindowTest() {
-        auto decisions = std::make_unique<platform::ScriptedDecisions>();
-        m_decisions = decisions.get();
-        m_window = std::make_unique<desktop::MainWindow>(std::move(decisions));
-    }
+    platform::TreeTableView& Show() { return WindowFixture::Show(SmallProduct()); }
 
-    platform::TreeTableView& Show(std::unique_ptr<StepDocument> step = nullptr) {
-        desktop::Document document;
-        document.path = "small.json";
-        document.model = SmallProduct();
-        document.step = std::move(step);
-        auto session = std::make_unique<desktop::Session>(std::move(document));
-        platform::TreeTableView& view = session->GetView();
-        m_window->Show(std::move(session));
-        m_window->show();
-        QApplication::processEvents();
-        return view;
-    }
-
-    SlowDocument& StartSlowMasses() {
+    SlowMeasuring& StartSlowMasses() {
         auto step = std::make_unique<SlowDocument>();
         SlowDocument& document = *step;
-        m_view = &Show(std::move(step));
+        m_view = &WindowFixture::Show(SmallProduct(), std::move(step), "small.step");
         m_window->StartMasses();
-        document.WaitForStart();
-        return document;
+        return document.GetMeasuring();
     }
 
-    desktop::PanelTree& Tree() { return *m_window->findChild<desktop::PanelTree*>(); }
-
-    QModelIndex At(std::initializer_list<int> path) {
-        QModelIndex index = Tree().model()->index(0, 0);
-        for (const int row : path)
-            index = Tree().model()->index(row, 0, index);
-        return index;
-    }
-
-    void Trigger(const QString& text) {
-        for (QAction* menu : m_window->menuBar()->actions()) {
-            for (QAction* action : menu->menu()->actions()) {
-                if (action->text().remove(QLatin1Char('&')) == text)
-                    action->trigger();
-            }
-        }
-        QApplication::processEvents();
-    }
-
-    bool ShowsText(const QString& text) {
-        const auto labels = m_window->findChildren<QLabel*>();
-        return std::any_of(labels.begin(), labels.end(),
-                           [&](QLabel* label) { return label->text() == text; });
-    }
-
-    /// Handles events until the label shows the text.
-    void WaitForText(const QString& text) {
-        while (!ShowsText(text))
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-    platform::ScriptedDecisions* m_decisions = nullptr;
-    std::unique_ptr<desktop::MainWindow> m_window;
     platform::TreeTableView* m_view = nullptr;
 };
 
@@ -177,45 +138,46 @@ TEST_F(MainWindowTest, AChosenFileTakesThePlaceOfTheProduct) {
 }
 
 TEST_F(MainWindowTest, MassesEnterTheProductAndTheUsersViewOfItStays) {
-    SlowDocument& document = StartSlowMasses();
+    SlowMeasuring& measuring = StartSlowMasses();
     Tree().expand(At({0}));
     Tree().setCurrentIndex(At({0, 1}));
-    document.LetEnd();
-    WaitForText("Masses of 1 part");
+    measuring.LetEnd();
+    WaitForText("1 part measured");
     QApplication::processEvents();
     EXPECT_TRUE(Tree().isExpanded(At({0})));
     EXPECT_EQ(Tree().currentIndex(), At({0, 1}));
     EXPECT_EQ(support::DumpView(*m_view, {.expandedOnly = true, .selection = true}),
               "Gearbox [Parts (x3) [Case | >>Pin (x2)+]]");
+    EXPECT_FALSE(m_window->isWindowModified());
+    EXPECT_FALSE(Action("Undo")->isEnabled());
 }
 
 TEST_F(MainWindowTest, MassesCanBeCancelled) {
     StartSlowMasses();
-    const int before = SlowDocument::s_cancelled;
     for (QToolButton* button : m_window->findChildren<QToolButton*>()) {
         if (button->text() == "Cancel")
             button->click();
     }
-    WaitForText("Masses cancelled");
-    EXPECT_EQ(SlowDocument::s_cancelled, before + 1);
+    EXPECT_TRUE(ShowsText("Measuring cancelled"));
+    EXPECT_EQ(SlowMeasuring::s_running, 0);
 }
 
 TEST_F(MainWindowTest, ClosingAndOpeningInTheMiddleOfMassesIsSafe) {
-    const int before = SlowDocument::s_cancelled;
     StartSlowMasses();
+    EXPECT_EQ(SlowMeasuring::s_running, 1);
     m_window->OpenFile(PRODUCT_TREE_SOURCES "/samples/reducer.json", {});
-    EXPECT_EQ(SlowDocument::s_cancelled, before + 1);
+    EXPECT_EQ(SlowMeasuring::s_running, 0);
     StartSlowMasses();
     m_window->close();
     m_window.reset();
-    EXPECT_EQ(SlowDocument::s_cancelled, before + 2);
+    EXPECT_EQ(SlowMeasuring::s_running, 0);
     QApplication::processEvents();
 }
 
 TEST_F(MainWindowTest, MassesGoOnAfterAFileThatCannotBeOpened) {
     StartSlowMasses();
     m_window->OpenFile("missing.step", {});
-    EXPECT_TRUE(ShowsText("Working out masses"));
+    EXPECT_TRUE(ShowsText("Measuring parts"));
 }
 
 } // namespace

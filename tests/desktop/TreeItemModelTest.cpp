@@ -1,4 +1,5 @@
 #include "desktop/window/TreeItemModel.h"
+#include "host/ProductProperties.h"
 #include "host/frame/FeatureTrees.h"
 #include "platform/view/HostFrame.h"
 #include "tests/support/ProductBuilder.h"
@@ -20,7 +21,8 @@ class TreeItemModelTest : public testing::Test {
 protected:
     std::shared_ptr<platform::MemoryProduct> m_product = support::Product()
                                                              .Root(L"Gearbox", L"AB.100")
-                                                             .Columns({L"mass", L"material"})
+                                                             .Simplified()
+                                                             .Columns({L"mass", L"note"})
                                                              .Object("case")
                                                              .Name(L"Case")
                                                              .Designation(L"AB.101")
@@ -83,7 +85,7 @@ TEST_F(TreeItemModelTest, FollowsRebuildsThatAddAndDropRows) {
     EXPECT_NE(Dump().find("A"), std::string::npos);
 }
 
-TEST_F(TreeItemModelTest, TellsOfAWalkOverAllRowsOnceAndOfAnUnchangedOneNever) {
+TEST_F(TreeItemModelTest, TellsOfEachChangedRowOnceAndOfAnUnchangedWalkNever) {
     QCoreApplication::processEvents();
     QSignalSpy changed(&m_model, &TreeItemModel::dataChanged);
     QSignalSpy reset(&m_model, &TreeItemModel::modelReset);
@@ -93,12 +95,12 @@ TEST_F(TreeItemModelTest, TellsOfAWalkOverAllRowsOnceAndOfAnUnchangedOneNever) {
     });
     m_frame.GetTree().Refresh();
     QCoreApplication::processEvents();
-    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(Dump().rfind("Reducer {AB.100} [Parts (x1) [Housing {AB.101}]", 0), 0U) << Dump();
     m_product->Change([](ProductModel&) {});
     m_frame.GetTree().Refresh();
     QCoreApplication::processEvents();
-    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(reset.count(), 0);
 }
 
@@ -107,6 +109,62 @@ TEST_F(TreeItemModelTest, ANameThatLooksLikeMarkupIsShownAsItIs) {
     const QModelIndex root = m_model.index(0, 0);
     EXPECT_EQ(root.data().toString(), "<b>A</b>");
     EXPECT_EQ(root.data(Qt::ToolTipRole).toString(), "<span>&lt;b&gt;A&lt;/b&gt;</span>");
+}
+
+TEST_F(TreeItemModelTest, HoldsWhileAUserEditsUndoesAndReloads) {
+    const auto part = [&] { return m_model.index(0, 0, m_model.index(0, 0, m_model.index(0, 0))); };
+    const auto tell = [&] {
+        m_frame.TellDocumentChanged(m_product->IsRebuildRequired());
+        m_model.TellChanges();
+    };
+    const std::string before = Dump();
+    EXPECT_TRUE(m_model.setData(part(), "Housing", Qt::EditRole));
+    m_model.TellChanges();
+    EXPECT_EQ(part().data().toString(), "Housing");
+    EXPECT_TRUE(m_model.setData(part().siblingAtColumn(1),
+                                QStringList{"AB.102", "-", "01", "", "", "", ""}, Qt::EditRole));
+    m_model.TellChanges();
+    EXPECT_EQ(part().siblingAtColumn(1).data().toString(), "AB.102-01");
+    while (m_product->CanUndo()) {
+        m_product->Undo();
+        tell();
+    }
+    EXPECT_EQ(Dump(), before);
+    m_product->Redo();
+    tell();
+    EXPECT_EQ(part().data().toString(), "Housing");
+    platform::ProductModel other = m_product->GetModel();
+    other.objects.pop_back();
+    m_product->Replace(std::move(other));
+    tell();
+    EXPECT_EQ(Dump(), "Gearbox {AB.100} [Parts (x1) [Housing {AB.101}]]");
+}
+
+TEST_F(TreeItemModelTest, TellsOfAnEditedRowAlone) {
+    Change([](ProductModel& model) {
+        model.visibleProperties = {ProductProperties::GetPropId(L"note")};
+    });
+    m_model.TellChanges();
+    const QModelIndex part = m_model.index(0, 0, m_model.index(0, 0, m_model.index(0, 0)));
+    QSignalSpy changed(&m_model, &TreeItemModel::dataChanged);
+    QSignalSpy reset(&m_model, &TreeItemModel::modelReset);
+    EXPECT_TRUE(m_model.setData(part.siblingAtColumn(2), "left hand", Qt::EditRole));
+    m_model.TellChanges();
+    EXPECT_EQ(reset.count(), 0);
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed[0][0].toModelIndex(), part);
+    EXPECT_EQ(part.siblingAtColumn(2).data().toString(), "left hand");
+}
+
+TEST_F(TreeItemModelTest, InAReadOnlyDocumentNothingCanBeEdited) {
+    Change([](ProductModel& model) { model.isReadOnly = true; });
+    m_model.TellChanges();
+    const QModelIndex part = m_model.index(0, 0, m_model.index(0, 0, m_model.index(0, 0)));
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        EXPECT_FALSE(part.siblingAtColumn(column).flags() & Qt::ItemIsEditable);
+        EXPECT_FALSE(m_model.setData(part.siblingAtColumn(column), "x", Qt::EditRole));
+        EXPECT_EQ(m_model.GetHeadEditor(column).kind, desktop::EditKind::None);
+    }
 }
 
 TEST_F(TreeItemModelTest, FollowsTheShownColumns) {

@@ -1,9 +1,12 @@
+#include "desktop/Document.h"
 #include "desktop/import/Utf8.h"
 #include "host/ProductProperties.h"
+#include "platform/product/MemoryProduct.h"
 #include "tests/import/StepFileText.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -11,9 +14,11 @@
 
 namespace {
 
-using desktop::import::StepDocument;
-using desktop::import::StepOptions;
-using desktop::import::ToUtf8;
+using desktop::step::MeasuredParts;
+using desktop::step::Measures;
+using desktop::step::StepDocument;
+using desktop::step::StepOptions;
+using desktop::step::ToUtf8;
 
 /// Real assemblies stand outside the repository; without them their tests are skipped.
 class Assemblies : public testing::Test {
@@ -47,14 +52,25 @@ std::size_t CountOccurrences(const StepDocument& document) {
     return count;
 }
 
+Measures Measure(StepDocument& document, MeasuredParts parts) {
+    const auto measuring = document.StartMeasuring(parts);
+    measuring->Wait();
+    return measuring->GetMeasures();
+}
+
+/// The masses that the objects of the document have once it is measured.
 std::map<std::string, double> MassesByName(StepDocument& document) {
-    std::map<UniqueMetaObjectKey, std::string> names{
-        {document.GetModel().root.key, ToUtf8(document.GetModel().root.name.Str())}};
-    for (const platform::ObjectRecord& object : document.GetModel().objects)
-        names[object.key] = ToUtf8(object.name.Str());
+    platform::ProductModel measured = document.GetModel();
+    desktop::ApplyMeasures(measured, Measure(document, MeasuredParts::WithDensity));
+    const platform::MemoryProduct product(std::move(measured));
     std::map<std::string, double> masses;
-    for (const auto& [key, mass] : document.ComputeMasses([](double) { return true; }))
-        masses[names.at(key)] = mass;
+    const auto note = [&](const platform::ObjectRecord& object) {
+        const PropValue mass = product.GetValue({object.key, {}, L"mass", {}});
+        if (!mass.IsEmpty())
+            masses[ToUtf8(object.name.Str())] = mass.to_double();
+    };
+    note(product.GetModel().root);
+    std::ranges::for_each(product.GetModel().objects, note);
     return masses;
 }
 
@@ -154,15 +170,18 @@ TEST_F(Assemblies, WeighWhatTheirOwnVolumesSay) {
     ASSERT_TRUE(std::holds_alternative<std::unique_ptr<StepDocument>>(result));
     StepDocument& document = *std::get<0>(result);
 
-    const desktop::import::Progress stop = [](double share) { return share < 0.3; };
-    EXPECT_TRUE(document.ComputeMasses(stop).empty());
-
     const std::map<std::string, double> masses = MassesByName(document);
     ASSERT_EQ(masses.size(), 4u);
     EXPECT_NEAR(masses.at("plate"), 0.5305752, 1e-6);
     EXPECT_NEAR(masses.at("rod-assembly"), 0.0170371, 1e-6);
     EXPECT_NEAR(masses.at("l-bracket-assembly"), 0.1084539, 1e-6);
     EXPECT_NEAR(masses.at("as1"), 0.7645201, 1e-6);
+}
+
+TEST_F(Assemblies, HaveVolumesForPartsThatAreGivenADensityLater) {
+    const auto document = Read("as1-oc-214.stp");
+    EXPECT_TRUE(Measure(*document, MeasuredParts::WithDensity).volumes.empty());
+    EXPECT_EQ(Measure(*document, MeasuredParts::All).volumes.size(), 1u);
 }
 
 TEST_F(Assemblies, AreWeighedButForTheirDamagedParts) {

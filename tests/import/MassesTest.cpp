@@ -9,11 +9,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
 
-using namespace desktop::import;
+using namespace desktop::step;
 using testing::ElementsAre;
 using testing::Eq;
 using testing::IsEmpty;
@@ -36,7 +37,8 @@ ProductStructure MakeFrame() {
 
 TEST(Masses, AreVolumeTimesDensityAndAddUpOverAllUses) {
     const ProductStructure structure = MakeFrame();
-    EXPECT_THAT(FindPartsToMeasure(structure, {0}), UnorderedElementsAre(2, 3));
+    EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity),
+                UnorderedElementsAre(2, 3));
     EXPECT_THAT(
         ComputeDefinitionMasses(structure, {0}, {{}, {}, 0.5, 2}),
         ElementsAre(Optional(20000.0), Optional(10000.0), Optional(4000.0), Optional(2000.0)));
@@ -45,45 +47,51 @@ TEST(Masses, AreVolumeTimesDensityAndAddUpOverAllUses) {
 TEST(Masses, OfAssembliesAreUnknownWhileAPartsIs) {
     ProductStructure structure = MakeFrame();
     structure.definitions[3].material.density.reset();
-    EXPECT_THAT(FindPartsToMeasure(structure, {0}), ElementsAre(2));
+    EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity), ElementsAre(2));
+    EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::All), UnorderedElementsAre(2, 3));
     EXPECT_THAT(
         ComputeDefinitionMasses(structure, {0}, {{}, {}, 0.5, 2}),
         ElementsAre(Eq(std::nullopt), Eq(std::nullopt), Optional(4000.0), Eq(std::nullopt)));
 }
 
-TEST(MeasureApart, GoesOnBehindAPartThatEndsItsProcess) {
+TEST(MeasuringApart, GoesOnBehindAPartThatEndsItsProcess) {
     std::vector<double> shares;
-    const auto values = MeasureApart(
-        4,
-        [](std::size_t part, const Progress& progress) -> std::optional<double> {
+    MeasuringApart measuring(
+        4, [](std::size_t part, const Progress& progress) -> std::optional<double> {
             progress(0.5);
             if (part == 1)
                 std::abort();
             if (part == 2)
                 return std::nullopt;
             return static_cast<double>(part) + 0.25;
-        },
-        [&](double share) {
-            shares.push_back(share);
-            return true;
         });
-    EXPECT_THAT(values, Optional(ElementsAre(Optional(0.25), Eq(std::nullopt), Eq(std::nullopt),
-                                             Optional(3.25))));
+    while (measuring.Advance()) {
+        pollfd news{measuring.GetDescriptor(), POLLIN, 0};
+        poll(&news, 1, -1);
+        shares.push_back(measuring.GetShareDone());
+    }
+    shares.push_back(measuring.GetShareDone());
+    EXPECT_THAT(measuring.GetValues(),
+                ElementsAre(Optional(0.25), Eq(std::nullopt), Eq(std::nullopt), Optional(3.25)));
     EXPECT_TRUE(std::ranges::is_sorted(shares));
     EXPECT_EQ(shares.back(), 1);
 }
 
-TEST(MeasureApart, StopsEvenWhileAPartIsSilent) {
+TEST(MeasuringApart, StopsEvenWhileAPartIsSilent) {
     const Measure endless = [](std::size_t, const Progress&) -> std::optional<double> {
         while (true)
             pause();
     };
-    EXPECT_EQ(MeasureApart(1, endless, [](double) { return false; }), std::nullopt);
+    MeasuringApart measuring(1, endless);
+    EXPECT_TRUE(measuring.Advance());
+    EXPECT_EQ(measuring.GetShareDone(), 0);
 }
 
-TEST(MeasureApart, OfNothingIsDoneAtOnce) {
+TEST(MeasuringApart, OfNothingIsDoneAtOnce) {
     const Measure none = [](std::size_t, const Progress&) { return std::optional<double>(); };
-    EXPECT_THAT(MeasureApart(0, none, [](double) { return true; }), Optional(IsEmpty()));
+    MeasuringApart measuring(0, none);
+    EXPECT_FALSE(measuring.Advance());
+    EXPECT_THAT(measuring.GetValues(), IsEmpty());
 }
 
 struct DensityCase {

@@ -4,7 +4,7 @@
 
 namespace {
 
-using desktop::import::BeginsWithStandard;
+using desktop::step::BeginsWithStandard;
 
 TEST(StandardParts, BeginWithABodyAndANumber) {
     for (const wchar_t* name :

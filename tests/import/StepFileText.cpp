@@ -16,9 +16,9 @@ std::string Ref(int number) {
 }
 
 std::string Shown(const platform::ObjectRecord& object) {
-    std::string text = desktop::import::ToUtf8(object.name.Str());
+    std::string text = desktop::step::ToUtf8(object.name.Str());
     if (!object.marking.IsEmpty())
-        text += " [" + desktop::import::ToUtf8(object.marking.GetBase().Str()) + "]";
+        text += " [" + desktop::step::ToUtf8(object.marking.GetBase().Str()) + "]";
     return text;
 }
 
@@ -78,11 +78,11 @@ TemporaryFile::~TemporaryFile() {
     std::filesystem::remove_all(m_path.parent_path(), ignored);
 }
 
-std::string Dump(const std::filesystem::path& path, const desktop::import::StepOptions& options) {
-    const auto result = desktop::import::StepDocument::Read(path, options);
+std::string Dump(const std::filesystem::path& path, const desktop::step::StepOptions& options) {
+    const auto result = desktop::step::StepDocument::Read(path, options);
     if (const auto* error = std::get_if<desktop::FileError>(&result))
         return "error: " + error->reason;
-    const desktop::import::StepDocument& document = *std::get<0>(result);
+    const desktop::step::StepDocument& document = *std::get<0>(result);
     std::string text = Shown(document.GetModel().root) + "\n";
     for (const platform::ObjectRecord& object : document.GetModel().objects)
         text += std::to_string(object.section.numbers[0]) + " " + Shown(object) + " x" +
@@ -92,7 +92,7 @@ std::string Dump(const std::filesystem::path& path, const desktop::import::StepO
     return text;
 }
 
-std::string DumpText(std::string_view step, const desktop::import::StepOptions& options) {
+std::string DumpText(std::string_view step, const desktop::step::StepOptions& options) {
     const TemporaryFile file("sample.step", step);
     return Dump(file.GetPath(), options);
 }

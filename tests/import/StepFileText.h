@@ -45,7 +45,7 @@ private:
 
 /// The document as text: root, objects in their order as "section name [designation] xN", and the
 /// reason instead where it can't be read.
-std::string Dump(const std::filesystem::path& path, const desktop::import::StepOptions& options);
-std::string DumpText(std::string_view step, const desktop::import::StepOptions& options = {});
+std::string Dump(const std::filesystem::path& path, const desktop::step::StepOptions& options);
+std::string DumpText(std::string_view step, const desktop::step::StepOptions& options = {});
 
 } // namespace tests

@@ -8,7 +8,7 @@
 
 namespace {
 
-using desktop::import::StepOptions;
+using desktop::step::StepOptions;
 using tests::DumpText;
 using tests::StepFileText;
 
@@ -131,11 +131,13 @@ TEST(StepImport, RefusesWhatIsNoFile) {
 
 TEST(StepImport, MakesADocumentThatThePanelCanShow) {
     const tests::TemporaryFile file("car.step", MakeCar().Text());
-    const auto result = desktop::import::StepDocument::Read(file.GetPath(), {"", true, ""});
+    const auto result = desktop::step::StepDocument::Read(file.GetPath(), {"", true, ""});
     const platform::ProductModel& model = std::get<0>(result)->GetModel();
     EXPECT_TRUE(model.areSectionRowsShown);
     EXPECT_FALSE(model.style);
-    EXPECT_EQ(model.visibleProperties.size(), 3u);
+    EXPECT_TRUE(model.isSimplified);
+    EXPECT_TRUE(model.root.sumsPartMasses);
+    EXPECT_EQ(model.visibleProperties.size(), 4u);
     for (const unsigned long number : model.visibleProperties)
         EXPECT_NE(ProductProperties::GetPath(number), L"");
 

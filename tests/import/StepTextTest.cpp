@@ -5,9 +5,9 @@
 namespace {
 
 using desktop::FileError;
-using desktop::import::PreparedText;
-using desktop::import::PrepareForReader;
-using desktop::import::RestoreString;
+using desktop::step::PreparedText;
+using desktop::step::PrepareForReader;
+using desktop::step::RestoreString;
 
 std::string Prepared(std::string_view file) {
     const auto result = PrepareForReader(file);

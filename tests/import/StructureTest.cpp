@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace desktop::import;
+using namespace desktop::step;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

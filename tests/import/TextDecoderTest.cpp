@@ -6,8 +6,8 @@
 
 namespace {
 
-using desktop::import::TextDecoder;
-using desktop::import::ToUtf8;
+using desktop::step::TextDecoder;
+using desktop::step::ToUtf8;
 
 struct TextCase {
     const char* what;

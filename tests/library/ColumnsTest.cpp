@@ -24,7 +24,8 @@ std::string DumpColumns(const platform::TreeTableView& view) {
 }
 
 Product WithColumns(std::initializer_list<std::wstring> paths) {
-    return std::move(Product().Root(L"r").Columns(paths).Object("a").Name(L"a").Uses());
+    return std::move(
+        Product().Root(L"r").Simplified().Columns(paths).Object("a").Name(L"a").Uses());
 }
 
 TEST(Columns, NameAndDesignationComeFirstThenTheVisibleOnesInTheirOrder) {
@@ -63,26 +64,6 @@ TEST(Columns, WidthsAreKeptPerColumnSetAndComeBackWithIt) {
     EXPECT_EQ(DumpColumns(panel.View()), "name:300 marking:111 mass:99 / mass");
     panel.Change([](ProductModel& model) { model.columnSetKey = "second"; });
     EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 mass:50 / mass");
-}
-
-TEST(Columns, InEmbodimentModeACountColumnStandsForEachEmbodiment) {
-    Panel panel(WithColumns({L"mass", L"count", L"comment"})
-                    .Embodiment("e1")
-                    .Embodiment("e2", L"01")
-                    .EmbodimentMode());
-    EXPECT_EQ(DumpColumns(panel.View()),
-              "name:189 marking:189 mass:75 count|e1:45 count|e2:45 comment:189 "
-              "/ mass count comment");
-    panel.View().SetColumnWidthByUser(L"count|e2", 60);
-    panel.data->SetEmbodimentMode(false);
-    panel.Tree().Synchronize();
-    EXPECT_EQ(DumpColumns(panel.View()),
-              "name:189 marking:189 mass:75 count:75 comment:189 / mass count comment");
-    panel.data->SetEmbodimentMode(true);
-    panel.Tree().Synchronize();
-    EXPECT_EQ(DumpColumns(panel.View()),
-              "name:189 marking:189 mass:75 count|e1:45 count|e2:60 comment:189 "
-              "/ mass count comment");
 }
 
 TEST(Columns, TheAttributeColumnsKeepTheUsersChoicePerColumnSet) {

@@ -9,11 +9,12 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 struct Panel {
-    explicit Panel(const support::Product& product,
+    explicit Panel(platform::ProductModel model,
                    platform::PanelStart start = platform::PanelStart::Shown)
-        : data(product.Make()), frame(data, start) {}
+        : data(std::make_shared<platform::MemoryProduct>(std::move(model))), frame(data, start) {}
 
     /// Changes the product and builds the panel again.
     void Change(const std::function<void(platform::ProductModel&)>& change) {

@@ -1,5 +1,5 @@
 #include "items/ProductTreeItemId.h"
-#include "control/RowIdIndex.h"
+#include "items/RowIdIndex.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,12 @@ add_executable(hostTests
     GroupingComparatorTest.cpp
     MarkingTest.cpp
     NaturalOrderTest.cpp
+    ProductHistoryTest.cpp
+    ProductIndexTest.cpp
+    ProductLinksTest.cpp
     ProductQuestionsTest.cpp
     ProductStructureTest.cpp
+    ProductValuesTest.cpp
     PropertiesTest.cpp
     ResourcesTest.cpp
     ServicesTest.cpp

@@ -78,6 +78,44 @@ TEST(Marking, AForeignTreeGivesAnEmptyMarking) {
     EXPECT_EQ(read, VariantMarking());
 }
 
+TEST(Marking, IsReadFromTheTextOfAWholeDesignation) {
+    const struct {
+        const wchar_t* text;
+        /// Its seven parts.
+        const wchar_t* parts;
+    } cases[] = {
+        {L"", L"||||||"},
+        {L"AB.101", L"AB.101||||||"},
+        {L"AB.101-02", L"AB.101|-|02||||"},
+        {L"AB.101-02.07", L"AB.101|-|02|.|07||"},
+        {L"AB.101-02.07 AD", L"AB.101|-|02|.|07| |AD"},
+        {L"AB.101  AD", L"AB.101||||| |AD"},
+        {L"AB.101 /AD2", L"AB.101|||||/|AD2"},
+        {L"\u0410\u0411.101 \u0421\u0411", L"\u0410\u0411.101||||| |\u0421\u0411"},
+        {L"HR125.00.000", L"HR125.00.000||||||"},
+        {L"HR125.00.021-B", L"HR125.00.021-B||||||"},
+        {L"AB.101-2", L"AB.101-2||||||"},
+        {L"AB.101-0002", L"AB.101-0002||||||"},
+        {L"-02", L"-02||||||"},
+        {L"AB.101 two", L"AB.101 two||||||"},
+        {L"AB.101 7A", L"AB.101 7A||||||"},
+        {L"AB.101 ", L"AB.101 ||||||"},
+        {L" AD", L" AD||||||"},
+        {L"1", L"1||||||"},
+    };
+    const auto delim = [](wchar_t c) { return c == 0 ? std::wstring() : std::wstring(1, c); };
+    for (const auto& sample : cases) {
+        VariantMarking marking = MakeFull();
+        marking.Parse(sample.text);
+        const std::wstring parts =
+            marking.GetBase().Str() + L'|' + delim(marking.GetEmbodimentNumDelim()) + L'|' +
+            marking.GetEmbodimentNum().Str() + L'|' + delim(marking.GetAdditionalNumDelim()) +
+            L'|' + marking.GetAdditionalNum().Str() + L'|' + delim(marking.GetCodeDelim()) + L'|' +
+            marking.GetCode().Str();
+        EXPECT_EQ(parts, sample.parts) << sample.text;
+    }
+}
+
 TEST(Marking, DelimitersAreTheFirstCharacterOfTheirField) {
     EXPECT_EQ(MarkingDelim(L"-/"), L'-');
     EXPECT_EQ(CodeDelim(L" "), L' ');

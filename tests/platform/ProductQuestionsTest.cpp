@@ -62,8 +62,13 @@ TEST(ProductQuestions, ReadingValuesAllocatesNothing) {
         static_cast<void>(product.GetValue(ref)); // the first time the path is looked up
 
     const std::size_t before = host_tests::GetAllocationCount();
-    for (const PropertyRef& ref : refs)
+    for (const PropertyRef& ref : refs) {
         static_cast<void>(product.GetValue(ref));
+        static_cast<void>(product.IsReadOnly(ref));
+        static_cast<void>(product.GetBySource(ref));
+        static_cast<void>(product.IsHypertext(ref));
+        static_cast<void>(product.IsHypertextActive(ref));
+    }
     EXPECT_EQ(host_tests::GetAllocationCount(), before);
     EXPECT_TRUE(
         product.GetValue(refs[refs.size() - 3]).GetSimpleValue().to_wstring().IsSame(object.name));

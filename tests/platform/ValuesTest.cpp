@@ -1,4 +1,5 @@
 #include "host/FormatLabelUtils.h"
+#include "host/NumberTexts.h"
 #include "host/PropValue.h"
 #include "host/UniqueMetaObjectKey.h"
 
@@ -131,6 +132,57 @@ TEST(Keys, AnyKeyComesBackFromItsWideForm) {
     EXPECT_EQ(UniqueMetaObjectKey(std::wstring(L"a\u0416b")).String(), "ab");
     EXPECT_LT(UniqueMetaObjectKey(std::string("\x7f")), UniqueMetaObjectKey(std::string("\x80")));
     EXPECT_TRUE(UniqueMetaObjectKey::null.IsEmpty());
+}
+
+TEST(Values, NumbersAreWrittenWithSoManyDigits) {
+    const struct {
+        double value;
+        bool trimmed;
+        int digits;
+        const wchar_t* text;
+    } cases[] = {{2.5, true, 6, L"2.5"},
+                 {2.5, false, 3, L"2.500"},
+                 {3, true, 6, L"3"},
+                 {100, true, 0, L"100"},
+                 {0.1 + 0.2, true, 6, L"0.3"},
+                 {-0.0000001, true, 6, L"0"},
+                 {-0.0000001, false, 2, L"0.00"},
+                 {-1.25, true, 1, L"-1.2"},
+                 {1e21, true, 6, L"1000000000000000000000"},
+                 {7, true, -3, L"7"}};
+    for (const auto& sample : cases)
+        EXPECT_EQ(orvex::sys::ToString(sample.value, sample.trimmed, sample.digits).Str(),
+                  sample.text);
+    EXPECT_TRUE(orvex::sys::ToString(std::numeric_limits<double>::infinity(), true, 6).IsEmpty());
+    EXPECT_EQ(orvex::sys::ToString(-std::numeric_limits<double>::max(), true, 2000).Str().size(),
+              310U);
+}
+
+TEST(Values, ATextTakesExactlyTheArgumentsItAsksFor) {
+    const std::vector<SharedText> one{L"A"};
+    const std::vector<SharedText> two{L"A", L"%1%"};
+    const struct {
+        const wchar_t* pattern;
+        const std::vector<SharedText>& arguments;
+        /// Null: none.
+        const wchar_t* text;
+    } cases[] = {{L"Delete %1%?", one, L"Delete A?"},
+                 {L"%1% of %1%", one, L"A of A"},
+                 {L"%2% %1%", two, L"%1% A"},
+                 {L"%2%", two, L"%1%"},
+                 {L"100%% of %1%", one, L"100% of A"},
+                 {L"50 % of %1%", one, L"50 % of A"},
+                 {L"%1%", two, nullptr},
+                 {L"%2%", one, nullptr},
+                 {L"plain", one, nullptr},
+                 {L"%0% %1%", one, L"%0% A"},
+                 {L"%1", one, nullptr},
+                 {L"", {}, L""}};
+    for (const auto& sample : cases) {
+        const auto text = format_label_utils::FormatText(sample.pattern, sample.arguments);
+        EXPECT_EQ(text.has_value(), sample.text != nullptr) << sample.pattern;
+        EXPECT_EQ(text.value_or(SharedText()).Str(), sample.text ? sample.text : L"");
+    }
 }
 
 } // namespace

@@ -1,45 +1,11 @@
 #include "tests/platform/ViewBuilder.h"
+#include "tests/platform/ViewListener.h"
 
 #include <gtest/gtest.h>
 
 using namespace view_tests;
-using platform::TreeTableChanges;
 
 namespace {
-
-/// Writes down what is announced: `<` rows are about to change, `>` they have, `!` take the
-/// changes.
-class Listener final : public platform::TreeTableObserver {
-public:
-    explicit Listener(platform::TreeTableView& view) : m_view(view) { view.SetObserver(this); }
-    ~Listener() override { m_view.SetObserver(nullptr); }
-
-    void OnRowsAboutToChange() override { m_log += '<'; }
-    void OnRowsChanged() override { m_log += '>'; }
-    void OnChangesPending() override { m_log += '!'; }
-
-    std::string TakeLog() { return std::exchange(m_log, {}); }
-
-private:
-    platform::TreeTableView& m_view;
-    std::string m_log;
-};
-
-std::string Take(platform::TreeTableView& view) {
-    const TreeTableChanges changes = view.TakeChanges();
-    std::string text;
-    const auto add = [&](bool changed, const char* what) {
-        if (changed)
-            text += (text.empty() ? "" : " ") + std::string(what);
-    };
-    add(changes.rows, "rows");
-    add(changes.values, "values");
-    add(changes.expansion, "expansion");
-    add(changes.selection, "selection");
-    add(changes.columns, "columns");
-    add(changes.panel, "panel");
-    return text;
-}
 
 class ViewChanges : public testing::Test {
 protected:
@@ -57,7 +23,7 @@ TEST_F(ViewChanges, AWalkOverAllRowsIsAnnouncedOnce) {
     Rename({0}, L"x");
     RowAt(*m_view, {1}).SetIcon(58764, {});
     EXPECT_EQ(m_listener.TakeLog(), "!");
-    EXPECT_EQ(Take(*m_view), "values");
+    EXPECT_EQ(Take(*m_view), "values(b product x)");
     Rename({1}, L"y");
     EXPECT_EQ(m_listener.TakeLog(), "!");
 }
@@ -66,7 +32,7 @@ TEST_F(ViewChanges, AWalkThatChangesNothingIsNotAnnounced) {
     const auto write = [this] {
         platform::TreeTableRow& row = RowAt(*m_view, {0});
         row.SetName(SharedText(L"raw"), SharedText(L"shown"), L"name");
-        row.SetNameIcon(L"PRODUCTTREE_BY_SRC_MIXED");
+        row.SetNameIcon(SharedText(L"PRODUCTTREE_BY_SRC_MIXED"));
         row.SetIcon(58764, SharedText(L"Part"));
         row.SetCellCount(2);
         row.SetCellColumn(1, L"mass");
@@ -84,7 +50,7 @@ TEST_F(ViewChanges, AWalkThatChangesNothingIsNotAnnounced) {
     };
     write();
     EXPECT_EQ(m_listener.TakeLog(), "!");
-    EXPECT_EQ(Take(*m_view), "values expansion panel");
+    EXPECT_EQ(Take(*m_view), "values(shown) expansion panel");
     write();
     EXPECT_EQ(m_listener.TakeLog(), "");
 }
@@ -101,7 +67,7 @@ TEST_F(ViewChanges, RowsOfOneUpdateAreAnnouncedOnceAroundIt) {
     EXPECT_EQ(m_listener.TakeLog(), "");
     m_view->EndUpdate();
     EXPECT_EQ(m_listener.TakeLog(), ">!");
-    EXPECT_EQ(Take(*m_view), "rows values");
+    EXPECT_EQ(Take(*m_view), "rows values(c c1 x)");
     m_view->EndUpdate();
     EXPECT_EQ(m_listener.TakeLog(), "");
 }
@@ -134,7 +100,56 @@ TEST_F(ViewChanges, WhatHappenedBeforeAnObserverCameIsToldAtTheNextChange) {
     m_view->SetObserver(&m_listener);
     m_view->SelectRow(&RowAt(*m_view, {1}), true, true);
     EXPECT_EQ(m_listener.TakeLog(), "!");
-    EXPECT_EQ(Take(*m_view), "values selection");
+    EXPECT_EQ(Take(*m_view), "values(x) selection");
+}
+
+TEST_F(ViewChanges, RowsAreNamedUpToAnEndAndNotWhenTheyAreGone) {
+    constexpr std::size_t limit = platform::TreeTableChanges::c_maxValueRows;
+    TreeRowPtr held = m_view->CreateRow();
+    held->SetName(SharedText(L"nowhere"), SharedText(L"nowhere"), L"name");
+    Rename({1}, L"gone");
+    RowAt(*m_view, {}).SetChildCount(1);
+    Rename({0, 0}, L"x");
+    EXPECT_EQ(Take(*m_view), "rows values(x)");
+    for (std::size_t i = 0; i < limit; ++i)
+        RowAt(*m_view, {}).AppendChild(MakeRow(*m_view, {L"row"}));
+    EXPECT_EQ(m_view->TakeChanges().valueRows.size(), limit);
+    for (std::size_t i = 0; i <= limit; ++i)
+        Rename({i}, L"many");
+    EXPECT_EQ(Take(*m_view), "values");
+    Rename({0}, L"one");
+    EXPECT_EQ(Take(*m_view), "values(one)");
+    held->SetName(SharedText(L"still"), SharedText(L"still"), L"name");
+    EXPECT_EQ(Take(*m_view), "");
+}
+
+TEST_F(ViewChanges, ASelectedRowIsAloneAndSeen) {
+    m_view->SelectRow(&RowAt(*m_view, {1}), true, true);
+    RowAt(*m_view, {0, 0}).Select();
+    EXPECT_TRUE(RowAt(*m_view, {}).IsExpanded());
+    EXPECT_TRUE(RowAt(*m_view, {0}).IsExpanded());
+    EXPECT_FALSE(RowAt(*m_view, {0, 0}).IsExpanded());
+    EXPECT_EQ(m_view->GetCurrentRow(), &RowAt(*m_view, {0, 0}));
+    EXPECT_EQ(m_view->GetSelectedRows(), std::vector<TreeRowPtr>{&RowAt(*m_view, {0, 0})});
+    EXPECT_EQ(m_listener.TakeLog(), "!");
+    EXPECT_EQ(Take(*m_view), "expansion selection");
+    RowAt(*m_view, {0, 0}).Select();
+    EXPECT_EQ(m_listener.TakeLog(), "");
+}
+
+TEST_F(ViewChanges, AnEditorIsAskedForOnceAndNotInARowThatIsGone) {
+    RowAt(*m_view, {0}).BeginEdit();
+    EXPECT_EQ(m_listener.TakeLog(), "!");
+    EXPECT_EQ(Take(*m_view), "edit(a)");
+    EXPECT_EQ(Take(*m_view), "");
+    for (const bool isHeld : {true, false}) {
+        const TreeRowPtr held = isHeld ? &RowAt(*m_view, {1}) : nullptr;
+        RowAt(*m_view, {1}).BeginEdit();
+        RowAt(*m_view, {}).SetChildCount(1);
+        EXPECT_EQ(Take(*m_view), "rows");
+        RowAt(*m_view, {}).AppendChild(MakeRow(*m_view, {L"b"}));
+        static_cast<void>(m_view->TakeChanges());
+    }
 }
 
 } // namespace

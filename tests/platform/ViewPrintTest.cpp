@@ -2,6 +2,7 @@
 #include "platform/view/TextPrint.h"
 #include "platform/view/Utf8.h"
 #include "tests/platform/ViewBuilder.h"
+#include "tests/platform/ViewControl.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +40,24 @@ TEST(ViewPrint, ShowsWhatIsExpandedOrEverything) {
                                                   "    - nut (x2)\n"
                                                   "        nut\n"
                                                   "        nut\n");
+}
+
+TEST(ViewPrint, CellsStandUnderTheirHeads) {
+    const auto view = MakePanel({L"as1", {{L"a"}, {L"b"}}});
+    view->InitBoolHeader(ColumnInfo(L"visible", L"Visible", 60));
+    view->InitListHeader(ColumnInfo(L"section", L"Section", 60));
+    view->InitTextHeader(ColumnInfo(L"source", L"Source", 60), nullptr);
+    for (const std::size_t i : {0U, 1U})
+        InitCells(RowAt(*view, {i}));
+    WriteCells(RowAt(*view, {0}));
+    RowAt(*view, {1}).SetDoubleValue(columns::mass, 1250, true);
+    RowAt(*view, {1}).SetBoolValue(columns::visible, {});
+    EXPECT_EQ(PrintTree(*view, PrintedRows::All),
+              "Product tree\n"
+              "Name   Designation  Mass, kg  Visible  Section  Source\n"
+              "- as1\n"
+              "    a                   0.25  yes      Kits     drawing\n"
+              "    b                   1250           Parts\n");
 }
 
 TEST(ViewPrint, WideLettersStandInColumns) {

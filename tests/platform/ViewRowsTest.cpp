@@ -1,6 +1,5 @@
-#include "control/IfProductTreeCtrl.h"
-#include "items/ProductTreeItemData.h"
 #include "tests/platform/ViewBuilder.h"
+#include "tests/platform/ViewControl.h"
 #include "tests/support/ViewDump.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +37,6 @@ TEST(ViewRows, ADroppedRowThatIsStillHeldStandsNowhere) {
 }
 
 TEST(ViewRows, RowsThatLeaveTheTreeLetGoOfTheirData) {
-    class Control final : public productTree::IfProductTreeCtrl {};
     Control control;
     const auto view = MakeView(c_product);
     const auto fill = [&](platform::TreeTableRow& row) {
@@ -122,9 +120,34 @@ TEST(ViewRows, ADesignationIsKeptPartByPart) {
     EXPECT_EQ(first->GetAdditionalNumDelim(), L"");
     first->SetLockedParts({7, 1, 8});
     EXPECT_EQ(RowAt(*view, {0}).GetMarking().GetLockedParts(), (std::set<int>{1, 7}));
+    EXPECT_TRUE(first->IsChoiceLocked());
+    EXPECT_FALSE(second->IsChoiceLocked());
     first->SetPartTip(SharedText(L"Code"), 7);
     EXPECT_EQ(RowAt(*view, {0}).GetMarking().GetPartTip(7).Str(), L"Code");
     EXPECT_TRUE(RowAt(*view, {0}).GetMarking().GetPartTip(8).IsEmpty());
+}
+
+TEST(ViewRows, TipsOfPartsAreEachRowsOwn) {
+    const auto view = MakeView(c_product);
+    const auto first = RowAt(*view, {0}).GetMarkingEditor();
+    const auto second = RowAt(*view, {1}).GetMarkingEditor();
+    const auto tipOf = [&](std::size_t row, int part) {
+        return RowAt(*view, {row}).GetMarking().GetPartTip(part).Str();
+    };
+    for (const auto& editor : {first, second}) {
+        editor->SetPartTip(L"Base", 1);
+        editor->SetPartTip(L"Code", 7);
+    }
+    second->SetPartTip(L"Stem", 1);
+    second->SetPartTip({}, 7);
+    EXPECT_EQ(tipOf(0, 1), L"Base");
+    EXPECT_EQ(tipOf(0, 7), L"Code");
+    EXPECT_EQ(tipOf(1, 1), L"Stem");
+    EXPECT_EQ(tipOf(1, 7), L"");
+    second->SetPartTip(L"Base", 1);
+    second->SetPartTip(L"Code", 7);
+    EXPECT_EQ(tipOf(1, 1), L"Base");
+    EXPECT_EQ(tipOf(1, 7), L"Code");
 }
 
 TEST(ViewRows, TheDesignationKeepsItsRowAlive) {

@@ -1,7 +1,11 @@
 # Tests of the tree-table in memory and of its text form.
 add_executable(viewTests
+    AllocationCounter.cpp
+    ViewCellsTest.cpp
     ViewChangesTest.cpp
     ViewColumnsTest.cpp
+    ViewEditsTest.cpp
+    ViewFrameTest.cpp
     ViewPrintTest.cpp
     ViewRowsTest.cpp)
 target_link_libraries(viewTests PRIVATE

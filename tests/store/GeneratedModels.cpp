@@ -113,6 +113,17 @@ void FillSection(SPCSection& section) {
 /// The properties that a generated product knows.
 constexpr unsigned long c_properties[] = {10, 8, 11, 46, 1000, 1001, 1002};
 
+/// Those of them that an occurrence can have in place of its object.
+constexpr unsigned long c_useProperties[] = {11, 46, 1000, 1001, 1002};
+
+/// Links lead to objects behind `after`, so that none comes back, or to nothing.
+void FillLinks(PartRecord& part, std::size_t after) {
+    for (const unsigned long number : c_useProperties)
+        if (Number(6) == 0)
+            part.links.push_back({number, Key("o", after + 1 + static_cast<std::size_t>(Number(9))),
+                                  c_properties[Number(7)]});
+}
+
 void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t count) {
     object.name = Text();
     object.marking = Marking();
@@ -128,6 +139,13 @@ void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t cou
     for (const unsigned long number : c_properties)
         if (Number(3) == 0)
             object.properties.emplace_back(number, Value());
+    for (const unsigned long number : c_properties)
+        if (Number(6) == 0)
+            object.readOnlyProperties.insert(number);
+    if (Flag())
+        object.volume = 1e-7;
+    object.keepsOwnPosition = Flag();
+    object.isNameLinkedToSection = Flag();
     PartRecord plain;
     plain.part.used = meta_data::SPUsed({model.styleId});
     FillPart(object, plain, count);
@@ -145,6 +163,10 @@ void FillUses(ObjectRecord& object, std::size_t objectCount, std::size_t embodim
         if (!isRepeated) {
             use.embodiments = Keys("e", embodimentCount);
             use.isShown = Flag();
+            for (const unsigned long number : c_useProperties)
+                if (Number(5) == 0)
+                    use.properties.emplace_back(number, Value());
+            FillLinks(use, objectCount);
         }
         const char* const mark = Number(4) == 0 ? "/" : "#";
         use.key = Key(object.key.String() + mark, static_cast<std::size_t>(i) + 1);
@@ -165,6 +187,7 @@ PropertyRecord Definition(unsigned long number) {
     record.unitCoefficient = Flag() ? 0 : 0.001;
     record.unitCode = Text();
     record.isVariable = Flag();
+    record.isReadOnly = Flag();
     return record;
 }
 
@@ -195,6 +218,8 @@ StyleRecord Style() {
         section.name = *rc::gen::element<std::wstring>(L"", L"Parts", L"x");
         section.addBlocks = Flag();
         section.isTuned = Flag();
+        if (Flag())
+            section.isNumbered = Flag();
         section.blocks = Blocks(style);
     }
     style.blocks = Blocks(style);
@@ -213,6 +238,7 @@ ProductModel GenerateModel() {
     model.usesSectionIcons = Flag();
     model.isAggrIntoProductShown = Flag();
     model.isRegWithDescShown = Flag();
+    model.isSimplified = Flag();
     model.embodimentMode = Flag();
     model.columnSetKey = Flag() ? "product" : "\"other\"";
     for (const unsigned long number : {10UL, 1000UL, 1001UL, 1002UL})
@@ -230,10 +256,12 @@ ProductModel GenerateModel() {
         model.activeEmbodiment = Key("e", 0);
     model.root.key = UniqueMetaObjectKey(std::string(Flag() ? "product" : "r\"\xC3\xA4\n"));
     FillObject(model.root, model, objectCount);
+    model.root.sumsPartMasses = Flag();
     for (std::size_t i = 0; i < objectCount; ++i) {
         ObjectRecord& object = model.objects.emplace_back();
         object.key = Key("o", i);
         FillObject(object, model, objectCount);
+        FillLinks(object, i);
         FillUses(object, objectCount, embodimentCount);
         object.parents = Keys("o", i);
         object.owners = Keys("o", i);

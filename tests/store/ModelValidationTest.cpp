@@ -72,6 +72,21 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
              m.objects[0].properties = {{mass, PropValue(SimplePropVal(farAway))}};
          },
          "objects[0].properties[0]", "a number from -62135596800 to 253402300799 is expected", "a"},
+        {[&](ProductModel& m) {
+             m.objects[0].occurrences.emplace_back().key = UniqueMetaObjectKey("u");
+             m.objects[0].occurrences[0].properties = {{mass, PropValue(SimplePropVal(1.0))}};
+         },
+         "objects[0].uses[0].properties[0]", "only the object itself has the property", "a"},
+        {[](ProductModel& m) { m.objects[1].volume = 0.0; }, "objects[1].volume",
+         "a positive number is expected", "b"},
+        {[](ProductModel& m) { m.objects[1].sumsPartMasses = true; }, "objects[1].massOfParts",
+         "only the product itself has its mass from its parts", "b"},
+        {[](ProductModel& m) {
+             m.objects[1].links = {{ProductProperties::markingId, m.objects[0].key, 11}};
+         },
+         "objects[1].links[0]", "a designation can't be a link", "b"},
+        {[](ProductModel& m) { m.objects[1].readOnlyProperties = {998}; },
+         "objects[1].readOnlyProperties", "there is no property 998", "b"},
         {[](ProductModel& m) {
              m.properties.emplace_back().number = 1000;
              m.properties[0].type = 4;
@@ -114,6 +129,43 @@ TEST(ModelValidation, TakesSeveralWaysToOneOwnerForNoCycle) {
     model.objects[0].parents = {model.objects[1].key, model.objects[2].key};
     model.objects[1].parents = {model.objects[3].key};
     model.objects[2].parents = {model.objects[3].key};
+    EXPECT_FALSE(ValidateModel(model));
+}
+
+TEST(ModelValidation, FindsLinksThatComeBack) {
+    ProductModel model = SoundModel();
+    const unsigned long comment = ProductProperties::GetPropId(L"comment");
+    const unsigned long note = ProductProperties::GetPropId(L"note");
+    OccurrenceRecord use;
+    use.key = UniqueMetaObjectKey("u");
+    model.objects[0].occurrences.push_back(use);
+    const UniqueMetaObjectKey a("a");
+    const UniqueMetaObjectKey b("b");
+    model.objects[0].links = {{comment, b, comment}};
+    model.objects[1].links = {{comment, use.key, note}, {note, UniqueMetaObjectKey("gone"), note}};
+    EXPECT_FALSE(ValidateModel(model));
+
+    model.objects[1].links[0].targetProperty = comment; // which the use has from its object
+    const std::optional<ModelFault> fault = ValidateModel(model);
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->path, "objects[0].links[0]");
+    EXPECT_EQ(fault->reason, "the link leads back to itself");
+
+    model.objects[0].occurrences[0].properties = {{comment, PropValue()}};
+    EXPECT_FALSE(ValidateModel(model));
+}
+
+TEST(ModelValidation, FollowsAChainOfLinksThroughTheWholeProduct) {
+    ProductModel model = SoundModel();
+    model.objects.clear();
+    constexpr int count = 100'000;
+    for (int i = 0; i < count; ++i) {
+        model.objects.push_back(Object("o" + std::to_string(i)));
+        model.objects.back().links = {
+            {11, UniqueMetaObjectKey("o" + std::to_string((i + 1) % count)), 11}};
+    }
+    EXPECT_TRUE(ValidateModel(model));
+    model.objects[500].links.clear();
     EXPECT_FALSE(ValidateModel(model));
 }
 

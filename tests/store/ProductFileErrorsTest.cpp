@@ -52,6 +52,8 @@ TEST(WrongMembers, OfTheWrongTypeAreRefused) {
         {R"("objects": [{"key": "a", "properties": {"sheetsNumber": 3000000000}}]})", "57: objects[0].properties.sheetsNumber: a whole number of at most 32 bits is expected"},
         {R"("objects": [{"key": "a", "properties": {"comment": {"value": "2024-02-30", "type": "time"}}}]})", "62: objects[0].properties.comment.value: a time is expected, for instance \"2024-05-01T12:00:00Z\""},
         {R"("objects": [{"key": "a", "properties": {"comment": {"format": "x"}}}]})", "52: objects[0].properties.comment.value: a value is needed"},
+        {R"("objects": [{"key": "a", "volume": "1"}]})", "36: objects[0].volume: a number is expected"},
+        {R"("objects": [{"key": "a", "links": {"comment": "b"}}]})", "47: objects[0].links.comment: an object is expected"},
         {R"("product": []})", "12: product: an object is expected"}});
 }
 
@@ -63,6 +65,9 @@ TEST(WrongMembers, ThatNobodyKnowsAreRefused) {
         {R"("objects": [{"key": "a", "name": "b", "name": "c"}]})", "39: the member 'name' stands here twice"},
         {R"("objects": [{"key": "a", "properties": {"weight": 1}}]})", "41: objects[0].properties.weight: a property's path is expected, or the name of one that stands in \"properties\" once"},
         {R"("properties": [{"property": "user.1000", "name": "a"}, {"property": "user.1001", "name": "a"}], "columns": ["a"]})", "109: columns[0]: a property's path is expected, or the name of one that stands in \"properties\" once"},
+        {R"("objects": [{"key": "a", "readOnlyProperties": ["weight"]}]})", "49: objects[0].readOnlyProperties[0]: a property's path is expected, or the name of one that stands in \"properties\" once"},
+        {R"("objects": [{"key": "a", "readOnlyProperties": ["mass", "mass"]}]})", "57: objects[0].readOnlyProperties[1]: the property stands here twice"},
+        {R"("objects": [{"key": "a", "links": {"comment": {"object": "b"}}}]})", "47: objects[0].links.comment.property: a property is needed"},
         {R"("properties": [{"name": "a"}]})", "16: properties[0].property: a property's path is needed"}});
 }
 

@@ -189,8 +189,22 @@ TEST(Sample, ShowsWhatAProductCanHold) {
         EXPECT_TRUE(holds([kind](const ObjectRecord& object) { return object.billet == kind; }));
     EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.occurrences.size() > 1; }));
     EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.section.numbers[0] == 25; }));
-    EXPECT_TRUE(std::ranges::any_of(model.properties, [](const platform::PropertyRecord& record) {
-        return !record.unitCode.empty();
+    const auto defines = [&model](const auto& test) {
+        return std::ranges::any_of(model.properties, test);
+    };
+    using Definition = platform::PropertyRecord;
+    EXPECT_TRUE(defines([](const Definition& record) { return !record.unitCode.empty(); }));
+    EXPECT_TRUE(defines([](const Definition& record) { return record.isVariable; }));
+    EXPECT_TRUE(defines([](const Definition& record) { return record.isReadOnly; }));
+    EXPECT_TRUE(defines([](const Definition& record) { return !record.list.empty(); }));
+    EXPECT_TRUE(model.isSimplified);
+    EXPECT_TRUE(holds([](const ObjectRecord& object) { return !object.links.empty(); }));
+    EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.volume.has_value(); }));
+    EXPECT_TRUE(
+        holds([](const ObjectRecord& object) { return !object.lockedMarkingParts.empty(); }));
+    EXPECT_TRUE(holds([](const ObjectRecord& object) {
+        return std::ranges::any_of(object.occurrences,
+                                   [](const auto& use) { return !use.properties.empty(); });
     }));
 }
 

@@ -22,6 +22,7 @@ constexpr std::size_t c_sections = 40;
 constexpr unsigned long c_coating = 1000;
 constexpr unsigned long c_spareMass = 1001;
 constexpr unsigned long c_isPurchased = 1002;
+constexpr unsigned long c_finish = 1003;
 
 constexpr std::array c_names = std::to_array<const wchar_t*>(
     {L"Cover plate", L"Bearing housing", L"Hexagon bolt M8x", L"Spacer ring", L"Drive shaft",
@@ -33,6 +34,9 @@ constexpr std::array c_materials =
 constexpr std::array c_formats = std::to_array<const wchar_t*>({L"A4", L"A3", L"A2", L"A1"});
 constexpr std::array c_authors =
     std::to_array<const wchar_t*>({L"K. Lindqvist", L"M. Okafor", L"S. Haruki"});
+
+constexpr std::array c_finishes =
+    std::to_array<const wchar_t*>({L"Blank", L"Painted", L"Hot-dip galvanised"});
 
 /// A generator of our own, since those of the standard library differ between machines where their
 /// distributions do.
@@ -59,7 +63,10 @@ struct CommonTexts {
     std::vector<SharedText> authors = Share(c_authors);
     SharedText note = L"Deburr sharp edges, 0.5x45\u00B0";
     SharedText organization = L"Engineering works";
+    SharedText comment = L"See the assembly drawing";
+    SharedText location = L"Store 4, rack 12";
     SharedText coating = L"Zinc, 8 \u00B5m";
+    std::vector<SharedText> finishes = Share(c_finishes);
 };
 
 int SectionNumber(std::size_t section) {
@@ -135,6 +142,12 @@ private:
         m_values.emplace_back(c_coating, PropValue(SimplePropVal(texts.coating)));
         m_values.emplace_back(c_spareMass, PropValue(SimplePropVal(mass / 2)));
         m_values.emplace_back(c_isPurchased, PropValue(SimplePropVal(random.Next(2) == 0)));
+        m_values.emplace_back(
+            c_finish, PropValue(SimplePropVal(texts.finishes[random.Next(texts.finishes.size())])));
+        Add(L"zoneCount", SimplePropVal(static_cast<int>(1 + random.Next(4))));
+        Add(L"productCode", SimplePropVal(SharedText(L"PC-" + std::to_wstring(m_group))));
+        Add(L"comment", SimplePropVal(texts.comment));
+        Add(L"location", SimplePropVal(texts.location));
     }
 
     void Add(const wchar_t* path, SimplePropVal value) {
@@ -157,11 +170,16 @@ void SetColumns(ProductModel& model) {
     model.properties.push_back(spareMass);
     model.properties.push_back(MakeProperty(c_isPurchased, L"Purchased", 3));
 
+    platform::PropertyRecord finish = MakeProperty(c_finish, L"Finish", 2);
+    for (const wchar_t* const item : c_finishes)
+        finish.list.emplace_back(item);
+    model.properties.push_back(finish);
+
     for (const wchar_t* const path :
-         {L"format", L"zone", L"position", L"count", L"material", L"material.density", L"mass",
-          L"note", L"author", L"organization", L"sheetsNumber"})
+         {L"format", L"zone", L"note", L"author", L"organization", L"sheetsNumber", L"zoneCount",
+          L"productCode", L"comment", L"location"})
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));
-    for (const unsigned long number : {c_coating, c_spareMass, c_isPurchased})
+    for (const unsigned long number : {c_coating, c_spareMass, c_isPurchased, c_finish})
         model.visibleProperties.push_back(number);
 }
 
@@ -178,6 +196,7 @@ ProductModel GenerateProduct(std::size_t occurrences) {
     model.root.key = UniqueMetaObjectKey("root");
     model.root.name = L"Generated product";
     model.root.marking.SetBase(L"AB.000");
+    model.isSimplified = true;
     model.style = MakeStyle();
     SetColumns(model);
 

@@ -71,16 +71,36 @@ Product& Product::SectionNumbers(std::initializer_list<std::int32_t> numbers,
 }
 
 Product& Product::Material(const std::wstring& material) {
-    return Value(L"material", SimplePropVal(SharedText(material)));
+    return ObjectValue(L"material", SimplePropVal(SharedText(material)));
 }
 
 Product& Product::Mass(double kilograms) {
-    return Value(L"mass", SimplePropVal(kilograms));
+    return ObjectValue(L"mass", SimplePropVal(kilograms));
 }
 
-Product& Product::Value(const std::wstring& path, SimplePropVal value) {
+Product& Product::ObjectValue(const std::wstring& path, SimplePropVal value) {
     CurrentObject().properties.emplace_back(ProductProperties::GetPropId(path),
                                             PropValue(std::move(value)));
+    return *this;
+}
+
+Product& Product::ReadOnlyValue(const std::wstring& path) {
+    CurrentObject().readOnlyProperties.insert(ProductProperties::GetPropId(path));
+    return *this;
+}
+
+Product& Product::Volume(double volume) {
+    CurrentObject().volume = volume;
+    return *this;
+}
+
+Product& Product::KeepsPosition() {
+    CurrentObject().keepsOwnPosition = true;
+    return *this;
+}
+
+Product& Product::NameLinkedToSection() {
+    CurrentObject().isNameLinkedToSection = true;
     return *this;
 }
 
@@ -168,6 +188,20 @@ Product& Product::In(Keys embodiments) {
 
 Product& Product::NotShown() {
     return ChangeUses([](OccurrenceRecord& use) { use.isShown = false; });
+}
+
+Product& Product::Value(const std::wstring& path, SimplePropVal value) {
+    return ChangeParts([&](PartRecord& part) {
+        part.properties.emplace_back(ProductProperties::GetPropId(path), PropValue(value));
+    });
+}
+
+Product& Product::Link(const std::wstring& path, std::string_view target,
+                       const std::wstring& targetPath) {
+    return ChangeParts([&](PartRecord& part) {
+        part.links.push_back({ProductProperties::GetPropId(path), Key(target),
+                              ProductProperties::GetPropId(targetPath)});
+    });
 }
 
 Product& Product::Kind(int kind) {
@@ -258,6 +292,22 @@ Product& Product::ReadOnly() {
     return *this;
 }
 
+Product& Product::Simplified() {
+    m_model.isSimplified = true;
+    return *this;
+}
+
+Product& Product::MassOfParts() {
+    m_model.root.sumsPartMasses = true;
+    return *this;
+}
+
+Product& Product::RootValue(const std::wstring& path, SimplePropVal value) {
+    m_model.root.properties.emplace_back(ProductProperties::GetPropId(path),
+                                         PropValue(std::move(value)));
+    return *this;
+}
+
 Product& Product::Style(platform::StyleRecord style) {
     m_model.style = std::move(style);
     return *this;
@@ -287,6 +337,38 @@ Product& Product::ColumnSet(const std::string& key) {
 
 Product& Product::Property(platform::PropertyRecord record) {
     m_model.properties.push_back(std::move(record));
+    return *this;
+}
+
+Product& Product::UserProperty(unsigned long number, const std::wstring& caption, unsigned type,
+                               double min, double max) {
+    platform::PropertyRecord record;
+    record.number = number;
+    record.caption = caption;
+    record.type = type;
+    record.min = min;
+    record.max = max;
+    return Property(std::move(record));
+}
+
+Product& Product::LastPropertyReadOnly() {
+    m_model.properties.back().isReadOnly = true;
+    return *this;
+}
+
+Product& Product::LastPropertyVariable() {
+    m_model.properties.back().isVariable = true;
+    return *this;
+}
+
+Product& Product::LastPropertyUnit(const std::wstring& code, double coefficient) {
+    m_model.properties.back().unitCode = code;
+    m_model.properties.back().unitCoefficient = coefficient;
+    return *this;
+}
+
+Product& Product::LastPropertyList(std::vector<SimplePropVal> list) {
+    m_model.properties.back().list = std::move(list);
     return *this;
 }
 

@@ -47,8 +47,12 @@ public:
                             const std::wstring& name = {});
     Product& Material(const std::wstring& material);
     Product& Mass(double kilograms);
-    /// `path` as ProductProperties has it.
-    Product& Value(const std::wstring& path, SimplePropVal value);
+    /// The property can't be changed for the object.
+    Product& ReadOnlyValue(const std::wstring& path);
+    /// In cubic metres.
+    Product& Volume(double volume);
+    Product& KeepsPosition();
+    Product& NameLinkedToSection();
     Product& Icon(int type);
     Product& NotActual();
     Product& ExcludedFromCount();
@@ -68,6 +72,11 @@ public:
     Product& NotShown();
 
     // Of the object, or of the uses just added.
+    /// `path` as ProductProperties has it. Of uses: a value in place of the object's.
+    Product& Value(const std::wstring& path, SimplePropVal value);
+    /// A link to the target's property.
+    Product& Link(const std::wstring& path, std::string_view target,
+                  const std::wstring& targetPath);
     Product& Kind(int kind);
     Product& Phantom();
     Product& NoHandler();
@@ -89,9 +98,21 @@ public:
     Product& NoSectionRows();
     Product& NoSectionIcons();
     Product& ReadOnly();
+    Product& Simplified();
+    /// The root's mass is the sum of its parts'.
+    Product& MassOfParts();
+    Product& RootValue(const std::wstring& path, SimplePropVal value);
     Product& Style(platform::StyleRecord style);
     /// A style of these sections without blocks.
     Product& StyleSections(const std::vector<std::pair<int, std::wstring>>& sections);
+
+    /// A property of the user's own.
+    Product& UserProperty(unsigned long number, const std::wstring& caption, unsigned type,
+                          double min = 0, double max = 0);
+    Product& LastPropertyReadOnly();
+    Product& LastPropertyVariable();
+    Product& LastPropertyUnit(const std::wstring& code, double coefficient);
+    Product& LastPropertyList(std::vector<SimplePropVal> list);
 
     /// The shown columns, by path.
     Product& Columns(std::initializer_list<std::wstring> paths);
@@ -100,6 +121,7 @@ public:
 
 private:
     platform::ObjectRecord& CurrentObject() { return m_model.objects.back(); }
+    Product& ObjectValue(const std::wstring& path, SimplePropVal value);
     platform::OccurrenceRecord& AddUse(UniqueMetaObjectKey key);
     template <class Change>
     Product& ChangeParts(Change change);

@@ -1,5 +1,5 @@
-// A product in memory that notes the questions it is asked and can throw at the n-th of them, as a
-// host may at any time.
+// A product in memory that notes what it is asked, can throw at the n-th call and can refuse to do
+// what it is told, as a host may at any time.
 #pragma once
 
 #include "platform/product/MemoryProduct.h"
@@ -20,6 +20,7 @@ class RecordingProductData final : public platform::MemoryProduct {
 public:
     using Base = platform::MemoryProduct;
     using Key = UniqueMetaObjectKey;
+    using Changes = ProductInfObjChangesResult;
     using Base::Base;
 
     /// Throws HostError at the call of that number from now on; 0: never.
@@ -31,10 +32,14 @@ public:
     /// Names of the calls since the last time, in order.
     std::vector<std::string> TakeCalls() { return std::exchange(m_calls, {}); }
 
+    /// The next operation that would change the document does nothing, and says so.
+    void RefuseNext() { m_refusesNext = true; }
+
     // clang-format off
     std::uint64_t GetChangeStamp() const override { return Note("GetChangeStamp"), Base::GetChangeStamp(); }
     bool IsReadOnly() const override { return Note("IsReadOnly"), Base::IsReadOnly(); }
     bool IsReadOnly(const PropertyRef& ref) const override { return Note("IsReadOnly"), Base::IsReadOnly(ref); }
+    bool IsRebuildRequired() const override { return Note("IsRebuildRequired"), Base::IsRebuildRequired(); }
     void BeginRebuild() override { Note("BeginRebuild"), Base::BeginRebuild(); }
     void PrepareData() override { Note("PrepareData"), Base::PrepareData(); }
     void BeginRead() override { Note("BeginRead"), Base::BeginRead(); }
@@ -49,13 +54,73 @@ public:
     std::string GetColumnSetKey() const override { return Note("GetColumnSetKey"), Base::GetColumnSetKey(); }
     std::vector<unsigned long> GetVisiblePropertyIds() const override { return Note("GetVisiblePropertyIds"), Base::GetVisiblePropertyIds(); }
     std::vector<const IfPropertyDescription*> GetPropertyDescriptions() const override { return Note("GetPropertyDescriptions"), Base::GetPropertyDescriptions(); }
+    void SetColumnOrder(const std::vector<std::wstring>& ids) override { Note("SetColumnOrder"), Base::SetColumnOrder(ids); }
+    void SetColumnVisible(const std::wstring& id, bool visible) override { Note("SetColumnVisible"), Base::SetColumnVisible(id, visible); }
     PropValue GetValue(const PropertyRef& ref) const override { return Note("GetValue"), Base::GetValue(ref); }
+    Changes MakeValueChanges(const PropertyRef& ref, const PropValue& value) override { return Note("MakeValueChanges"), Base::MakeValueChanges(ref, value); }
+    std::optional<bool> GetBySource(const PropertyRef& ref) const override { return Note("GetBySource"), Base::GetBySource(ref); }
+    Changes MakeBySourceChanges(const PropertyRef& ref, bool bySource) override { return Note("MakeBySourceChanges"), Base::MakeBySourceChanges(ref, bySource); }
+    void CommitChanges(Changes& changes) override {
+        Note("CommitChanges");
+        if (Refuses())
+            return changes.Clear();
+        Base::CommitChanges(changes);
+    }
+    bool CanTransmitToSource(const Key& key, const std::wstring& id) const override { return Note("CanTransmitToSource"), Base::CanTransmitToSource(key, id); }
+    void TransmitToSource(const std::wstring& id, const std::vector<std::pair<Key, PropValue>>& values) override {
+        Note("TransmitToSource");
+        if (!Refuses())
+            Base::TransmitToSource(id, values);
+    }
+    bool IsSimplifiedMode() const override { return Note("IsSimplifiedMode"), Base::IsSimplifiedMode(); }
     std::set<int> GetLockedMarkingParts(const Key& key) const override { return Note("GetLockedMarkingParts"), Base::GetLockedMarkingParts(key); }
     bool IsHypertext(const PropertyRef& ref) const override { return Note("IsHypertext"), Base::IsHypertext(ref); }
+    bool IsMarkingChangeAllowed(const Key& key, const PropValue& marking) const override { return Note("IsMarkingChangeAllowed"), Base::IsMarkingChangeAllowed(key, marking); }
+    VariantMarking ChooseMarking(const VariantMarking& marking) override { return Note("ChooseMarking"), Base::ChooseMarking(marking); }
+    bool AreHypertext(const std::vector<Key>& keys, const std::wstring& id) const override { return Note("AreHypertext"), Base::AreHypertext(keys, id); }
+    bool IsHypertextActive(const PropertyRef& ref) const override { return Note("IsHypertextActive"), Base::IsHypertextActive(ref); }
+    bool CanInsertHypertext(const PropertyRef& ref, unsigned type) const override { return Note("CanInsertHypertext"), Base::CanInsertHypertext(ref, type); }
+    bool CanEditHypertext(const PropertyRef& ref) const override { return Note("CanEditHypertext"), Base::CanEditHypertext(ref); }
+    bool CanDestroyHypertext(const PropertyRef& ref) const override { return Note("CanDestroyHypertext"), Base::CanDestroyHypertext(ref); }
+    bool InsertHypertext(const std::vector<PropertyRef>& refs) override { return Note("InsertHypertext"), !Refuses() && Base::InsertHypertext(refs); }
+    bool EditHypertext(const std::vector<PropertyRef>& refs) override { return Note("EditHypertext"), !Refuses() && Base::EditHypertext(refs); }
+    void DestroyHypertext(const std::vector<PropertyRef>& refs) override {
+        Note("DestroyHypertext");
+        if (!Refuses())
+            Base::DestroyHypertext(refs);
+    }
+    bool CanInsertExtendedReference(const Key& key) const override { return Note("CanInsertExtendedReference"), Base::CanInsertExtendedReference(key); }
+    bool IsExtendedReference(const Key& key) const override { return Note("IsExtendedReference"), Base::IsExtendedReference(key); }
+    bool InsertExtendedReference(const std::vector<Key>& keys) override { return Note("InsertExtendedReference"), Base::InsertExtendedReference(keys); }
+    bool CanHighlight(const Key& key) const override { return Note("CanHighlight"), Base::CanHighlight(key); }
+    bool CanDelete(const Key& key) const override { return Note("CanDelete"), Base::CanDelete(key); }
+    bool IsSelectableBillet(const Key& key) const override { return Note("IsSelectableBillet"), Base::IsSelectableBillet(key); }
+    bool IsSectionNameLinked(const Key& key) const override { return Note("IsSectionNameLinked"), Base::IsSectionNameLinked(key); }
+    DeleteInfo GetDeleteInfo(const std::set<Key>& keys) const override { return Note("GetDeleteInfo"), Base::GetDeleteInfo(keys); }
+    bool DeleteObjects(const std::set<Key>& keys) override { return Note("DeleteObjects"), !Refuses() && Base::DeleteObjects(keys); }
+    bool CanConvertToBillet(const Key& key) const override { return Note("CanConvertToBillet"), Base::CanConvertToBillet(key); }
+    void ConvertToBillet(const Key& key) override { Note("ConvertToBillet"), Base::ConvertToBillet(key); }
+    bool CanShowItemProperties(const Key& key) const override { return Note("CanShowItemProperties"), Base::CanShowItemProperties(key); }
+    void ShowItemProperties(const Key& key) override { Note("ShowItemProperties"), Base::ShowItemProperties(key); }
+    bool CanGotoFeature(const Key& key) const override { return Note("CanGotoFeature"), Base::CanGotoFeature(key); }
+    void GotoFeature(const Key& key) override { Note("GotoFeature"), Base::GotoFeature(key); }
+    bool CanAddBillet(const Key& key) const override { return Note("CanAddBillet"), Base::CanAddBillet(key); }
+    Key AddBillet(const Key& key) override { return Note("AddBillet"), Refuses() ? Key() : Base::AddBillet(key); }
+    bool CanEditSource(const Key& key) const override { return Note("CanEditSource"), Base::CanEditSource(key); }
+    int GetEditSourceCommand(const Key& key) const override { return Note("GetEditSourceCommand"), Base::GetEditSourceCommand(key); }
+    void EditSource(const Key& key) override { Note("EditSource"), Base::EditSource(key); }
     int GetIconType(const Key& key) const override { return Note("GetIconType"), Base::GetIconType(key); }
     bool IsActual(const Key& key) const override { return Note("IsActual"), Base::IsActual(key); }
     bool IsExcludedFromCount(const Key& key) const override { return Note("IsExcludedFromCount"), Base::IsExcludedFromCount(key); }
     bool IsAggrIntoProductShown() const override { return Note("IsAggrIntoProductShown"), Base::IsAggrIntoProductShown(); }
+    std::optional<bool> GetAggrIntoProduct(const Key& key) const override { return Note("GetAggrIntoProduct"), Base::GetAggrIntoProduct(key); }
+    bool IsRegWithDescShown() const override { return Note("IsRegWithDescShown"), Base::IsRegWithDescShown(); }
+    bool HasActiveEmbodiment() const override { return Note("HasActiveEmbodiment"), Base::HasActiveEmbodiment(); }
+    bool CanStartPositions() const override { return Note("CanStartPositions"), Base::CanStartPositions(); }
+    bool CanSetPosition(const Key& key) const override { return Note("CanSetPosition"), Base::CanSetPosition(key); }
+    bool KeepsOwnPosition(const Key& key) const override { return Note("KeepsOwnPosition"), Base::KeepsOwnPosition(key); }
+    bool CanClearPosition(const Key& key) const override { return Note("CanClearPosition"), Base::CanClearPosition(key); }
+    bool IsSectionNumbered(const SPCSection& section) const override { return Note("IsSectionNumbered"), Base::IsSectionNumbered(section); }
     bool IsEmbodimentMode() const override { return Note("IsEmbodimentMode"), Base::IsEmbodimentMode(); }
     // clang-format on
 
@@ -66,6 +131,9 @@ private:
             throw HostError(call);
     }
 
+    bool Refuses() { return std::exchange(m_refusesNext, false); }
+
+    bool m_refusesNext = false;
     std::size_t m_throwAt = 0;
     mutable std::size_t m_count = 0;
     mutable std::vector<std::string> m_calls;

@@ -15,12 +15,16 @@ public:
     /// Borrows the ids.
     explicit RowIdIndex(const std::vector<std::shared_ptr<ProductTreeItemId>>& ids) {
         m_ids.reserve(ids.size());
-        for (const auto& id : ids) {
-            m_hashes.clear();
-            id->AppendHashes(m_hashes);
-            for (const std::size_t hash : m_hashes)
-                m_ids.emplace(hash, id.get());
-        }
+        for (const auto& id : ids)
+            Add(*id);
+    }
+
+    /// Borrows the id.
+    void Add(const ProductTreeItemId& id) {
+        m_hashes.clear();
+        id.AppendHashes(m_hashes);
+        for (const std::size_t hash : m_hashes)
+            m_ids.emplace(hash, &id);
     }
 
     bool IsEmpty() const { return m_ids.empty(); }

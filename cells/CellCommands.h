@@ -1,0 +1,21 @@
+// The commands that cells offer and carry out, by the ids of the panel's command table.
+#pragma once
+
+namespace productTree::commands {
+
+inline constexpr int removeProductPart = 7746;
+inline constexpr int highlight = 7752;
+inline constexpr int insertHypertext = 7753;
+inline constexpr int destroyHypertext = 7754;
+inline constexpr int editHypertext = 7755;
+inline constexpr int convertToBillet = 7757;
+inline constexpr int itemProperties = 7758;
+inline constexpr int referenceBook = 7762;
+inline constexpr int gotoFeature = 7763;
+inline constexpr int addBillet = 7764;
+inline constexpr int transmitToSource = 7765;
+inline constexpr int insertExtendedReference = 7787;
+inline constexpr int editComponentSource = 7020;
+inline constexpr int editFragmentSource = 5707;
+
+} // namespace productTree::commands

@@ -1,0 +1,97 @@
+// The cells of object rows that know nothing of the meaning of their column, only of its type of
+// value, and the two that show without being edited. Any property without a class of its own has
+// one of them.
+#pragma once
+
+#include "cells/ProductTreeCellImpl.h"
+
+namespace productTree {
+
+/// Text. It shows and remembers the label of whatever type the property has.
+class StringCellImpl : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+    /// The menu at the cell; null for none.
+    virtual MenuPtr GetPopupMenu();
+};
+
+class IntCellImpl final : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+};
+
+class DoubleCellImpl final : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+};
+
+class BoolCellImpl final : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+};
+
+/// One of the values that the property may take.
+class ListCellImpl : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+    /// Place of the stored value in the list; -1 when it is not in it.
+    virtual int GetValueIndex();
+};
+
+/// The kind of an object in words.
+class FeatureTypeCellImpl final : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    bool IsEditable() override;
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+};
+
+/// Fills the place of a column that has no value in this row.
+class EmptyDisabledCellImpl final : public ProductTreeCellImpl {
+public:
+    using ProductTreeCellImpl::ProductTreeCellImpl;
+
+    bool IsEditable() override;
+    void InitEditor() override;
+    ProductInfObjChangesResult MakeChanges(const PropValue& value,
+                                           std::optional<int> extra) override;
+    void Update() override;
+    TreeActionResult OnValueEdited() override;
+};
+
+} // namespace productTree

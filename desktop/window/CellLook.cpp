@@ -1,0 +1,216 @@
+#include "desktop/window/CellLook.h"
+
+#include "desktop/window/DesignationEdit.h"
+#include "desktop/window/LocaleNumbers.h"
+#include "platform/view/TreeTableView.h"
+
+#include <algorithm>
+#include <array>
+
+namespace desktop {
+
+namespace {
+
+using platform::CellKind;
+using platform::ColumnHead;
+using platform::HeadKind;
+using platform::TreeCell;
+using platform::TreeRowMarking;
+using platform::TreeTableRow;
+
+/// The style of a link that leads somewhere.
+constexpr int c_liveLink = 2;
+
+struct HeadEditor {
+    HeadKind head;
+    EditKind editor;
+};
+
+// clang-format off
+constexpr std::array c_headEditors = {
+    HeadEditor{HeadKind::Name,   EditKind::Text},
+    HeadEditor{HeadKind::Text,   EditKind::Text},
+    HeadEditor{HeadKind::Int,    EditKind::Int},
+    HeadEditor{HeadKind::Double, EditKind::Double},
+    HeadEditor{HeadKind::List,   EditKind::List},
+    HeadEditor{HeadKind::Bool,   EditKind::Bool},
+};
+// clang-format on
+
+QString ToQString(const SharedText& text) {
+    return QString::fromStdWString(text.Str());
+}
+
+LinkLook LinkOf(bool isLink, int style) {
+    if (!isLink)
+        return LinkLook::None;
+    return style == c_liveLink ? LinkLook::Live : LinkLook::Dead;
+}
+
+EditKind EditKindOf(CellKind kind) {
+    switch (kind) {
+    case CellKind::Text:
+        return EditKind::Text;
+    case CellKind::Int:
+        return EditKind::Int;
+    case CellKind::Double:
+        return EditKind::Double;
+    case CellKind::Bool:
+        return EditKind::Bool;
+    case CellKind::List:
+        return EditKind::List;
+    case CellKind::None:
+    case CellKind::Link:
+        break;
+    }
+    return EditKind::None;
+}
+
+CellLook NameLook(const TreeTableRow& row) {
+    CellLook look;
+    if (row.IsNameEditable() && !row.IsReadOnly() && !row.IsNameHypertext())
+        look.kind = EditKind::Text;
+    look.link = LinkOf(row.IsNameHypertext(), row.GetNameLinkStyle());
+    look.sourceIcon = row.GetNameIcon();
+    return look;
+}
+
+CellLook DesignationLook(const TreeTableRow& row) {
+    const TreeRowMarking& marking = row.GetMarking();
+    CellLook look;
+    look.isReadOnly = marking.IsReadOnly() || row.IsReadOnly();
+    if (!look.isReadOnly && !marking.IsHypertext() && !row.IsSection())
+        look.kind = EditKind::Designation;
+    look.link = LinkOf(marking.IsHypertext(), marking.GetLinkStyle());
+    look.sourceIcon = marking.GetIcon();
+    return look;
+}
+
+CellLook ValueLook(const TreeTableRow& row, const TreeCell& cell) {
+    CellLook look;
+    look.isReadOnly = !cell.IsEditable() || row.IsReadOnly();
+    if (!look.isReadOnly)
+        look.kind = EditKindOf(cell.GetKind());
+    look.link = LinkOf(cell.GetKind() == CellKind::Link, cell.GetLinkStyle());
+    look.isOutdated = cell.IsOutdated();
+    look.sourceIcon = row.GetIconOf(cell);
+    return look;
+}
+
+QString ValueText(const TreeCell& cell) {
+    switch (cell.GetKind()) {
+    case CellKind::Int:
+        return cell.HasValue() ? FormatNumber(cell.GetInt()) : QString();
+    case CellKind::Double:
+        return cell.HasValue() ? FormatNumber(cell.GetDouble()) : QString();
+    case CellKind::Bool:
+        // Its box says it all.
+        return {};
+    default:
+        return ToQString(cell.GetShownText());
+    }
+}
+
+QVariant ValueOf(const TreeCell& cell) {
+    if (cell.GetKind() == CellKind::Text)
+        return ToQString(cell.GetText());
+    if (!cell.HasValue())
+        return {};
+    switch (cell.GetKind()) {
+    case CellKind::Int:
+        return cell.GetInt();
+    case CellKind::Double:
+        return cell.GetDouble();
+    case CellKind::Bool:
+        return cell.GetBool();
+    case CellKind::List:
+        return cell.GetListIndex();
+    default:
+        return {};
+    }
+}
+
+QStringList ToStrings(const std::vector<SharedText>& texts) {
+    QStringList strings;
+    for (const SharedText& text : texts)
+        strings += ToQString(text);
+    return strings;
+}
+
+EditorRequest ValueEditor(const TreeCell& cell) {
+    EditorRequest editor;
+    editor.value = ValueOf(cell);
+    editor.step = cell.GetStep();
+    editor.canBeEmpty = cell.CanBeEmpty();
+    editor.list = ToStrings(cell.GetList());
+    return editor;
+}
+
+EditorRequest DesignationEditor(const TreeRowMarking& marking) {
+    EditorRequest editor;
+    editor.value = QStringList{ToQString(marking.GetBase()),
+                               QString::fromStdWString(marking.GetEmbodimentNumDelim()),
+                               ToQString(marking.GetEmbodimentNum()),
+                               QString::fromStdWString(marking.GetAdditionalNumDelim()),
+                               ToQString(marking.GetAdditionalNum()),
+                               QString::fromStdWString(marking.GetCodeDelim()),
+                               ToQString(marking.GetCode())};
+    editor.lockedParts = marking.GetLockedParts();
+    for (int part = 1; part <= DesignationEdit::c_partCount; ++part)
+        editor.partTips.push_back(ToQString(marking.GetPartTip(part)));
+    return editor;
+}
+
+} // namespace
+
+CellLook GetCellLook(const TreeTableRow& row, const ColumnHead& head) {
+    if (head.kind == HeadKind::Name)
+        return NameLook(row);
+    if (head.kind == HeadKind::Designation)
+        return DesignationLook(row);
+    const TreeCell* cell = row.FindCell(head.id);
+    return cell ? ValueLook(row, *cell) : CellLook();
+}
+
+QString GetCellText(const TreeTableRow& row, const ColumnHead& head) {
+    if (head.kind == HeadKind::Name)
+        return ToQString(row.GetShownName());
+    if (head.kind == HeadKind::Designation)
+        return ToQString(row.GetMarking().GetDisplayText());
+    const TreeCell* cell = row.FindCell(head.id);
+    return cell ? ValueText(*cell) : QString();
+}
+
+SharedText GetCellTip(const TreeTableRow& row, const ColumnHead& head) {
+    if (head.kind == HeadKind::Name || head.kind == HeadKind::Designation)
+        return {};
+    const TreeCell* cell = row.FindCell(head.id);
+    return cell ? cell->GetTip() : SharedText();
+}
+
+EditorRequest GetCellEditor(const TreeTableRow& row, const ColumnHead& head) {
+    const EditKind kind = GetCellLook(row, head).kind;
+    EditorRequest editor;
+    if (kind == EditKind::None)
+        return editor;
+    if (head.kind == HeadKind::Name)
+        editor.value = ToQString(row.GetNameText());
+    else if (head.kind == HeadKind::Designation)
+        editor = DesignationEditor(row.GetMarking());
+    else
+        editor = ValueEditor(*row.FindCell(head.id));
+    editor.kind = kind;
+    return editor;
+}
+
+EditorRequest GetHeadEditor(const ColumnHead& head) {
+    EditorRequest editor;
+    const auto row = std::find_if(c_headEditors.begin(), c_headEditors.end(),
+                                  [&](const HeadEditor& known) { return known.head == head.kind; });
+    if (row != c_headEditors.end())
+        editor.kind = row->editor;
+    editor.list = ToStrings(head.list);
+    return editor;
+}
+
+} // namespace desktop

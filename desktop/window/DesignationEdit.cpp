@@ -1,0 +1,139 @@
+#include "desktop/window/DesignationEdit.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+struct PartLook {
+    /// How many wide letters the part has room for at least.
+    int letters;
+    bool isDelimiter;
+};
+
+constexpr std::array<PartLook, DesignationEdit::c_partCount> c_parts = {{
+    {9, false},
+    {1, true},
+    {2, false},
+    {1, true},
+    {2, false},
+    {1, true},
+    {3, false},
+}};
+/// What the frame and the cursor of a line take beside the letters.
+constexpr int c_lineRoom = 9;
+
+} // namespace
+
+DesignationEdit::DesignationEdit(const EditorRequest& request, QWidget* parent) : QWidget(parent) {
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(1);
+    for (int part = 0; part < c_partCount; ++part) {
+        QLineEdit* const line = MakePart(part, request);
+        layout->addWidget(line, part == 0 ? 1 : 0);
+        m_parts[static_cast<std::size_t>(part)] = line;
+        if (!focusProxy() && line->isEnabled())
+            setFocusProxy(line);
+    }
+}
+
+QLineEdit* DesignationEdit::MakePart(int part, const EditorRequest& request) {
+    const PartLook& look = c_parts[static_cast<std::size_t>(part)];
+    const QStringList texts = request.value.toStringList();
+    auto* const line = new QLineEdit(texts.value(part), this);
+    const int width = look.letters * fontMetrics().horizontalAdvance(QLatin1Char('0')) + c_lineRoom;
+    if (part == 0)
+        line->setMinimumWidth(width);
+    else
+        line->setFixedWidth(std::max(
+            width,
+            look.isDelimiter ? 0 : fontMetrics().horizontalAdvance(line->text()) + c_lineRoom));
+    if (look.isDelimiter) {
+        line->setMaxLength(1);
+        line->setAlignment(Qt::AlignCenter);
+    }
+    line->setModified(false);
+    line->setSizePolicy(line->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
+    line->setEnabled(!request.lockedParts.contains(part + 1));
+    if (static_cast<std::size_t>(part) < request.partTips.size())
+        line->setToolTip(request.partTips[static_cast<std::size_t>(part)]);
+    line->installEventFilter(this);
+    return line;
+}
+
+std::optional<QVariant> DesignationEdit::TakeInput() const {
+    if (std::none_of(m_parts.begin(), m_parts.end(),
+                     [](const QLineEdit* line) { return line->isModified(); }))
+        return std::nullopt;
+    QStringList texts;
+    for (const QLineEdit* line : m_parts)
+        texts += line->text();
+    return texts;
+}
+
+bool DesignationEdit::eventFilter(QObject* watched, QEvent* event) {
+    const auto& part = static_cast<const QLineEdit&>(*watched);
+    if (event->type() == QEvent::KeyPress)
+        return OnKey(part, static_cast<QKeyEvent*>(event)->key());
+    // Escape would be taken for a shortcut of the window otherwise.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    // The focus may be on its way to another part.
+    if (event->type() == QEvent::FocusOut)
+        QMetaObject::invokeMethod(this, &DesignationEdit::CheckFocus, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
+}
+
+bool DesignationEdit::OnKey(const QLineEdit& part, int key) {
+    switch (key) {
+    case Qt::Key_Tab:
+        GoOn(part, 1);
+        return true;
+    case Qt::Key_Backtab:
+        GoOn(part, -1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit Left(QAbstractItemDelegate::SubmitModelCache);
+        return true;
+    case Qt::Key_Escape:
+        emit Left(QAbstractItemDelegate::RevertModelCache);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void DesignationEdit::GoOn(const QLineEdit& from, int direction) {
+    const auto place = std::find(m_parts.begin(), m_parts.end(), &from) - m_parts.begin();
+    for (auto next = place + direction; next >= 0 && next < c_partCount; next += direction) {
+        QLineEdit& line = *m_parts[static_cast<std::size_t>(next)];
+        if (!line.isEnabled())
+            continue;
+        line.setFocus(Qt::TabFocusReason);
+        line.selectAll();
+        return;
+    }
+    emit Left(direction > 0 ? QAbstractItemDelegate::EditNextItem
+                            : QAbstractItemDelegate::EditPreviousItem);
+}
+
+void DesignationEdit::CheckFocus() {
+    const QWidget* focus = QApplication::focusWidget();
+    const bool isElsewhere = focus && focus != this && !isAncestorOf(focus);
+    // A menu of a part is no other place; nor is another window, from which the user comes back.
+    if (isVisible() && isElsewhere && !QApplication::activePopupWidget())
+        emit Left(QAbstractItemDelegate::NoHint);
+}
+
+} // namespace desktop

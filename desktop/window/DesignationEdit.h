@@ -1,0 +1,43 @@
+// The editor of a designation: its seven parts side by side, each in a line of its own, the
+// delimiters one character wide.
+#pragma once
+
+#include "desktop/window/CellEditors.h"
+
+#include <QAbstractItemDelegate>
+#include <QWidget>
+
+#include <array>
+
+class QLineEdit;
+
+namespace desktop {
+
+class DesignationEdit final : public QWidget, public CellEditor {
+    Q_OBJECT
+
+public:
+    static constexpr int c_partCount = 7;
+
+    DesignationEdit(const EditorRequest& request, QWidget* parent);
+
+    std::optional<QVariant> TakeInput() const override;
+
+signals:
+    /// The user is through with the parts: by Enter, by Escape, by Tab behind the last one, by
+    /// Shift and Tab before the first, or, which is no hint, by going elsewhere.
+    void Left(QAbstractItemDelegate::EndEditHint hint);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QLineEdit* MakePart(int part, const EditorRequest& request);
+    bool OnKey(const QLineEdit& part, int key);
+    void GoOn(const QLineEdit& from, int direction);
+    void CheckFocus();
+
+    std::array<QLineEdit*, c_partCount> m_parts{};
+};
+
+} // namespace desktop

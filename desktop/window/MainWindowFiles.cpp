@@ -1,0 +1,173 @@
+// What the window does about files: opening, saving, leaving, and files that others change.
+#include "desktop/window/MainWindow.h"
+
+#include "desktop/window/MassIndicator.h"
+#include "desktop/window/PanelTree.h"
+#include "desktop/window/TreeItemModel.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+/// How long news about the file wait while a dialog is open.
+constexpr int c_retryMilliseconds = 500;
+
+QString ToQString(const std::filesystem::path& path) {
+    return QFile::decodeName(path.c_str());
+}
+
+SharedText ToText(const QString& text) {
+    return SharedText(text.toStdWString());
+}
+
+/// Reading keeps the window busy; the pointer says so.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+} // namespace
+
+void MainWindow::ChooseFile() {
+    platform::FileRequest request;
+    request.title = ToText(tr("Open"));
+    request.patterns = {L"*.step", L"*.stp", L"*.STEP", L"*.STP", L"*.json"};
+    if (m_session)
+        request.start = m_session->GetPath().parent_path();
+    if (const auto chosen = m_decisions->ChooseFile(request))
+        OpenFile(*chosen, {});
+}
+
+void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOptions& options) {
+    if (!MayLeave())
+        return;
+    // Two documents must not be worked on at the same time.
+    const bool wasMeasuring = m_masses->IsWorking();
+    m_masses->Stop();
+    std::unique_ptr<Session> session;
+    FileError error;
+    {
+        const WaitCursor wait;
+        auto opened = OpenDocument(path, options);
+        if (auto* document = std::get_if<Document>(&opened)) {
+            // One session at a time: the frame of the old one goes before that of the new comes.
+            m_tree->ShowModel(nullptr);
+            m_model.reset();
+            m_session.reset();
+            session = std::make_unique<Session>(std::move(*document));
+        } else {
+            error = std::get<FileError>(opened);
+        }
+    }
+    if (session) {
+        Show(std::move(session));
+        StartMasses();
+        return;
+    }
+    TellError(tr("The file can't be opened"), path, error);
+    if (wasMeasuring)
+        StartMasses();
+}
+
+bool MainWindow::Save() {
+    m_tree->CommitEditor();
+    return m_session->IsProductFile() ? SaveTo(m_session->GetPath()) : SaveAs();
+}
+
+bool MainWindow::SaveAs() {
+    m_tree->CommitEditor();
+    platform::FileRequest request;
+    request.title = ToText(tr("Save As"));
+    request.patterns = {L"*.json"};
+    request.start = m_session->GetProductPath();
+    request.forWriting = true;
+    const auto chosen = m_decisions->ChooseFile(request);
+    return chosen && SaveTo(*chosen);
+}
+
+bool MainWindow::SaveTo(const std::filesystem::path& path) {
+    if (const auto error = m_session->SaveAs(path)) {
+        TellError(tr("The file can't be saved"), path, *error);
+        return false;
+    }
+    m_watch.Watch(path);
+    m_note->setText(tr("Saved"));
+    ShowCaption();
+    ShowState();
+    return true;
+}
+
+bool MainWindow::MayLeave() {
+    if (!m_session)
+        return true;
+    m_tree->CommitEditor();
+    if (!m_session->IsModified())
+        return true;
+    enum Answer : std::size_t { AnswerSave, AnswerDiscard };
+    platform::Question question;
+    question.title = ToText(tr("Unsaved changes"));
+    question.text = ToText(
+        tr("Save the changes to %1?").arg(ToQString(m_session->GetProductPath().filename())));
+    question.buttons = {ToText(tr("Save")), ToText(tr("Discard")), ToText(tr("Cancel"))};
+    const std::optional<std::size_t> answer = m_decisions->Ask(question);
+    return answer == AnswerDiscard || (answer == AnswerSave && Save());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!MayLeave()) {
+        event->ignore();
+        return;
+    }
+    m_masses->Stop();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::OnFileTouched() {
+    if (m_isAskingToReload || QApplication::activeModalWidget()) {
+        // A command waits for an answer about the product as it is.
+        QTimer::singleShot(c_retryMilliseconds, this, &MainWindow::OnFileTouched);
+        return;
+    }
+    m_tree->CommitEditor();
+    if (!m_session->NoticeChangeOnDisk() || !MayReload())
+        return;
+    const QString file = ToQString(m_session->GetPath().filename());
+    const std::optional<FileError> error = m_session->Reload();
+    m_note->setText(error ? tr("%1 was changed by another program and can't be read: %2")
+                                .arg(file, QString::fromStdString(error->reason))
+                          : tr("%1 was changed by another program and read again").arg(file));
+    ShowState();
+}
+
+bool MainWindow::MayReload() {
+    if (!m_session->IsModified())
+        return true;
+    const QScopedValueRollback asking(m_isAskingToReload, true);
+    platform::Question question;
+    question.title = ToText(tr("The file has changed"));
+    question.text = ToText(tr("%1 was changed by another program. Read it again and lose the "
+                              "unsaved changes?")
+                               .arg(ToQString(m_session->GetPath().filename())));
+    question.buttons = {ToText(tr("Keep My Changes")), ToText(tr("Read Again"))};
+    return m_decisions->Ask(question) == std::size_t{1};
+}
+
+void MainWindow::TellError(const QString& title, const std::filesystem::path& path,
+                           const FileError& error) {
+    m_decisions->Tell(ToText(title), ToText(ToQString(path) + QStringLiteral(": ") +
+                                            QString::fromStdString(error.reason)));
+}
+
+} // namespace desktop

@@ -1,0 +1,128 @@
+#include "platform/product/IndexTables.h"
+
+#include "platform/product/PropertyNumbers.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+std::uint32_t HashOf(const UniqueMetaObjectKey& key) {
+    const std::size_t hash = key.GetHash();
+    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+}
+
+} // namespace
+
+void ObjectEntry::ReadName() {
+    name = record->name.IsEmpty() ? PropValue() : PropValue(SimplePropVal(record->name));
+}
+
+void ObjectEntry::ReadMarking() {
+    marking = record->marking.IsEmpty() ? PropValue() : record->marking.GetPropValue();
+}
+
+void ObjectEntry::ReadProperties(PropertyLayouts& layouts) {
+    layout = &layouts.Get(record->properties);
+    values = record->properties.data();
+}
+
+void ObjectEntry::ReadGrouping() {
+    const auto get = [this](unsigned long number) {
+        const PropValue* const value = FindProperty(number);
+        return value ? *value : PropValue();
+    };
+    grouping = MakeGrouping(*record, record->name, get(number::material), get(number::mass));
+}
+
+GroupingRecord MakeGrouping(const ObjectRecord& record, const SharedText& name,
+                            const PropValue& material, const PropValue& mass) {
+    return MakeGroupingRecord(
+        record.section, record.marking.Make(VariantMarkingData::MakeAll, false, false), name,
+        material.to_wstring(), mass.IsEmpty() ? std::nullopt : std::optional(mass.to_double()));
+}
+
+void PartEntry::ReadOwnership() {
+    hasOwnValues = isUse && (!record->properties.empty() || !record->links.empty());
+    hasLinks = !record->links.empty() || !object->record->links.empty();
+    isPlain = !isRoot && !hasOwnValues && !hasLinks && !hasReadOnlyProperties;
+}
+
+std::size_t SharedParts::Hash::operator()(const ProductPart& part) const {
+    const PartAttributes& attributes = part.attributes;
+    std::size_t hash = (attributes.inProduct ? 1u : 0u) | (attributes.separate ? 2u : 0u) |
+                       (attributes.hiddenA ? 4u : 0u) | (attributes.hiddenB ? 8u : 0u);
+    for (const meta_data::SP::StyleId style : part.used.GetStyles())
+        hash = (hash ^ static_cast<std::size_t>(style)) * 0x9E3779B97F4A7C15u;
+    return hash ^ (hash >> 32);
+}
+
+const ProductPart& SharedParts::Get(const ProductPart& part) {
+    if (!m_last || !(*m_last == part))
+        m_last = &*m_parts.insert(part).first;
+    return *m_last;
+}
+
+void SharedParts::Clear() {
+    m_parts.clear();
+    m_last = nullptr;
+}
+
+std::uint32_t IndexTables::FindPlace(const UniqueMetaObjectKey& key) const {
+    if (slots.empty() || key.IsEmpty())
+        return none;
+    // Nearly every key that is asked about is a copy of one that stands here.
+    const std::uint32_t number = key.GetHint();
+    const std::uint32_t place = number < places.size() ? places[number] : none;
+    return place != none && parts[place].key == key ? place : FindInSlots(key);
+}
+
+std::uint32_t IndexTables::FindInSlots(const UniqueMetaObjectKey& key) const {
+    const std::size_t mask = slots.size() - 1;
+    const std::uint32_t hash = HashOf(key);
+    for (std::size_t i = hash & mask; slots[i].number != 0; i = (i + 1) & mask) {
+        if (slots[i].hash != hash)
+            continue;
+        const std::uint32_t place = places[slots[i].number - 1];
+        if (place != none && parts[place].key == key)
+            return place;
+    }
+    return none;
+}
+
+void IndexTables::ClearSlots() {
+    std::size_t size = 16;
+    while (size < parts.size() * 2)
+        size *= 2;
+    slots.assign(size, {});
+    places.clear();
+    places.reserve(parts.size());
+}
+
+bool IndexTables::HasRoom(std::size_t count) const {
+    return (places.size() + count) * 4 < slots.size() * 3;
+}
+
+void IndexTables::Enter(const PartEntry& part) {
+    // The root may have no key, and the null key names nothing.
+    if (part.key.IsEmpty())
+        return;
+    const auto number = static_cast<std::uint32_t>(places.size());
+    const std::uint32_t hash = HashOf(part.key);
+    const std::size_t mask = slots.size() - 1;
+    std::size_t i = hash & mask;
+    for (; slots[i].number != 0; i = (i + 1) & mask) {
+        if (slots[i].hash != hash)
+            continue;
+        const std::uint32_t place = places[slots[i].number - 1];
+        if (place != none && parts[place].key == part.key)
+            return;
+    }
+    slots[i] = {hash, number + 1};
+    places.push_back(static_cast<std::uint32_t>(&part - parts.data()));
+    part.key.SetHint(number);
+    part.recordKey.SetHint(number);
+}
+
+} // namespace platform

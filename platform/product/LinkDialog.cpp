@@ -1,0 +1,98 @@
+#include "platform/product/LinkDialog.h"
+
+#include "host/ProductProperties.h"
+#include "platform/product/ProductTexts.h"
+#include "platform/services/UserDecisions.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+enum ValueType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
+
+/// A property of that type can show values of the other. Every value has a text.
+bool CanShowType(unsigned type, unsigned target) {
+    return type == String || type == target || (type == Double && target == Integer);
+}
+
+PropertyRequest::Object Describe(const PartEntry& object) {
+    return {object.key, object.object->record->name,
+            object.object->record->marking.Make(VariantMarkingData::MakeAll, false, false)};
+}
+
+/// The target that all of them have; no value when they differ or one has none.
+std::optional<PropertyChoice> FindCommonTarget(const ShownValues& shown,
+                                               const std::vector<Slot>& holders) {
+    const LinkRecord* common = nullptr;
+    for (const Slot& holder : holders) {
+        const LinkRecord* const link = shown.FindLink(holder);
+        const bool isSame = !common || (link && link->target == common->target &&
+                                        link->targetProperty == common->targetProperty);
+        if (!link || !isSame)
+            return std::nullopt;
+        common = link;
+    }
+    if (!common)
+        return std::nullopt;
+    return PropertyChoice{common->target, ProductProperties::GetPath(common->targetProperty)};
+}
+
+} // namespace
+
+bool CanBeLinked(const PropertyTraits& property) {
+    return property.record && property.number != ProductProperties::markingId &&
+           property.record->list.empty() && property.record->type != Boolean;
+}
+
+bool LinkDialog::CanShow(const std::vector<Slot>& holders, const PropertyTraits& target) const {
+    if (!target.record || target.number == ProductProperties::markingId)
+        return false;
+    return std::ranges::all_of(holders, [&](const Slot& holder) {
+        const PropertyRecord* const record = m_rules.properties.Get(holder.number).record;
+        return record && CanShowType(record->type, target.record->type);
+    });
+}
+
+PropertyRequest LinkDialog::MakeRequest(const std::vector<Slot>& holders) const {
+    PropertyRequest request;
+    request.title = GetText(ProductText::LinkTitle);
+    request.objects.push_back(Describe(m_rules.index.GetRoot()));
+    for (const PartEntry& object : m_rules.index.GetObjects())
+        request.objects.push_back(Describe(object));
+    for (const IfPropertyDescription* const description : m_descriptions.GetAll()) {
+        const PropertyTraits property = m_rules.properties.Get(description->GetId());
+        if (CanShow(holders, property))
+            request.properties.push_back(
+                {ProductProperties::GetPath(property.number), property.record->caption});
+    }
+    request.present = FindCommonTarget(ShownValues(m_rules.index), holders);
+    return request;
+}
+
+ValuePlan LinkDialog::Ask(const std::vector<Slot>& holders) {
+    ValuePlan plan(m_rules.index);
+    if (holders.empty())
+        return plan;
+    const std::optional<PropertyChoice> choice = m_decisions.ChooseProperty(MakeRequest(holders));
+    const PartEntry* const part = choice ? m_rules.index.Find(choice->object) : nullptr;
+    if (!part)
+        return plan;
+    const unsigned long number = ProductProperties::GetPropId(choice->propertyId);
+    if (!CanShow(holders, m_rules.properties.Get(number)))
+        return plan;
+    const Slot target = plan.GetShown().FindHolder(*part, number);
+    bool isAnyRefused = false;
+    for (const Slot& holder : holders) {
+        if (plan.GetShown().LeadsTo(target, holder))
+            isAnyRefused = true;
+        else
+            plan.SetLink(holder, LinkRecord{holder.number, part->key, number});
+    }
+    if (isAnyRefused)
+        m_decisions.Tell(GetText(ProductText::LinkTitle), GetText(ProductText::LinkRefused));
+    return plan;
+}
+
+} // namespace platform

@@ -1,0 +1,204 @@
+#include "host/ProductProperties.h"
+#include "platform/product/Deletion.h"
+#include "platform/product/ItemProperties.h"
+#include "platform/product/MemoryProductState.h"
+#include "platform/product/PropertyNumbers.h"
+#include "platform/services/UserDecisions.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace platform {
+
+namespace {
+
+constexpr int c_otherIcon = 26;
+constexpr int c_documentation = 5;
+
+/// A key that no part has and no link names, so that nothing comes to life by it.
+UniqueMetaObjectKey MakeFreeKey(const ProductIndex& index, const UniqueMetaObjectKey& owner) {
+    std::unordered_set<UniqueMetaObjectKey> named;
+    for (const PartEntry* const part : index.GetLinkedParts()) {
+        for (const LinkRecord& link : part->record->links)
+            named.insert(link.target);
+    }
+    for (int number = 1;; ++number) {
+        UniqueMetaObjectKey key(owner.String() + "-billet" + std::to_string(number));
+        if (!index.Find(key) && !named.contains(key))
+            return key;
+    }
+}
+
+ObjectRecord MakeBillet(const ObjectRecord& owner, UniqueMetaObjectKey key) {
+    ObjectRecord billet;
+    billet.key = std::move(key);
+    billet.kind = owner.kind;
+    billet.part.used = owner.part.used;
+    billet.section = owner.section;
+    billet.iconType = owner.iconType;
+    billet.billet = BilletKind::Manual;
+    billet.billetOwner = owner.key;
+    return billet;
+}
+
+SharedText NameOf(const PartEntry& part) {
+    const SharedText name = part.object->record->name;
+    return name.IsEmpty()
+               ? part.object->record->marking.Make(VariantMarkingData::MakeAll, false, false)
+               : name;
+}
+
+} // namespace
+
+bool MemoryProduct::CanHighlight(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && !part->isRoot && part->isShown;
+}
+
+bool MemoryProduct::CanDelete(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && !part->isRoot && !m_state->model.isReadOnly;
+}
+
+bool MemoryProduct::IsSelectableBillet(const UniqueMetaObjectKey& key) const {
+    return m_state->index.Find(key) != nullptr;
+}
+
+bool MemoryProduct::IsSectionNameLinked(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && part->object->record->isNameLinkedToSection;
+}
+
+int MemoryProduct::GetIconType(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part ? part->iconType : c_otherIcon;
+}
+
+bool MemoryProduct::IsActual(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return !part || part->isActual;
+}
+
+bool MemoryProduct::IsExcludedFromCount(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && part->isExcludedFromCount;
+}
+
+DeleteInfo MemoryProduct::GetDeleteInfo(const std::set<UniqueMetaObjectKey>& keys) const {
+    const Deletion deletion(m_state->index, keys);
+    DeleteInfo info;
+    info.count = static_cast<int>(deletion.GetRowCount());
+    if (deletion.GetRowCount() == 1)
+        info.name = NameOf(*deletion.GetObject());
+    return info;
+}
+
+bool MemoryProduct::DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) {
+    if (m_state->model.isReadOnly)
+        return false;
+    const Deletion deletion(m_state->index, keys);
+    if (deletion.IsEmpty())
+        return false;
+    SharedText name =
+        deletion.GetRowCount() == 1
+            ? GetText(ProductText::Deletion, {NameOf(*deletion.GetObject())})
+            : GetText(ProductText::Deletions, {std::to_wstring(deletion.GetRowCount())});
+    return m_state->Do({std::move(name), deletion.MakeEdits()});
+}
+
+// An object of this document is no billet of another one.
+
+bool MemoryProduct::CanConvertToBillet(const UniqueMetaObjectKey& /*key*/) const {
+    return false;
+}
+
+void MemoryProduct::ConvertToBillet(const UniqueMetaObjectKey& /*key*/) {}
+
+bool MemoryProduct::CanShowItemProperties(const UniqueMetaObjectKey& key) const {
+    return m_state->index.Find(key) != nullptr;
+}
+
+void MemoryProduct::ShowItemProperties(const UniqueMetaObjectKey& key) {
+    const PartEntry* const part = m_state->index.Find(key);
+    if (part && m_state->decisions)
+        m_state->decisions->Tell(GetText(ProductText::ItemPropertiesTitle),
+                                 ListProperties(m_state->index, *m_state->descriptions, *part));
+}
+
+// There is no tree of features beside the product.
+
+bool MemoryProduct::CanGotoFeature(const UniqueMetaObjectKey& /*key*/) const {
+    return false;
+}
+
+void MemoryProduct::GotoFeature(const UniqueMetaObjectKey& /*key*/) {}
+
+bool MemoryProduct::CanAddBillet(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && !part->isRoot && !m_state->model.isReadOnly &&
+           part->object->record->billet == BilletKind::None;
+}
+
+UniqueMetaObjectKey MemoryProduct::AddBillet(const UniqueMetaObjectKey& key) {
+    if (!CanAddBillet(key))
+        return {};
+    const PartEntry& owner = *m_state->index.Find(key)->owner;
+    const UniqueMetaObjectKey billet = MakeFreeKey(m_state->index, owner.key);
+    StructureChange change;
+    change.objects = RecordsSwap<ObjectRecord>(MakeBillet(*owner.object->record, billet),
+                                               m_state->index.GetPlace(owner).object + 1);
+    Step step;
+    step.name = GetText(ProductText::NewBillet);
+    step.edits.push_back(std::make_unique<StructureEdit>(std::move(change)));
+    m_state->Do(std::move(step));
+    return billet;
+}
+
+// All that there is of an object stands in this document.
+
+bool MemoryProduct::CanEditSource(const UniqueMetaObjectKey& /*key*/) const {
+    return false;
+}
+
+int MemoryProduct::GetEditSourceCommand(const UniqueMetaObjectKey& /*key*/) const {
+    return 0;
+}
+
+void MemoryProduct::EditSource(const UniqueMetaObjectKey& /*key*/) {}
+
+bool MemoryProduct::CanStartPositions() const {
+    return !m_state->model.isReadOnly;
+}
+
+bool MemoryProduct::CanSetPosition(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && !part->isRoot && part->isUsedInCurrentStyle &&
+           !part->object->record->keepsOwnPosition &&
+           !m_state->GetRules().IsFixed(*part, number::position);
+}
+
+bool MemoryProduct::KeepsOwnPosition(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && part->object->record->keepsOwnPosition;
+}
+
+bool MemoryProduct::CanClearPosition(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && !part->isRoot && !part->object->record->keepsOwnPosition &&
+           !m_state->GetRules().IsFixed(*part, number::position) &&
+           !ShownValues(m_state->index).Get(*part, number::position).IsEmpty();
+}
+
+bool MemoryProduct::IsSectionNumbered(const SPCSection& section) const {
+    // A block of the whole document names its section behind the section's own numbers.
+    const int number = section.numbers[0] != 0 ? section.numbers[0] : section.numbers[2];
+    if (m_state->model.style) {
+        for (const StyleSectionRecord& record : m_state->model.style->sections) {
+            if (record.number == number && record.isNumbered)
+                return *record.isNumbered;
+        }
+    }
+    return number != c_documentation;
+}
+
+} // namespace platform

@@ -1,0 +1,84 @@
+#include "platform/product/MemoryProductState.h"
+
+#include "host/ProductProperties.h"
+#include "platform/product/MassRules.h"
+#include "platform/product/MemoryStyle.h"
+
+namespace platform {
+
+namespace {
+
+/// Writes the values and gives the edit that holds those before; null when there is nothing to do.
+std::unique_ptr<IModelEdit> Write(ModelEditor& editor, std::vector<HeldValue> values) {
+    if (values.empty())
+        return nullptr;
+    auto edit = std::make_unique<ValuesEdit>(std::move(values));
+    edit->Swap(editor, Direction::Forth);
+    return edit;
+}
+
+} // namespace
+
+MemoryProduct::State::State(ProductModel&& filled) : model(std::move(filled)) {
+    Renew();
+}
+
+void MemoryProduct::State::Renew() {
+    style = model.style ? MakeSpcDescription(*model.style) : nullptr;
+    if (descriptions)
+        retired.push_back(std::move(descriptions));
+    descriptions = std::make_unique<PropertyDescriptions>(model.properties);
+    properties.Use(*descriptions);
+
+    ModelEditor editor(model, index);
+    editor.NoteEverything();
+    Write(editor, FindProductMass(editor));
+    Finish(editor);
+}
+
+SharedText MemoryProduct::State::GetCaption(unsigned long number) const {
+    const PropertyRecord* const record = descriptions->FindRecord(number);
+    return record && !record->caption.empty() ? record->caption
+                                              : ProductProperties::GetPath(number);
+}
+
+bool MemoryProduct::State::Do(Step step) {
+    ModelEditor editor(model, index);
+    step.Swap(editor, Direction::Forth);
+    if (!editor.IsAnythingChanged())
+        return false;
+    // What the product weighs depends on what its parts do.
+    if (auto edit = Write(editor, FindMassesByDensity(editor)))
+        step.edits.push_back(std::move(edit));
+    if (auto edit = Write(editor, FindProductMass(editor)))
+        step.edits.push_back(std::move(edit));
+    Finish(editor);
+    history.Add(std::move(step));
+    return true;
+}
+
+void MemoryProduct::State::Go(Step* step, Direction direction) {
+    if (!step)
+        return;
+    ModelEditor editor(model, index);
+    step->Swap(editor, direction);
+    // The step has brought back the masses of its day; volumes may be known since.
+    Write(editor, FindMassesByDensity(editor));
+    Write(editor, FindProductMass(editor));
+    Finish(editor);
+}
+
+void MemoryProduct::State::Finish(ModelEditor& editor) {
+    if (RegroupLinkedObjects(editor.GetIndex()))
+        editor.NoteRows();
+    isRebuildRequired |= editor.AreRowsChanged();
+    ++stamp;
+}
+
+void MemoryProduct::State::NoteColumns() {
+    ++stamp;
+    isRebuildRequired = true;
+    areColumnsUnsaved |= !model.isReadOnly;
+}
+
+} // namespace platform

@@ -1,0 +1,52 @@
+// What a MemoryProduct holds, and how a step is made: shared by the files that its operations are
+// spread over by theme, and by nobody else.
+#pragma once
+
+#include "platform/product/EditHistory.h"
+#include "platform/product/MemoryAggregator.h"
+#include "platform/product/MemoryProduct.h"
+#include "platform/product/ModelEmbodiments.h"
+#include "platform/product/ProductChanges.h"
+#include "platform/product/ProductTexts.h"
+
+namespace platform {
+
+struct MemoryProduct::State {
+    explicit State(ProductModel&& filled);
+
+    /// Everything is made anew from the model, whatever was done to it.
+    void Renew();
+    EditRules GetRules() const { return {model, index, properties}; }
+    /// The caption of the property, else its path.
+    SharedText GetCaption(unsigned long number) const;
+    const PropertyTraits& GetTraits(const PropertyRef& ref) {
+        return properties.Get(ref.propertyId);
+    }
+
+    /// Makes the step with what follows from it, and remembers it. False: there was nothing to do.
+    bool Do(Step step);
+    /// Goes a step that is remembered. Null is no step.
+    void Go(Step* step, Direction direction);
+    /// Which columns are shown was changed.
+    void NoteColumns();
+
+    ProductModel model;
+    ProductIndex index;
+    MemoryAggregator aggregator{index, model};
+    ModelEmbodiments embodiments{model};
+    PropertyLookup properties;
+    std::unique_ptr<SpcDescription> style;
+    std::unique_ptr<PropertyDescriptions> descriptions;
+    /// Those of earlier states of the document: whoever holds them may do so until BeginRebuild.
+    std::vector<std::unique_ptr<PropertyDescriptions>> retired;
+    EditHistory history;
+    IUserDecisions* decisions = nullptr;
+    std::uint64_t stamp = 0;
+    bool isRebuildRequired = true;
+    bool areColumnsUnsaved = false;
+
+private:
+    void Finish(ModelEditor& editor);
+};
+
+} // namespace platform

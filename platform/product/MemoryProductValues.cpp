@@ -1,0 +1,144 @@
+#include "platform/product/MemoryProductState.h"
+
+#include "host/ProductProperties.h"
+#include "platform/product/ValueFitting.h"
+
+#include <set>
+
+namespace platform {
+
+namespace {
+
+/// The set that holds the change, when there is something to change.
+ProductInfObjChangesResult MakeSet(const EditRules& rules,
+                                   std::shared_ptr<const ProductChange> change,
+                                   const PropertyRef& ref) {
+    ProductInfObjChangesResult changes;
+    ValuePlan plan(rules.index);
+    if (change->Plan(rules, plan) && !plan.IsEmpty()) {
+        changes.changedProperties.insert(ref.propertyId);
+        changes.Add(std::move(change));
+    }
+    return changes;
+}
+
+/// What of an occurrence could be written to its object; no value: nothing.
+std::optional<Slot> FindOwnValue(const EditRules& rules, const PartEntry& part,
+                                 unsigned long number) {
+    if (!part.isUse || rules.IsFixed(part, number))
+        return std::nullopt;
+    const ShownValues shown(rules.index);
+    const Slot holder = shown.FindHolder(part, number);
+    const bool isOwn = holder.part == &part;
+    if (!isOwn || shown.FindLink(holder) || shown.FindLink({part.owner, number}))
+        return std::nullopt;
+    return holder;
+}
+
+} // namespace
+
+PropValue MemoryProduct::GetValue(const PropertyRef& ref) const {
+    const PartEntry* const part = m_state->index.Find(ref.objectKey);
+    return part ? ShownValues(m_state->index).Get(*part, m_state->GetTraits(ref).number)
+                : PropValue();
+}
+
+bool MemoryProduct::IsReadOnly(const PropertyRef& ref) const {
+    const PartEntry* const part = m_state->index.Find(ref.objectKey);
+    return !part || m_state->GetRules().IsFixed(*part, m_state->GetTraits(ref));
+}
+
+ProductInfObjChangesResult MemoryProduct::MakeValueChanges(const PropertyRef& ref,
+                                                           const PropValue& value) {
+    return MakeSet(
+        m_state->GetRules(),
+        std::make_shared<ValueChange>(ref.objectKey, m_state->GetTraits(ref).number, value), ref);
+}
+
+std::optional<bool> MemoryProduct::GetBySource(const PropertyRef& ref) const {
+    const PartEntry* const part = m_state->index.Find(ref.objectKey);
+    const PropertyTraits& property = m_state->GetTraits(ref);
+    if (!part || !part->isUse || property.belongsToObject)
+        return std::nullopt;
+    return part->isPlain ||
+           ShownValues(m_state->index).FindHolder(*part, property.number).part != part;
+}
+
+ProductInfObjChangesResult MemoryProduct::MakeBySourceChanges(const PropertyRef& ref,
+                                                              bool bySource) {
+    return MakeSet(
+        m_state->GetRules(),
+        std::make_shared<BySourceChange>(ref.objectKey, m_state->GetTraits(ref).number, bySource),
+        ref);
+}
+
+void MemoryProduct::CommitChanges(ProductInfObjChangesResult& changes) {
+    ValuePlan plan(m_state->index);
+    std::set<unsigned long> numbers;
+    for (const auto& change : changes.GetChanges()) {
+        const auto* const wanted = dynamic_cast<const ProductChange*>(change.get());
+        if (!wanted || !wanted->Plan(m_state->GetRules(), plan))
+            return changes.Clear();
+        numbers.insert(wanted->GetNumber());
+    }
+    std::vector<std::unique_ptr<IModelEdit>> edits = plan.MakeEdits();
+    if (edits.empty())
+        return changes.Clear();
+    SharedText name = numbers.size() == 1
+                          ? GetText(ProductText::Change, {m_state->GetCaption(*numbers.begin())})
+                          : GetText(ProductText::Changes);
+    m_state->Do({std::move(name), std::move(edits)});
+}
+
+bool MemoryProduct::CanTransmitToSource(const UniqueMetaObjectKey& key,
+                                        const std::wstring& columnId) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    const unsigned long number = ProductProperties::GetPropId(columnId);
+    const std::optional<Slot> own =
+        part ? FindOwnValue(m_state->GetRules(), *part, number) : std::nullopt;
+    if (!own)
+        return false;
+    const ShownValues shown(m_state->index);
+    return !(shown.Get(*part->owner, number) == shown.Get(*part, number));
+}
+
+void MemoryProduct::TransmitToSource(
+    const std::wstring& columnId,
+    const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) {
+    const unsigned long number = ProductProperties::GetPropId(columnId);
+    ValuePlan plan(m_state->index);
+    for (const auto& [key, shown] : values) {
+        const PartEntry* const part = m_state->index.Find(key);
+        const std::optional<Slot> own =
+            part ? FindOwnValue(m_state->GetRules(), *part, number) : std::nullopt;
+        if (!own)
+            continue;
+        plan.SetValue({part->owner, number}, plan.GetHeld(*own).value_or(PropValue()));
+        plan.TakeBySource(*own);
+    }
+    m_state->Do(
+        {GetText(ProductText::Transmission, {m_state->GetCaption(number)}), plan.MakeEdits()});
+}
+
+bool MemoryProduct::IsSimplifiedMode() const {
+    return m_state->model.isSimplified;
+}
+
+std::set<int> MemoryProduct::GetLockedMarkingParts(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    if (!part || !part->hasLockedMarkingParts)
+        return {};
+    return part->object->record->lockedMarkingParts;
+}
+
+bool MemoryProduct::IsMarkingChangeAllowed(const UniqueMetaObjectKey& key,
+                                           const PropValue& marking) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && FitMarking(*part->object->record, marking).has_value();
+}
+
+VariantMarking MemoryProduct::ChooseMarking(const VariantMarking& marking) {
+    return marking; // there is no book of designations
+}
+
+} // namespace platform

@@ -1,0 +1,30 @@
+// What a product in memory says to its user: names of steps, titles of questions.
+#pragma once
+
+#include "host/SharedText.h"
+
+#include <vector>
+
+namespace platform {
+
+/// Texts of the host's own module.
+enum class ProductText : unsigned {
+    Change = 1201,
+    Changes = 1202,
+    Deletion = 1203,
+    Deletions = 1204,
+    Link = 1205,
+    LinkEdit = 1206,
+    LinkRemoval = 1207,
+    Transmission = 1208,
+    NewBillet = 1209,
+    LinkTitle = 1301,
+    ItemPropertiesTitle = 1302,
+    ItemPropertyLine = 1303,
+    LinkRefused = 1306,
+};
+
+/// Empty when the text asks for another number of arguments.
+SharedText GetText(ProductText text, const std::vector<SharedText>& arguments = {});
+
+} // namespace platform

@@ -1,0 +1,62 @@
+// What a product in memory knows about a property by the text of its path, remembered by the text
+// that was asked with. A panel asks millions of times with a few dozen texts, those of its columns.
+#pragma once
+
+#include "host/SharedText.h"
+#include "platform/product/PropertyDescriptions.h"
+
+#include <array>
+
+namespace platform {
+
+struct PropertyTraits {
+    /// As ProductProperties::GetPropId; 0: there is no such property.
+    unsigned long number = 0;
+    /// Null for a property that nobody describes.
+    const PropertyRecord* record = nullptr;
+    /// Its values can't be changed, whosever they are.
+    bool isReadOnly = true;
+    /// Occurrences have no values of their own.
+    bool belongsToObject = true;
+};
+
+/// The properties that are the object's alone: what it is, and what the specification counts and
+/// numbers.
+bool BelongsToObject(unsigned long number);
+
+class PropertyLookup {
+public:
+    PropertyLookup() = default;
+    PropertyLookup(const PropertyLookup&) = delete;
+    PropertyLookup& operator=(const PropertyLookup&) = delete;
+
+    /// Forgets what it remembers. `descriptions` must stay until the next call.
+    void Use(const PropertyDescriptions& descriptions);
+
+    /// Good until the next call of anything here.
+    const PropertyTraits& Get(const SharedText& path) {
+        // What is asked about a property of a part is asked in one go.
+        if (!m_last->path.IsSame(path))
+            m_last = &FindOrAdd(path);
+        return m_last->traits;
+    }
+    PropertyTraits Get(unsigned long number) const;
+
+private:
+    struct Entry {
+        /// Held, so that no other text can come to stand at its address.
+        SharedText path;
+        PropertyTraits traits;
+    };
+
+    void Forget();
+    Entry& FindOrAdd(const SharedText& path);
+
+    const PropertyDescriptions* m_descriptions = nullptr;
+    /// By the texts' addresses. The empty text, which is no path, marks a free entry.
+    std::array<Entry, 256> m_entries;
+    std::size_t m_entryCount = 0;
+    const Entry* m_last = m_entries.data();
+};
+
+} // namespace platform

@@ -1,0 +1,27 @@
+// Whether a property takes a value that a user has given, and the form in which it takes it. Asked
+// when a change is built and once more when it is made; the present value is not its matter.
+#pragma once
+
+#include "platform/product/ProductModel.h"
+
+#include <optional>
+
+namespace platform {
+
+/// Longer texts are refused.
+inline constexpr std::size_t c_maxTextSize = 10'000;
+
+/// The value in the property's type; an empty one for no value, also for an empty text. No value:
+/// it is refused, being of another kind, not in the list, not in the range where that is binding,
+/// no finite number, or a text that is too long, not Unicode or holds a null character.
+std::optional<PropValue> FitValue(const PropertyRecord& property, const PropValue& value);
+
+/// The same for a designation: its structured value or the text of one. Parts that are locked for
+/// the object must stay as they are.
+std::optional<PropValue> FitMarking(const ObjectRecord& object, const PropValue& value);
+
+/// Whether the value given is the present one as a user sees it: a text property that holds a
+/// number is left alone by the number's text, and a format text by a value without one.
+bool IsPresentValue(const PropValue& present, const PropValue& given);
+
+} // namespace platform

@@ -1,0 +1,98 @@
+#include "platform/product/ValuePlan.h"
+
+#include "platform/product/PropertyLookup.h"
+
+#include <algorithm>
+
+namespace platform {
+
+template <class T>
+void ValuePlan::Wishes<T>::Set(const Slot& slot, std::optional<T> wish) {
+    const auto [entry, isNew] = places.try_emplace(slot, list.size());
+    if (isNew)
+        list.emplace_back(slot, std::move(wish));
+    else
+        list[entry->second].second = std::move(wish);
+}
+
+template <class T>
+const std::optional<T>* ValuePlan::Wishes<T>::Find(const Slot& slot) const {
+    if (list.empty())
+        return nullptr;
+    const auto found = places.find(slot);
+    return found == places.end() ? nullptr : &list[found->second].second;
+}
+
+Slot ValuePlan::FindHolder(const PartEntry& part, unsigned long number) const {
+    const Slot own{&part, number};
+    if (!part.isUse || BelongsToObject(number))
+        return {part.owner, number};
+    const std::optional<PropValue>* const value = m_values.Find(own);
+    const std::optional<LinkRecord>* const link = m_links.Find(own);
+    if (!value && !link)
+        return m_shown.FindHolder(part, number);
+    const bool isLinked = link ? link->has_value() : m_shown.FindLink(own) != nullptr;
+    const bool hasValue = value ? value->has_value() : m_shown.GetHeld(own).has_value();
+    return {isLinked || hasValue ? &part : part.owner, number};
+}
+
+std::optional<PropValue> ValuePlan::GetHeld(const Slot& holder) const {
+    const std::optional<PropValue>* const value = m_values.Find(holder);
+    return value ? *value : m_shown.GetHeld(holder);
+}
+
+bool ValuePlan::IsLinked(const Slot& holder) const {
+    const std::optional<LinkRecord>* const link = m_links.Find(holder);
+    return link ? link->has_value() : m_shown.FindLink(holder) != nullptr;
+}
+
+void ValuePlan::SetValue(const Slot& holder, PropValue value) {
+    const bool isNone = value.IsEmpty() && !holder.part->isUse;
+    m_values.Set(holder, isNone ? std::nullopt : std::optional(std::move(value)));
+}
+
+void ValuePlan::TakeBySource(const Slot& use) {
+    m_values.Set(use, std::nullopt);
+    if (IsLinked(use))
+        m_links.Set(use, std::nullopt);
+}
+
+void ValuePlan::SetLink(const Slot& holder, std::optional<LinkRecord> link) {
+    m_links.Set(holder, std::move(link));
+}
+
+bool ValuePlan::IsNew(const Slot& slot, const std::optional<PropValue>& value) const {
+    const PropValue* const held = m_shown.FindHeld(slot);
+    return held ? !value || !(*held == *value) : value.has_value();
+}
+
+bool ValuePlan::IsNew(const Slot& slot, const std::optional<LinkRecord>& link) const {
+    const LinkRecord* const present = m_shown.FindLink(slot);
+    return present ? !link || !(*present == *link) : link.has_value();
+}
+
+bool ValuePlan::IsEmpty() const {
+    const auto isNew = [this](const auto& wish) { return IsNew(wish.first, wish.second); };
+    return std::ranges::none_of(m_values.list, isNew) && std::ranges::none_of(m_links.list, isNew);
+}
+
+std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
+    std::vector<HeldValue> values;
+    for (const auto& [slot, value] : m_values.list) {
+        if (IsNew(slot, value))
+            values.push_back({slot.part->key, slot.number, value, PartPlace::none});
+    }
+    std::vector<HeldLink> links;
+    for (const auto& [slot, link] : m_links.list) {
+        if (IsNew(slot, link))
+            links.push_back({slot.part->key, slot.number, link, PartPlace::none});
+    }
+    std::vector<std::unique_ptr<IModelEdit>> edits;
+    if (!values.empty())
+        edits.push_back(std::make_unique<ValuesEdit>(std::move(values)));
+    if (!links.empty())
+        edits.push_back(std::make_unique<LinksEdit>(std::move(links)));
+    return edits;
+}
+
+} // namespace platform

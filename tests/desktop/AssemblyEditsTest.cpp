@@ -1,0 +1,130 @@
+// What a user does with a real assembly, from opening its file to opening what was saved. Real
+// assemblies stand outside the repository; without them the tests are skipped.
+#include "desktop/JsonPrint.h"
+#include "desktop/window/TreeItemModel.h"
+#include "tests/desktop/WindowFixture.h"
+#include "tests/support/TestFolder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLocale>
+#include <QTest>
+
+#include <cstdlib>
+
+namespace {
+
+/// In cubic metres, as the file itself tells it.
+constexpr double c_plateVolume = 0.0005305752;
+
+constexpr const char* c_density = "Density, kg/m\u00B3";
+constexpr const char* c_mass = "Mass, kg";
+
+class AssemblyEditsTest : public window_tests::WindowFixture {
+protected:
+    void SetUp() override {
+        const char* const folder = std::getenv("PRODUCT_TREE_ASSEMBLIES");
+        m_file = folder ? folder : PRODUCT_TREE_SOURCES "/../shared/assemblies";
+        if (!std::filesystem::is_directory(m_file))
+            GTEST_SKIP() << "no assemblies in " << m_file;
+        m_file /= "as1-oc-214.stp";
+        std::filesystem::create_directories(m_folder);
+    }
+    void TearDown() override { std::filesystem::remove_all(m_folder); }
+
+    /// Parts are not measured yet.
+    void Open() {
+        auto opened = desktop::OpenDocument(m_file, {});
+        ASSERT_TRUE(std::holds_alternative<desktop::Document>(opened));
+        m_window->Show(
+            std::make_unique<desktop::Session>(std::get<desktop::Document>(std::move(opened))));
+        m_window->show();
+        m_window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+        Trigger("Expand all");
+        Tree().setFocus();
+    }
+    void Measure() {
+        m_window->StartMasses();
+        WaitForText("1 part measured");
+        QApplication::processEvents();
+    }
+    /// The cell of the only row of that name.
+    QModelIndex Find(const QString& name, const char* column) const {
+        const QAbstractItemModel& model = *Tree().model();
+        const auto found = model.match(model.index(0, 0), Qt::DisplayRole, name, 2,
+                                       Qt::MatchExactly | Qt::MatchRecursive);
+        EXPECT_EQ(found.size(), 1) << name.toStdString();
+        return found.isEmpty() ? QModelIndex() : found[0].siblingAtColumn(Column(column));
+    }
+    void Edit(const QModelIndex& index, const QString& text) {
+        Tree().setCurrentIndex(index);
+        Press(Qt::Key_F2);
+        Type(text);
+        Press(Qt::Key_Return);
+    }
+    double MassOf(const QString& name) const {
+        return QLocale().toDouble(Find(name, c_mass).data().toString());
+    }
+    /// With all rows expanded and the row of that name alone selected.
+    std::string Print(const QString& name) const {
+        Trigger("Expand all");
+        Tree().setCurrentIndex(Find(name, "Name"));
+        return desktop::PrintJson(static_cast<desktop::TreeItemModel*>(Tree().model())->GetView());
+    }
+    void TriggerAll(const QString& text) const {
+        while (Action(text)->isEnabled())
+            Trigger(text);
+    }
+
+    std::filesystem::path m_file;
+    std::filesystem::path m_folder = support::GetTestFolder();
+};
+
+TEST_F(AssemblyEditsTest, AnEditedAssemblyIsUndoneRedoneSavedAndOpenedAgain) {
+    Open();
+    Measure();
+    const std::string untouched = Print("plate");
+    Shoot("assembly-1-open");
+
+    Edit(Find("plate", "Name"), "Base plate");
+    Edit(Find("Base plate", c_density), "7850");
+    EXPECT_NEAR(MassOf("Base plate"), 7850 * c_plateVolume, 1e-5);
+    Shoot("assembly-2-edited");
+    const std::string edited = Print("Base plate");
+
+    TriggerAll("Undo");
+    EXPECT_EQ(Print("plate"), untouched);
+    EXPECT_FALSE(m_window->isWindowModified());
+    Shoot("assembly-3-undone");
+    TriggerAll("Redo");
+    EXPECT_EQ(Print("Base plate"), edited);
+
+    m_decisions->ChooseNext(m_folder / "as1.json");
+    Trigger("Save");
+    EXPECT_FALSE(m_window->isWindowModified());
+    m_window->OpenFile(m_folder / "as1.json", {});
+    EXPECT_EQ(Print("Base plate"), edited);
+    EXPECT_TRUE(m_decisions->GetQuestions().empty());
+    Shoot("assembly-4-opened-again");
+
+    // What the file keeps of the parts' volumes is enough to go on.
+    Edit(Find("Base plate", c_density), "1000");
+    EXPECT_NEAR(MassOf("Base plate"), 1000 * c_plateVolume, 1e-5);
+}
+
+TEST_F(AssemblyEditsTest, ADensityThatIsGivenBeforeThePartsAreMeasuredMakesTheMassToo) {
+    Open();
+    Edit(Find("plate", c_density), "7850");
+    EXPECT_EQ(Find("plate", c_mass).data().toString().toStdString(), "");
+    Measure();
+    EXPECT_EQ(Find("plate", c_density).data().toString().toStdString(), "7850");
+    EXPECT_NEAR(MassOf("plate"), 7850 * c_plateVolume, 1e-5);
+    Trigger("Undo");
+    EXPECT_EQ(Find("plate", c_density).data().toString().toStdString(), "");
+    EXPECT_EQ(Find("plate", c_mass).data().toString().toStdString(), "");
+    Trigger("Redo");
+    EXPECT_NEAR(MassOf("plate"), 7850 * c_plateVolume, 1e-5);
+}
+
+} // namespace

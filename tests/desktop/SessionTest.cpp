@@ -1,0 +1,186 @@
+#include "desktop/Session.h"
+#include "desktop/import/StepImport.h"
+#include "desktop/store/ProductFile.h"
+#include "host/ProductProperties.h"
+#include "platform/view/TreeTableView.h"
+#include "tests/support/ProductBuilder.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/ViewDump.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace {
+
+using desktop::Session;
+
+class ImportedAssembly final : public desktop::step::StepDocument {
+public:
+    const platform::ProductModel& GetModel() const override { return m_model; }
+    const std::vector<std::string>& GetNotes() const override { return m_notes; }
+    std::unique_ptr<desktop::step::Measuring>
+    StartMeasuring(desktop::step::MeasuredParts) override {
+        return nullptr;
+    }
+
+private:
+    platform::ProductModel m_model;
+    std::vector<std::string> m_notes;
+};
+
+platform::ProductModel Gearbox() {
+    return support::Product()
+        .Root(L"Gearbox")
+        .MassOfParts()
+        .Simplified()
+        .Columns({L"material.density", L"mass", L"note"})
+        .Object("case")
+        .Name(L"Case")
+        .Section(20, L"Parts")
+        .Uses()
+        .Object("pin")
+        .Name(L"Pin")
+        .Section(20, L"Parts")
+        .Uses(2);
+}
+
+class SessionTest : public testing::Test {
+protected:
+    SessionTest() { std::filesystem::create_directories(m_folder); }
+    ~SessionTest() override { std::filesystem::remove_all(m_folder); }
+
+    std::unique_ptr<Session> Open(const std::string& name, bool isStep = false) {
+        desktop::Document document;
+        document.path = m_folder / name;
+        document.model = Gearbox();
+        if (isStep)
+            document.step = std::make_unique<ImportedAssembly>();
+        return std::make_unique<Session>(std::move(document));
+    }
+    static std::string Dump(const Session& session) { return support::DumpView(session.GetView()); }
+    static platform::TreeTableRow& Part(const Session& session, std::size_t index) {
+        return session.GetView().GetRoot()->GetChildRow(0).GetChildRow(index);
+    }
+    static void Rename(const Session& session, const wchar_t* name) {
+        ASSERT_TRUE(session.GetView().EditNameByUser(Part(session, 0), SharedText(name)));
+    }
+    static std::wstring Shown(const platform::TreeTableRow& row, const wchar_t* column) {
+        const platform::TreeCell* cell = row.FindCell(column);
+        return cell ? cell->GetShownText().Str() : L"no cell";
+    }
+
+    std::filesystem::path m_folder = support::GetTestFolder();
+};
+
+TEST_F(SessionTest, AnEditIsAStepThatIsUndoneByName) {
+    const auto session = Open("a.json");
+    const std::string before = Dump(*session);
+    EXPECT_FALSE(session->CanUndo());
+    Rename(*session, L"Ring");
+    const std::string after = Dump(*session);
+    EXPECT_EQ(after, "Gearbox [Parts (x3) [Pin (x2) [Pin | Pin] | Ring]]");
+    EXPECT_EQ(session->GetUndoName().Str(), L"Change of Name");
+    session->Undo();
+    EXPECT_EQ(Dump(*session), before);
+    EXPECT_FALSE(session->IsModified());
+    EXPECT_EQ(session->GetRedoName().Str(), L"Change of Name");
+    session->Redo();
+    EXPECT_EQ(Dump(*session), after);
+    EXPECT_TRUE(session->IsModified());
+}
+
+TEST_F(SessionTest, AnEditedAssemblyIsSavedAsAProductFileWithEverythingInIt) {
+    const auto session = Open("gear.step", true);
+    std::ofstream(m_folder / "gear.step") << "ISO-10303-21;";
+    EXPECT_EQ(session->GetProductPath(), m_folder / "gear.json");
+    session->TakeMeasures({{{support::Key("case"), 0.5}, {support::Key("pin"), 0.25}}, {}});
+    EXPECT_FALSE(session->IsModified());
+    Rename(*session, L"Housing");
+    const auto density = platform::CellInput(1000.0);
+    ASSERT_TRUE(session->GetView().EditCellByUser(Part(*session, 0), L"material.density", density));
+    EXPECT_EQ(Shown(Part(*session, 0), L"mass"), L"500");
+
+    EXPECT_TRUE(session->SaveAs(m_folder / "gear.step"));
+    EXPECT_FALSE(session->IsProductFile());
+    EXPECT_FALSE(session->SaveAs(session->GetProductPath()));
+    EXPECT_TRUE(session->IsProductFile());
+    EXPECT_FALSE(session->IsModified());
+    EXPECT_EQ(session->GetPath(), m_folder / "gear.json");
+
+    auto read = desktop::store::ReadProductFile(m_folder / "gear.json");
+    ASSERT_TRUE(std::holds_alternative<platform::ProductModel>(read));
+    EXPECT_EQ(std::get<platform::ProductModel>(read).objects[1].volume, 0.25);
+    session->Undo();
+    EXPECT_EQ(Shown(Part(*session, 0), L"mass"), L"");
+    EXPECT_TRUE(session->IsModified());
+}
+
+TEST_F(SessionTest, MeasuresThatComeAfterSavingAreStillToBeSaved) {
+    const auto session = Open("gear.step", true);
+    EXPECT_FALSE(session->SaveAs(m_folder / "gear.json"));
+    session->TakeMeasures({{{support::Key("case"), 0.5}}, {}});
+    EXPECT_TRUE(session->IsModified());
+    EXPECT_FALSE(session->SaveAs(m_folder / "gear.json"));
+    EXPECT_FALSE(session->IsModified());
+}
+
+TEST_F(SessionTest, AFileThatCannotBeWrittenLeavesTheSessionAsItWas) {
+    const auto session = Open("a.json");
+    Rename(*session, L"Housing");
+    EXPECT_TRUE(session->SaveAs(m_folder / "no" / "such.json"));
+    EXPECT_TRUE(session->IsModified());
+    EXPECT_EQ(session->GetPath(), m_folder / "a.json");
+}
+
+TEST_F(SessionTest, AChangeOnDiskIsNoticedOnceAndOurOwnNever) {
+    const auto session = Open("a.json");
+    const auto write = [&](const std::string& text) {
+        std::ofstream(m_folder / "a.json", std::ios::binary) << text;
+    };
+    ASSERT_FALSE(session->SaveAs(m_folder / "a.json"));
+    EXPECT_FALSE(session->NoticeChangeOnDisk());
+    write(desktop::store::FormatProduct(Gearbox()));
+    EXPECT_FALSE(session->NoticeChangeOnDisk()) << "the same contents";
+    write("{");
+    EXPECT_TRUE(session->NoticeChangeOnDisk());
+    EXPECT_FALSE(session->NoticeChangeOnDisk());
+    std::filesystem::remove(m_folder / "a.json");
+    EXPECT_FALSE(session->NoticeChangeOnDisk());
+}
+
+TEST_F(SessionTest, AFileReadAgainKeepsTheUsersViewByIdentity) {
+    const auto session = Open("a.json");
+    platform::TreeTableRow& section = session->GetView().GetRoot()->GetChildRow(0);
+    section.SetExpandedByUser(true);
+    session->GetView().SelectByUser({&Part(*session, 0)}, &Part(*session, 0));
+    Rename(*session, L"Housing");
+    platform::ProductModel other = Gearbox();
+    other.objects.insert(other.objects.begin(), support::Product()
+                                                    .Object("arm")
+                                                    .Name(L"Arm")
+                                                    .Section(20, L"Parts")
+                                                    .Uses()
+                                                    .Model()
+                                                    .objects[0]);
+    ASSERT_FALSE(desktop::store::WriteProductFile(m_folder / "a.json", other));
+    EXPECT_FALSE(session->Reload());
+    EXPECT_EQ(support::DumpView(session->GetView(), {.expandedOnly = true, .selection = true}),
+              "Gearbox [Parts (x4) [Arm | >>Case | Pin (x2)+]]");
+    EXPECT_FALSE(session->IsModified());
+    EXPECT_FALSE(session->CanUndo());
+}
+
+TEST_F(SessionTest, AnInvalidFileKeepsTheOpenProduct) {
+    const auto session = Open("a.json");
+    Rename(*session, L"Housing");
+    const std::string before = Dump(*session);
+    std::ofstream(m_folder / "a.json") << "{\"format\":\n 7}";
+    const auto error = session->Reload();
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason.find('\n'), std::string::npos);
+    EXPECT_EQ(Dump(*session), before);
+    EXPECT_TRUE(session->CanUndo());
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+// The two tables that say which cell and which head a column has, row by row: the maker makes the
+// class, and what it makes survives a reading, an edit, no value and a value of another kind.
+
+#include "cells/MarkingCells.h"
+#include "cells/NameCells.h"
+#include "cells/PlainCells.h"
+#include "cells/TypedGroupCells.h"
+#include "columns/headers/HeaderTable.h"
+#include "columns/headers/PlainHeaders.h"
+#include "items/ProductTreeItemImpl.h"
+#include "tests/library/PanelTest.h"
+
+#include <gtest/gtest.h>
+#include <typeindex>
+
+namespace {
+
+using namespace productTree;
+using platform::PropertyRecord;
+using platform::TreeTableRow;
+using support::Product;
+
+const std::type_index c_nothing = typeid(void);
+
+template <class Object>
+std::type_index ClassOf(const std::shared_ptr<Object>& object) {
+    if (!object)
+        return c_nothing;
+    const Object& made = *object;
+    return typeid(made);
+}
+
+struct TableRow {
+    const wchar_t* columnId;
+    std::type_index objectCell;
+    std::type_index groupCell;
+    std::type_index head;
+};
+
+const TableRow c_rows[] = {
+    {L"material.density", typeid(DoubleCellImpl), c_nothing, typeid(DoubleHeaderImpl)},
+    {L"mass", typeid(DoubleCellImpl), c_nothing, typeid(DoubleHeaderImpl)},
+    {L"notSected", c_nothing, c_nothing, c_nothing},
+    {L"material", c_nothing, c_nothing, c_nothing},
+    {L"featureType", typeid(FeatureTypeCellImpl), typeid(DisabledGroupCellImpl),
+     typeid(FeatureTypeHeaderImpl)},
+    {L"position", c_nothing, c_nothing, typeid(StringHeaderImpl)},
+    {L"stampAuthor", c_nothing, c_nothing, c_nothing},
+    {L"signer", c_nothing, c_nothing, c_nothing},
+    {L"revisionLetter", c_nothing, c_nothing, c_nothing},
+    {L"SPCSection", c_nothing, c_nothing, c_nothing},
+    {L"specRoughSign", c_nothing, typeid(DisabledGroupCellImpl), c_nothing},
+    {L"specRoughValue", c_nothing, typeid(DisabledGroupCellImpl), c_nothing},
+    {L"count", c_nothing, c_nothing, c_nothing},
+    {L"comment", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
+    {L"author", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
+    {L"sheetsNumber", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl)},
+    {L"fromExternalLibrary", typeid(BoolCellImpl), typeid(UserBoolGroupCellImpl),
+     typeid(BoolHeaderImpl)},
+    {L"user.1001", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl)},
+    {L"user.1002", typeid(DoubleCellImpl), typeid(UserDoubleGroupCellImpl),
+     typeid(DoubleHeaderImpl)},
+    {L"user.1003", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
+    {L"user.1004", typeid(BoolCellImpl), typeid(UserBoolGroupCellImpl), typeid(BoolHeaderImpl)},
+    {L"user.1005", typeid(ListCellImpl), typeid(ListGroupCellImpl), typeid(ListHeaderImpl)},
+    {L"user.1006", c_nothing, c_nothing, c_nothing},
+};
+
+// A group of two with one part below it, and a billet.
+Product AllKindsOfRows() {
+    Product product;
+    product.Root(L"r").Simplified();
+    for (unsigned type = 0; type <= 5; ++type) {
+        PropertyRecord record;
+        record.number = 1001 + type;
+        record.type = type == 4 ? 2 : type == 5 ? 7 : type;
+        if (type == 4)
+            record.list = {SimplePropVal(L"x"), SimplePropVal(L"y")};
+        product.Property(record);
+    }
+    return product.Object("a").Name(L"a").Designation(L"1").Uses(2);
+}
+
+class Tables : public testing::Test {
+protected:
+    ColumnInfo Column(const wchar_t* id) const {
+        return ColumnInfo(m_panel.data->GetPropertyDescription(id));
+    }
+
+    TreeTableRow& Section() { return m_panel.View().GetRoot()->GetChildRow(0); }
+    TreeTableRow& Group() { return Section().GetChildRow(0); }
+
+    std::shared_ptr<ProductTreeCellImpl> Make(const TreeTableRow& row, const ColumnInfo& column) {
+        return FindItemOfRow(row)->CreateCell(column);
+    }
+
+    Panel m_panel{AllKindsOfRows()};
+};
+
+TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
+    for (const TableRow& row : c_rows) {
+        const ColumnInfo column = Column(row.columnId);
+        const std::string id(column.GetId().begin(), column.GetId().end());
+        EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), column)), row.objectCell) << id;
+        EXPECT_EQ(ClassOf(Make(*m_panel.View().GetRoot(), column)),
+                  id == "count" ? typeid(EmptyDisabledCellImpl) : row.objectCell)
+            << id;
+        EXPECT_EQ(ClassOf(Make(Group(), column)), row.groupCell) << id;
+        EXPECT_EQ(ClassOf(Make(Section(), column)), c_nothing) << id;
+        EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), row.head)
+            << id;
+    }
+    const ColumnInfo name(L"name", {}, 0);
+    const ColumnInfo marking(L"marking", {}, 0);
+    EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), name)), typeid(NameCellImpl));
+    EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), marking)), typeid(MarkingCellImpl));
+    EXPECT_EQ(ClassOf(Make(Group(), name)), typeid(NameGroupCellImpl));
+    EXPECT_EQ(ClassOf(Make(Group(), marking)), typeid(MarkingGroupCellImpl));
+}
+
+TEST_F(Tables, MassAndDensityAreTypedOnlyWhereThereAreNoMaterials) {
+    m_panel.Change([](platform::ProductModel& model) { model.isSimplified = false; });
+    for (const wchar_t* id : {L"mass", L"material.density"}) {
+        EXPECT_FALSE(Make(Group().GetChildRow(0), Column(id)));
+        EXPECT_FALSE(CreateHeader(Column(id), m_panel.data.get(), &m_panel.View()));
+    }
+}
+
+TEST_F(Tables, EveryCellSurvivesReadingsEditsAndValuesOfAnyKind) {
+    const PropValue values[] = {PropValue(),
+                                PropValue(SimplePropVal(L"text")),
+                                PropValue(SimplePropVal(true)),
+                                PropValue(SimplePropVal(7)),
+                                PropValue(SimplePropVal(0.5)),
+                                PropValue(SimplePropVal(DateTime{1})),
+                                VariantMarking().GetPropValue()};
+    std::vector<ColumnInfo> columns{ColumnInfo(L"name", {}, 0), ColumnInfo(L"marking", {}, 0)};
+    for (const TableRow& row : c_rows)
+        columns.push_back(Column(row.columnId));
+    for (TreeTableRow* row : {m_panel.View().GetRoot(), &Group(), &Group().GetChildRow(0)}) {
+        for (const ColumnInfo& column : columns) {
+            const auto cell = Make(*row, column);
+            if (!cell)
+                continue;
+            // Before the row has a place for it, and with one.
+            cell->Update();
+            cell->OnValueEdited();
+            cell->InitEditor();
+            for (const PropValue& value : values) {
+                ProductInfObjChangesResult changes = cell->MakeChanges(value, std::nullopt);
+                m_panel.data->CommitChanges(changes);
+                m_panel.Tree().Refresh();
+                cell->Update();
+                EXPECT_EQ(cell->OnValueEdited().action, TreeActionResult::Nothing)
+                    << "nobody has typed anything, column "
+                    << std::string(column.GetId().begin(), column.GetId().end());
+            }
+            TreeActionResult result;
+            EXPECT_FALSE(cell->ExecCommand(7759, result)) << "a command of other layers";
+            EXPECT_EQ(result.action, TreeActionResult::Nothing);
+            cell->GetAvailableCommands();
+        }
+    }
+}
+
+TEST_F(Tables, EveryHeadSurvivesAnEditThatNobodyMade) {
+    m_panel.View().SelectByUser({&Group(), &Group().GetChildRow(0)}, &Group());
+    for (const TableRow& row : c_rows) {
+        const auto head = CreateHeader(Column(row.columnId), m_panel.data.get(), &m_panel.View());
+        if (!head)
+            continue;
+        head->InitEditor();
+        EXPECT_EQ(head->OnValueEdited().action, TreeActionResult::Nothing);
+        EXPECT_EQ(head->OnClicked().action, TreeActionResult::Nothing);
+        EXPECT_EQ(head->OnPopupCommand(1).action, TreeActionResult::Nothing);
+    }
+}
+
+} // namespace
