@@ -39,11 +39,15 @@ ALLOCATIONS = {
 
 
 class Run:
-    def __init__(self, path):
+    def __init__(self, paths):
         self.values = {}
         self.errors = []
-        with open(path, encoding="utf-8") as file:
-            rows = json.load(file)["benchmarks"]
+        for path in paths:
+            with open(path, encoding="utf-8") as file:
+                self.take(json.load(file)["benchmarks"])
+        self.names = sorted({name for name, size, _ in self.values if size == LARGE})
+
+    def take(self, rows):
         for row in rows:
             if row.get("error_occurred"):
                 self.errors.append(f"{row['run_name']}: {row['error_message']}")
@@ -51,7 +55,6 @@ class Run:
                 name, size = row["run_name"].split("/")[:2]
                 for what, key in (("ms", "cpu_time"), ("allocations",) * 2, ("bytes",) * 2):
                     self.add((name, int(size), what), row[key])
-        self.names = sorted({name for name, size, _ in self.values if size == LARGE})
 
     def add(self, key, value):
         """Of repetitions the least counts: whatever else the machine does only adds to it."""
@@ -104,7 +107,7 @@ def print_ratios(run):
 
 
 def main():
-    run = Run(sys.argv[1])
+    run = Run(sys.argv[1:])
     print_times(run)
     print_memory(run)
     print_ratios(run)

@@ -8,9 +8,19 @@ namespace {
 
 // Most classes add nothing to the base, or fit into what alignment leaves of it. Each cell is
 // listed for its destruction.
-constexpr std::size_t c_usualCellSize = sizeof(ProductTreeCellImpl) + sizeof(void*);
+constexpr std::size_t c_usualCellSize = CellArena::c_alignment + sizeof(void*);
+static_assert(sizeof(void*) != 8 || sizeof(ProductTreeCellImpl) <= CellArena::c_alignment);
 
-constexpr std::size_t c_spare = 2 * sizeof(void*);
+// One cell of each row remembers more than the others; the list of cells ends anywhere.
+constexpr std::size_t c_spare = 2 * CellArena::c_alignment;
+
+void* Allocate(std::size_t size) {
+    return ::operator new(size, std::align_val_t(CellArena::c_alignment));
+}
+
+void Free(void* piece) noexcept {
+    ::operator delete(piece, std::align_val_t(CellArena::c_alignment));
+}
 
 // Hands out again what was given back, as long as it is asked for in the same size: another size
 // comes with other columns, and what is kept of the old one is of no use any more.
@@ -28,14 +38,14 @@ public:
             Drop();
             m_size = size;
         }
-        return m_first ? std::exchange(m_first, m_first->next) : ::operator new(size);
+        return m_first ? std::exchange(m_first, m_first->next) : Allocate(size);
     }
 
     void GiveBack(void* piece, std::size_t size) noexcept {
         if (m_isKeeping && size == m_size)
             m_first = new (piece) Piece{m_first};
         else
-            ::operator delete(piece);
+            Free(piece);
     }
 
 private:
@@ -45,7 +55,7 @@ private:
 
     void Drop() noexcept {
         while (m_first)
-            ::operator delete(std::exchange(m_first, m_first->next));
+            Free(std::exchange(m_first, m_first->next));
     }
 
     bool m_isKeeping = false;

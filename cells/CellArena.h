@@ -16,6 +16,9 @@ class ProductTreeCellImpl;
 
 class CellArena : public std::enable_shared_from_this<CellArena> {
 public:
+    /// A cell is a line of the processor's cache: a refresh reads each once.
+    static constexpr std::size_t c_alignment = 64;
+
     /// Room for that many cells of the usual size; it grows where that was too little.
     explicit CellArena(std::size_t cellCount);
     CellArena(const CellArena&) = delete;
@@ -36,7 +39,7 @@ public:
     template <class Cell, class... Args>
     std::shared_ptr<ProductTreeCellImpl> Make(Args&&... args) {
         m_cells.reserve(m_cells.size() + 1);
-        void* place = m_memory.allocate(sizeof(Cell), alignof(Cell));
+        void* place = m_memory.allocate(sizeof(Cell), c_alignment);
         m_cells.push_back(new (place) Cell(std::forward<Args>(args)...));
         return {shared_from_this(), m_cells.back()};
     }

@@ -53,8 +53,8 @@ ProductInfObjChangesResult MarkingCellImpl::MakeChanges(const PropValue& value,
 }
 
 void MarkingCellImpl::Update() {
-    ResetCaches();
-    const PropValue value = m_data->GetValue(MakeRef());
+    const PropertyReading reading = Read();
+    const PropValue& value = reading.value;
     // The seven parts are taken out of a tree and put together again only where there is news.
     const bool isCodeLocked = GetItem().IsMarkingCodeLocked();
     if (!value.SharesTree(m_propValue) || isCodeLocked != m_isCodeLocked) {
@@ -73,7 +73,7 @@ void MarkingCellImpl::Update() {
         if (hypertext)
             editor->SetLinkStyle(GetLinkStyle());
         editor->SetReadOnly(!IsEditable());
-        editor->SetIcon(GetSourceIcon());
+        editor->SetIcon(FindSourceIcon(reading.bySource));
     }
 }
 
@@ -104,7 +104,7 @@ std::set<int> MarkingCellImpl::GetAvailableCommands() {
 
 MarkingGroupCellImpl::MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
                                            const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
+    : CellWithPropValue(data, std::move(row), column, GroupMode::NoValue, key) {}
 
 void MarkingGroupCellImpl::InitEditor() {}
 

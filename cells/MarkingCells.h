@@ -2,14 +2,15 @@
 // item reads and writes for them.
 #pragma once
 
+#include "cells/CellWithPropValue.h"
 #include "cells/GroupCellImpl.h"
 
 namespace productTree {
 
 /// The designation of one object.
-class MarkingCellImpl final : public ProductTreeCellImpl {
+class MarkingCellImpl final : public CellWithPropValue<ProductTreeCellImpl> {
 public:
-    using ProductTreeCellImpl::ProductTreeCellImpl;
+    using CellWithPropValue::CellWithPropValue;
 
     void InitEditor() override;
     ProductInfObjChangesResult MakeChanges(const PropValue& value,
@@ -26,7 +27,7 @@ private:
 };
 
 /// The members' common designation, or none.
-class MarkingGroupCellImpl final : public GroupCellImpl {
+class MarkingGroupCellImpl final : public CellWithPropValue<GroupCellImpl> {
 public:
     MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
                          const UniqueMetaObjectKey& key);

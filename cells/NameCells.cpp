@@ -29,18 +29,18 @@ ProductInfObjChangesResult NameCellImpl::MakeChanges(const PropValue& value, std
 }
 
 void NameCellImpl::Update() {
-    ResetCaches();
     m_row->SetSectionNameStyle(false);
     m_row->SetSectionRowStyle(false);
 
-    const SharedText text = m_data->GetValue(MakeRef()).to_wstring();
+    const PropertyReading reading = Read();
+    const SharedText text = reading.value.to_wstring();
     m_row->SetName(text, GetItem().GetDisplayName(text), keys::name);
     const bool hypertext = HasHypertext();
     m_row->SetNameHypertext(hypertext);
     if (hypertext)
         m_row->SetNameLinkStyle(GetLinkStyle());
     m_row->SetNameEditable(IsEditable());
-    m_row->SetNameIcon(GetSourceIcon());
+    m_row->SetNameIcon(FindSourceIcon(reading.bySource));
     SetShownValue(SimplePropVal(text));
 }
 
@@ -75,7 +75,7 @@ std::set<int> NameCellImpl::GetAvailableCommands() {
 
 NameGroupCellImpl::NameGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
                                      const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
+    : CellWithPropValue(data, std::move(row), column, GroupMode::NoValue, key) {}
 
 void NameGroupCellImpl::InitEditor() {}
 

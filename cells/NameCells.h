@@ -2,6 +2,7 @@
 // and have no cell slot there.
 #pragma once
 
+#include "cells/CellWithPropValue.h"
 #include "cells/GroupCellImpl.h"
 
 namespace productTree {
@@ -23,7 +24,7 @@ public:
 };
 
 /// The members' common name with their count, or the count alone.
-class NameGroupCellImpl final : public GroupCellImpl {
+class NameGroupCellImpl final : public CellWithPropValue<GroupCellImpl> {
 public:
     NameGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
                       const UniqueMetaObjectKey& key);

@@ -42,14 +42,14 @@ ProductInfObjChangesResult StringCellImpl::MakeChanges(const PropValue& value, s
 }
 
 void StringCellImpl::Update() {
-    ResetCaches();
-    const SharedText text = m_data->GetValue(MakeRef()).GetLabel();
+    const PropertyReading reading = Read();
+    const SharedText& icon = FindSourceIcon(reading.bySource);
+    const SharedText text = reading.value.GetLabel();
     const SharedText shown = FormatLabelForDisplay(text);
     if (HasHypertext())
-        ShowLink(shown);
+        ShowLink(shown, icon);
     else
-        m_row->SetTextCell(GetColumnId(), text, shown, IsEditable(), false, GetSourceIcon(),
-                           GetPopupMenu());
+        m_row->SetTextCell(GetColumnId(), text, shown, IsEditable(), false, icon, GetPopupMenu());
     SetShownValue(SimplePropVal(text));
 }
 
@@ -77,26 +77,21 @@ ProductInfObjChangesResult IntCellImpl::MakeChanges(const PropValue& value, std:
 }
 
 void IntCellImpl::Update() {
-    ResetCaches();
-    const PropValue stored = m_data->GetValue(MakeRef());
+    const PropertyReading reading = Read();
+    const SharedText& icon = FindSourceIcon(reading.bySource);
     std::optional<int> value;
-    if (!stored.IsEmpty())
-        value = m_column.ApplyUnitCoefficient(stored.to_int());
+    if (!reading.value.IsEmpty())
+        value = m_column.ApplyUnitCoefficient(reading.value.to_int());
     if (HasHypertext())
-        ShowLink(ToText(value));
+        ShowLink(ToText(value), icon);
     else
         m_row->SetIntCell(GetColumnId(), value, ToLimit(m_column.GetMin()),
-                          ToLimit(m_column.GetMax()), IsEditable(), false, GetSourceIcon());
+                          ToLimit(m_column.GetMax()), IsEditable(), false, icon);
     SetShownValue(ToSimpleValue(value));
 }
 
-// An emptied editor is no wish to take the value away: integers have no such state.
 TreeActionResult IntCellImpl::OnValueEdited() {
-    ProductInfObjChangesResult changes;
-    if (const std::optional<int> value = m_row->GetIntValue(GetColumnId()))
-        changes = MakeChanges(PropValue(SimplePropVal(m_column.UnapplyUnitCoefficient(*value))),
-                              std::nullopt);
-    return FinishEdit(std::move(changes), TreeActionResult::ValuesChanged,
+    return FinishEdit(MakeChangesFromInt(), TreeActionResult::ValuesChanged,
                       [this] { m_row->SetIntValue(GetColumnId(), ToInt(m_value)); });
 }
 
@@ -112,24 +107,21 @@ ProductInfObjChangesResult DoubleCellImpl::MakeChanges(const PropValue& value, s
 }
 
 void DoubleCellImpl::Update() {
-    ResetCaches();
-    const PropValue stored = m_data->GetValue(MakeRef());
+    const PropertyReading reading = Read();
+    const SharedText& icon = FindSourceIcon(reading.bySource);
     std::optional<double> value;
-    if (!stored.IsEmpty())
-        value = m_column.ApplyUnitCoefficient(stored.to_double());
+    if (!reading.value.IsEmpty())
+        value = m_column.ApplyUnitCoefficient(reading.value.to_double());
     if (HasHypertext())
-        ShowLink(ToText(value));
+        ShowLink(ToText(value), icon);
     else
         m_row->SetDoubleCell(GetColumnId(), value.value_or(0), value.has_value(), IsEditable(),
-                             GetSourceIcon(), m_column.GetMin(), m_column.GetMax());
+                             icon, m_column.GetMin(), m_column.GetMax());
     SetShownValue(ToSimpleValue(value));
 }
 
 TreeActionResult DoubleCellImpl::OnValueEdited() {
-    PropValue stored;
-    if (const std::optional<double> value = m_row->GetDoubleValue(GetColumnId()))
-        stored = PropValue(SimplePropVal(m_column.UnapplyUnitCoefficient(*value)));
-    return FinishEdit(MakeChanges(stored, std::nullopt), TreeActionResult::ValuesChanged, [this] {
+    return FinishEdit(MakeChangesFromDouble(), TreeActionResult::ValuesChanged, [this] {
         m_row->SetDoubleValue(GetColumnId(), m_value.to_double(), !m_value.IsEmpty());
     });
 }
@@ -144,9 +136,10 @@ ProductInfObjChangesResult BoolCellImpl::MakeChanges(const PropValue& value, std
 
 // A truth value never shows as a link: its box has no text to click.
 void BoolCellImpl::Update() {
-    ResetCaches();
-    const SimplePropVal stored = m_data->GetValue(MakeRef()).GetSimpleValue();
-    m_row->SetBoolCell(GetColumnId(), ToBool(stored), true, IsEditable(), GetSourceIcon());
+    const PropertyReading reading = Read();
+    const SimplePropVal& stored = reading.value.GetSimpleValue();
+    m_row->SetBoolCell(GetColumnId(), ToBool(stored), true, IsEditable(),
+                       FindSourceIcon(reading.bySource));
     SetShownValue(stored);
 }
 
@@ -170,20 +163,11 @@ int ListCellImpl::GetValueIndex() {
 
 void ListCellImpl::Update() {
     ResetCaches();
-    const int index = GetValueIndex();
-    const std::list<SimplePropVal>& list = m_column.GetShownList();
-    m_row->SetListCell(GetColumnId(), list, index, IsEditable(), GetSourceIcon());
-    const SimplePropVal* const shown = GetFromList(list, index);
-    SetShownValue(shown ? *shown : SimplePropVal());
+    ShowFromList(GetValueIndex());
 }
 
-// The list of stored values has the same places as the list that is shown.
 TreeActionResult ListCellImpl::OnValueEdited() {
-    ProductInfObjChangesResult changes;
-    if (const SimplePropVal* const value =
-            GetFromList(m_column.GetStoredList(), m_row->GetListIndex(GetColumnId())))
-        changes = MakeChanges(PropValue(*value), std::nullopt);
-    return FinishEdit(std::move(changes), TreeActionResult::ValuesChanged, [this] {
+    return FinishEdit(MakeChangesFromList(), TreeActionResult::ValuesChanged, [this] {
         const int index = FindInList(m_column.GetShownList(), m_value);
         if (index >= 0)
             m_row->SetListIndex(GetColumnId(), index);

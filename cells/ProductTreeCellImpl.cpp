@@ -1,6 +1,7 @@
 #include "cells/ProductTreeCellImpl.h"
 
 #include "cells/CellCommands.h"
+#include "cells/CellValues.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemImpl.h"
@@ -19,6 +20,13 @@ bool IsBySourceWanted(const SharedText& icon) {
 constexpr int c_liveLink = 2;
 
 } // namespace
+
+const SharedText& FindSourceIcon(std::optional<bool> bySource) {
+    static const SharedText none;
+    if (!bySource)
+        return none;
+    return *bySource ? sourceIcons::bySource : sourceIcons::notBySource;
+}
 
 void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes) {
     all += changes;
@@ -161,10 +169,7 @@ bool ProductTreeCellImpl::CanTransmitToSource() {
 }
 
 SharedText ProductTreeCellImpl::GetSourceIcon() {
-    const std::optional<bool> bySource = m_data->GetBySource(MakeRef());
-    if (!bySource)
-        return {};
-    return *bySource ? sourceIcons::bySource : sourceIcons::notBySource;
+    return FindSourceIcon(m_data->GetBySource(MakeRef()));
 }
 
 int ProductTreeCellImpl::GetLinkStyle() {
@@ -178,10 +183,16 @@ PropertyRef ProductTreeCellImpl::MakeRef() const {
 void ProductTreeCellImpl::SetShownValue(const SimplePropVal& value) {
     // Most readings find what was shown already. Not to write it again keeps the memory of a
     // hundred thousand rows clean.
-    if (value == m_value && value == m_propValue.GetSimpleValue())
-        return;
-    m_value.SetValue(value.GetValue());
-    m_propValue = PropValue(value);
+    if (!(value == m_value))
+        m_value.SetValue(value.GetValue());
+}
+
+PropertyReading ProductTreeCellImpl::Read() {
+    ResetCaches();
+    PropertyReading reading = m_data->ReadProperty(MakeRef());
+    m_editable = !m_key.IsEmpty() && !reading.isReadOnly;
+    m_hasHypertext = m_key != UniqueMetaObjectKey::null && reading.isHypertext;
+    return reading;
 }
 
 void ProductTreeCellImpl::ResetCaches() {
@@ -198,8 +209,8 @@ bool ProductTreeCellImpl::IsInGroupRow() const {
     return GetItem().IsParentGroup();
 }
 
-void ProductTreeCellImpl::ShowLink(const SharedText& shown) {
-    m_row->SetLinkCell(GetColumnId(), shown, false, {}, IsEditable(), false, false, GetSourceIcon(),
+void ProductTreeCellImpl::ShowLink(const SharedText& shown, const SharedText& icon) {
+    m_row->SetLinkCell(GetColumnId(), shown, false, {}, IsEditable(), false, false, icon,
                        GetLinkStyle());
 }
 
@@ -207,6 +218,36 @@ ProductInfObjChangesResult ProductTreeCellImpl::MakeEditableChanges(const PropVa
     if (!IsEditable())
         return {};
     return m_data->MakeValueChanges(MakeRef(), value);
+}
+
+// An emptied editor is no wish to take the value away: integers have no such state.
+ProductInfObjChangesResult ProductTreeCellImpl::MakeChangesFromInt() {
+    const std::optional<int> value = m_row->GetIntValue(GetColumnId());
+    if (!value)
+        return {};
+    return MakeChanges(PropValue(SimplePropVal(m_column.UnapplyUnitCoefficient(*value))),
+                       std::nullopt);
+}
+
+ProductInfObjChangesResult ProductTreeCellImpl::MakeChangesFromDouble() {
+    PropValue stored;
+    if (const std::optional<double> value = m_row->GetDoubleValue(GetColumnId()))
+        stored = PropValue(SimplePropVal(m_column.UnapplyUnitCoefficient(*value)));
+    return MakeChanges(stored, std::nullopt);
+}
+
+// The list of stored values has the same places as the list that is shown.
+ProductInfObjChangesResult ProductTreeCellImpl::MakeChangesFromList() {
+    const SimplePropVal* const value =
+        GetFromList(m_column.GetStoredList(), m_row->GetListIndex(GetColumnId()));
+    return value ? MakeChanges(PropValue(*value), std::nullopt) : ProductInfObjChangesResult();
+}
+
+void ProductTreeCellImpl::ShowFromList(int index) {
+    const std::list<SimplePropVal>& list = m_column.GetShownList();
+    m_row->SetListCell(GetColumnId(), list, index, IsEditable(), GetSourceIcon());
+    const SimplePropVal* const shown = GetFromList(list, index);
+    SetShownValue(shown ? *shown : SimplePropVal());
 }
 
 void ProductTreeCellImpl::EditHypertext(TreeActionResult& out) {
@@ -219,7 +260,7 @@ void ProductTreeCellImpl::EditHypertext(TreeActionResult& out) {
 
 // What is sent is what the user sees, even where the product holds another value by now.
 void ProductTreeCellImpl::TransmitToSource(TreeActionResult& out) {
-    m_data->TransmitToSource(m_column.GetId(), {{m_key, m_propValue}});
+    m_data->TransmitToSource(m_column.GetId(), {{m_key, GetShownPropValue()}});
     out.action = TreeActionResult::Synchronise;
 }
 

@@ -18,6 +18,7 @@
 #include <vector>
 
 class IfProductTreeData;
+struct PropertyReading;
 
 namespace productTree {
 
@@ -34,6 +35,9 @@ inline const SharedText notBySource = L"PRODUCTTREE_VAL_NOT_BY_SRC";
 inline const SharedText mixed = L"PRODUCTTREE_BY_SRC_MIXED";
 
 } // namespace sourceIcons
+
+/// Of what the product data says; empty for a property without source.
+const SharedText& FindSourceIcon(std::optional<bool> bySource);
 
 /// Adds `changes` to `all`.
 void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes);
@@ -55,7 +59,7 @@ public:
     /// `extra` has a value only where a section is chosen: whether the name follows it.
     virtual ProductInfObjChangesResult MakeChanges(const PropValue& value,
                                                    std::optional<int> extra) = 0;
-    /// Reads the value again and shows it. Overrides begin with ResetCaches.
+    /// Reads the value again and shows it. Overrides begin with ResetCaches or Read.
     virtual void Update() = 0;
     /// The value is shown as a link.
     virtual bool HasHypertext();
@@ -88,20 +92,29 @@ public:
     /// The value last shown, in shown units.
     SimplePropVal GetShownValue() const { return m_value; }
     /// The same as a property value; it is what is transmitted to the source.
-    const PropValue& GetShownPropValue() const { return m_propValue; }
+    virtual PropValue GetShownPropValue() const { return PropValue(m_value); }
 
 protected:
     PropertyRef MakeRef() const;
     void SetShownValue(const SimplePropVal& value);
     void ResetCaches();
+    /// Asks for the value and all that is shown with it at once, and fills the caches with it.
+    PropertyReading Read();
     /// The item of the cell's row.
     ProductTreeItemImpl& GetItem() const;
     /// The row stands below a group row.
     bool IsInGroupRow() const;
     /// Shows the value as a link that is followed and not typed over.
-    void ShowLink(const SharedText& shown);
+    void ShowLink(const SharedText& shown, const SharedText& icon);
     /// The changes for a value that has passed the cell's own test; none for a read-only cell.
     ProductInfObjChangesResult MakeEditableChanges(const PropValue& value);
+    /// The changes for what the user has left in the editor of an integer, a real number or a list,
+    /// in shown units.
+    ProductInfObjChangesResult MakeChangesFromInt();
+    ProductInfObjChangesResult MakeChangesFromDouble();
+    ProductInfObjChangesResult MakeChangesFromList();
+    /// Shows the value at that place of the column's list; -1: none of them.
+    void ShowFromList(int index);
     void EditHypertext(TreeActionResult& out);
     void TransmitToSource(TreeActionResult& out);
 
@@ -121,7 +134,6 @@ protected:
     }
 
     SimplePropVal m_value;
-    PropValue m_propValue;
     IfProductTreeData* m_data;
     TreeRowPtr m_row;
     ColumnInfo m_column;

@@ -19,7 +19,7 @@ void StringGroupCellImpl::Update() {
     const SharedText text = GetGroupValue().to_wstring();
     const SharedText shown = FormatLabelForDisplay(text);
     if (HasHypertext())
-        ShowLink(shown);
+        ShowLink(shown, GetSourceIcon());
     else
         m_row->SetTextCell(GetColumnId(), GetRawText(text), shown, IsEditable(), false,
                            GetSourceIcon(), nullptr);
@@ -61,7 +61,7 @@ void UserIntGroupCellImpl::Update() {
     ResetCaches();
     const SimplePropVal value = GetGroupValue();
     if (HasHypertext())
-        ShowLink(FormatLabelForDisplay(value.to_wstring()));
+        ShowLink(FormatLabelForDisplay(value.to_wstring()), GetSourceIcon());
     else
         m_row->SetIntCell(GetColumnId(), ToInt(value), ToLimit(m_column.GetMin()),
                           ToLimit(m_column.GetMax()), IsEditable(), false, GetSourceIcon());
@@ -69,11 +69,7 @@ void UserIntGroupCellImpl::Update() {
 }
 
 TreeActionResult UserIntGroupCellImpl::OnValueEdited() {
-    ProductInfObjChangesResult changes;
-    if (const std::optional<int> value = m_row->GetIntValue(GetColumnId()))
-        changes = MakeChanges(PropValue(SimplePropVal(m_column.UnapplyUnitCoefficient(*value))),
-                              std::nullopt);
-    return FinishEdit(std::move(changes), TreeActionResult::ValuesChanged,
+    return FinishEdit(MakeChangesFromInt(), TreeActionResult::ValuesChanged,
                       [this] { m_row->SetIntValue(GetColumnId(), ToInt(m_value)); });
 }
 
@@ -91,7 +87,7 @@ void UserDoubleGroupCellImpl::Update() {
     ResetCaches();
     const SimplePropVal value = GetGroupValue();
     if (HasHypertext())
-        ShowLink(FormatLabelForDisplay(value.to_wstring()));
+        ShowLink(FormatLabelForDisplay(value.to_wstring()), GetSourceIcon());
     else
         m_row->SetDoubleCell(GetColumnId(), value.to_double(), !value.IsEmpty(), IsEditable(),
                              GetSourceIcon(), m_column.GetMin(), m_column.GetMax());
@@ -99,10 +95,7 @@ void UserDoubleGroupCellImpl::Update() {
 }
 
 TreeActionResult UserDoubleGroupCellImpl::OnValueEdited() {
-    PropValue stored;
-    if (const std::optional<double> value = m_row->GetDoubleValue(GetColumnId()))
-        stored = PropValue(SimplePropVal(m_column.UnapplyUnitCoefficient(*value)));
-    return FinishEdit(MakeChanges(stored, std::nullopt), TreeActionResult::ValuesChanged, [this] {
+    return FinishEdit(MakeChangesFromDouble(), TreeActionResult::ValuesChanged, [this] {
         m_row->SetDoubleValue(GetColumnId(), m_value.to_double(), !m_value.IsEmpty());
     });
 }
@@ -152,19 +145,11 @@ int ListGroupCellImpl::FindGroupIndex() const {
 
 void ListGroupCellImpl::Update() {
     ResetCaches();
-    const int index = FindGroupIndex();
-    const std::list<SimplePropVal>& list = m_column.GetShownList();
-    m_row->SetListCell(GetColumnId(), list, index, IsEditable(), GetSourceIcon());
-    const SimplePropVal* const shown = GetFromList(list, index);
-    SetShownValue(shown ? *shown : SimplePropVal());
+    ShowFromList(FindGroupIndex());
 }
 
 TreeActionResult ListGroupCellImpl::OnValueEdited() {
-    ProductInfObjChangesResult changes;
-    if (const SimplePropVal* const value =
-            GetFromList(m_column.GetStoredList(), m_row->GetListIndex(GetColumnId())))
-        changes = MakeChanges(PropValue(*value), std::nullopt);
-    return FinishEdit(std::move(changes), TreeActionResult::ValuesChanged,
+    return FinishEdit(MakeChangesFromList(), TreeActionResult::ValuesChanged,
                       [this] { m_row->SetListIndex(GetColumnId(), FindGroupIndex()); });
 }
 

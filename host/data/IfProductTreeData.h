@@ -91,6 +91,14 @@ public:
     virtual void SetColumnVisible(const std::wstring& columnId, bool visible) = 0;
 };
 
+/// What there is to know about a value in order to show it; see the operations of these names.
+struct PropertyReading {
+    PropValue value;
+    bool isReadOnly = true;
+    bool isHypertext = false;
+    std::optional<bool> bySource;
+};
+
 /// The values of the cells, and the two steps of a change: operations named Make... build a change
 /// set and change nothing, CommitChanges applies one.
 class IProductDataValues {
@@ -284,4 +292,10 @@ class IfProductTreeData : public IProductDataRefresh,
 public:
     using IProductDataRefresh::IsReadOnly;
     using IProductDataValues::IsReadOnly;
+
+    /// The four questions that a cell has each time it shows its value. Answers as they do one by
+    /// one; a host that looks for the object at each of them can do with one look here.
+    virtual PropertyReading ReadProperty(const PropertyRef& ref) const {
+        return {GetValue(ref), IsReadOnly(ref), IsHypertext(ref), GetBySource(ref)};
+    }
 };

@@ -170,6 +170,8 @@ public:
     bool CanClearPosition(const UniqueMetaObjectKey& key) const override;
     bool IsSectionNumbered(const SPCSection& section) const override;
 
+    PropertyReading ReadProperty(const PropertyRef& ref) const override;
+
 private:
     struct State;
 

@@ -37,6 +37,21 @@ std::optional<Slot> FindOwnValue(const EditRules& rules, const PartEntry& part,
 
 } // namespace
 
+// Of plain parts, which nearly all are, everything but the value is known beforehand.
+PropertyReading MemoryProduct::ReadProperty(const PropertyRef& ref) const {
+    const PartEntry* const part = m_state->index.Find(ref.objectKey);
+    if (!part)
+        return {};
+    const PropertyTraits& property = m_state->GetTraits(ref);
+    if (!part->isPlain)
+        return IfProductTreeData::ReadProperty(ref);
+    PropertyReading reading{ShownValues(m_state->index).Get(*part, property.number),
+                            m_state->model.isReadOnly || property.isReadOnly, false, std::nullopt};
+    if (part->isUse && !property.belongsToObject)
+        reading.bySource = true;
+    return reading;
+}
+
 PropValue MemoryProduct::GetValue(const PropertyRef& ref) const {
     const PartEntry* const part = m_state->index.Find(ref.objectKey);
     return part ? ShownValues(m_state->index).Get(*part, m_state->GetTraits(ref).number)
