@@ -21,6 +21,7 @@ set(productTreeSources
     cells/PlainCells.cpp
     cells/ProductTreeCellImpl.cpp
     cells/RowCommands.cpp
+    cells/SectionAndPositionCells.cpp
     cells/TypedGroupCells.cpp
 
     items/BilletItemImpl.cpp

@@ -78,5 +78,6 @@ inline const std::wstring materials = L"materials";
 inline const std::wstring location = L"location";
 
 inline const std::wstring materialDensity = material + L"." + density;
+inline const std::wstring materialName = material + L"." + name;
 
 } // namespace productTree::keys

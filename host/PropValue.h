@@ -31,6 +31,13 @@ public:
         return HasTree() && other.HasTree() && m_extra->tree == other.m_extra->tree;
     }
 
+    /// What the value holds, to be looked at for as long as the value stands.
+    struct PropData {
+        const SimplePropVal* simple;
+        const Tree* tree;
+    };
+    PropData GetPropData() const noexcept { return {&m_value, &GetPropertyTree()}; }
+
     SharedText to_wstring() const { return m_value.to_wstring(); }
     int to_int() const { return m_value.to_int(); }
     double to_double() const { return m_value.to_double(); }
@@ -60,4 +67,17 @@ private:
     /// Null for most values, which are copied a million times a refresh and have neither format nor
     /// structure.
     boost::intrusive_ptr<const Extra> m_extra;
+};
+
+/// A value that somebody else holds, lent for the time of a call.
+class PropValueRef {
+public:
+    explicit PropValueRef(const PropValue::PropData& data) noexcept : m_data(data) {}
+
+    const SimplePropVal& GetSimpleValue() const noexcept { return *m_data.simple; }
+    /// An empty tree for a value without structure.
+    const PropValue::Tree& GetPropertyTree() const noexcept { return *m_data.tree; }
+
+private:
+    PropValue::PropData m_data;
 };

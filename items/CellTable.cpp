@@ -3,6 +3,7 @@
 #include "cells/MarkingCells.h"
 #include "cells/NameCells.h"
 #include "cells/PlainCells.h"
+#include "cells/SectionAndPositionCells.h"
 #include "cells/TypedGroupCells.h"
 #include "columns/PropertyKeys.h"
 #include "host/data/IfProductTreeData.h"
@@ -57,7 +58,7 @@ const CellRow c_objectCells[] = {
     {keys::notSected,        MakeNone},
     {keys::material,         MakeNone},
     {keys::featureType,      Make<FeatureTypeCellImpl>},
-    {keys::position,         MakeNone},
+    {keys::position,         Make<PosCellImpl>},
     {keys::stampAuthor,      MakeNone},
     {keys::checkedBy,        MakeNone},
     {keys::approvedBy,       MakeNone},
@@ -65,7 +66,7 @@ const CellRow c_objectCells[] = {
     {keys::rateOfInspection, MakeNone},
     {keys::signer,           MakeNone},
     {keys::revisionLetter,   MakeNone},
-    {keys::SPCSection,       MakeNone},
+    {keys::SPCSection,       Make<SPCSectionCellImpl>},
     {keys::specRoughSign,    MakeNone},
     {keys::specRoughValue,   MakeNone},
     {keys::count,            MakeNone},
@@ -77,13 +78,13 @@ const CellRow c_groupCells[] = {
     {keys::mass,             MakeNone},
     {keys::material,         MakeNone},
     {keys::materialDensity,  MakeNone},
-    {keys::SPCSection,       MakeNone},
+    {keys::SPCSection,       Make<SpcSectionGroupCellImpl>},
     {keys::note,             MakeGroup<StringGroupCellImpl, c_all>},
     {keys::zone,             MakeGroup<StringGroupCellImpl, c_all>},
     {keys::format,           MakeGroup<StringGroupCellImpl, c_all>},
     {keys::productCode,      MakeGroup<StringGroupCellImpl, c_common>},
     {keys::jobDescription,   MakeGroup<StringGroupCellImpl, c_common>},
-    {keys::position,         MakeNone},
+    {keys::position,         Make<PosGroupCellImpl>},
     {keys::notSected,        MakeNone},
     {keys::stampAuthor,      MakeNone},
     {keys::checkedBy,        MakeNone},

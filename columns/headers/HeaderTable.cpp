@@ -52,7 +52,7 @@ const HeaderRow c_headers[] = {
     {keys::rateOfInspection, MakeNone},
     {keys::signer,           MakeNone},
     {keys::revisionLetter,   MakeNone},
-    {keys::SPCSection,       MakeNone},
+    {keys::SPCSection,       Make<FeatureTypeHeaderImpl>},
     {keys::specRoughSign,    MakeNone},
     {keys::specRoughValue,   MakeNone},
 };

@@ -51,7 +51,8 @@ public:
     TreeActionResult OnValueEdited() override;
 };
 
-/// The kind of an object can't be chosen: the head shows its caption.
+/// The kind of an object can't be chosen, and a section not for several rows: the head shows its
+/// caption.
 class FeatureTypeHeaderImpl final : public ProductTreeHeaderImpl {
 public:
     using ProductTreeHeaderImpl::ProductTreeHeaderImpl;

@@ -1,6 +1,7 @@
 #include "desktop/window/DialogDecisions.h"
 
 #include "desktop/window/PropertyDialog.h"
+#include "desktop/window/SectionDialog.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -73,6 +74,12 @@ std::optional<platform::PropertyChoice>
 DialogDecisions::ChooseProperty(const platform::PropertyRequest& request) {
     PropertyDialog dialog(request, &m_window);
     return dialog.exec() == QDialog::Accepted ? dialog.GetChoice() : std::nullopt;
+}
+
+std::optional<platform::SectionDecision>
+DialogDecisions::ChooseSection(const platform::SectionRequest& request) {
+    SectionDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? dialog.GetDecision() : std::nullopt;
 }
 
 void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {

@@ -17,6 +17,8 @@ public:
     std::optional<SharedText> EnterText(const platform::TextRequest& request) override;
     std::optional<platform::PropertyChoice>
     ChooseProperty(const platform::PropertyRequest& request) override;
+    std::optional<platform::SectionDecision>
+    ChooseSection(const platform::SectionRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:

@@ -119,7 +119,8 @@ void ShowGroup(QStyleOptionViewItem& option, const QModelIndex& index, const Cel
         Dim(option);
     }
     const bool isBox = index.data(Qt::CheckStateRole).isValid();
-    if (state == GroupValues::State::Different && look.kind != EditKind::None && !isBox) {
+    const bool hasValue = look.kind != EditKind::None || look.link != LinkLook::None;
+    if (state == GroupValues::State::Different && hasValue && !isBox) {
         option.text = c_differs;
         Dim(option);
     }
@@ -157,7 +158,8 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
         Dim(*option);
     if (look.link != LinkLook::None) {
         option->font.setUnderline(true);
-        if (option->text.isEmpty())
+        // A place to click, where a click can come to anything.
+        if (option->text.isEmpty() && !look.isReadOnly)
             option->text = tr("no value");
         if (look.link == LinkLook::Live)
             Paint(*option, option->palette.color(QPalette::Link));

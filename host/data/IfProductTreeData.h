@@ -7,6 +7,7 @@
 #include "host/IfPropertyDescription.h"
 #include "host/PropValue.h"
 #include "host/PropertyRef.h"
+#include "host/SPCSection.h"
 #include "host/UniqueMetaObjectKey.h"
 #include "host/VariantMarking.h"
 #include "host/data/EmbodimentsModel.h"
@@ -146,6 +147,36 @@ public:
     virtual VariantMarking ChooseMarking(const VariantMarking& marking) = 0;
 };
 
+/// What the user has left in the dialog of sections.
+struct SectionChoice {
+    /// He has confirmed it; else the rest says nothing.
+    bool ok = false;
+    /// The name is to follow the section.
+    bool nameLinked = false;
+    /// The structured value of the property "SPCSection".
+    PropValue value;
+};
+
+/// What is particular about the sections that objects stand in. The value of the property
+/// "SPCSection" is a structured one (host/SPCSection.h).
+class IProductDataSections {
+public:
+    virtual ~IProductDataSections() = default;
+
+    /// Lets the user choose a section and whether the name follows it. The dialog begins with
+    /// `value`, which is empty where several objects differ or have none, and with `nameLinked`. It
+    /// changes nothing. `value` is good during the call alone.
+    virtual SectionChoice EditSection(const PropValueRef& value, bool nameLinked) = 0;
+    /// Records whether the object's name follows its section, which is what IsSectionNameLinked
+    /// answers afterwards. The name itself is changed by its own. The set is empty when it is so
+    /// already, and when nothing can be changed.
+    virtual ProductInfObjChangesResult MakeSectionNameChanges(const UniqueMetaObjectKey& key,
+                                                              bool linked) = 0;
+    /// The rows' places depend on the sections of their objects: they are built anew when one
+    /// changes.
+    virtual bool IsSortedBySection() const = 0;
+};
+
 /// Links between properties. The operations that ask the user answer whether anything was changed;
 /// each takes all its values in one step.
 class IProductDataHypertext {
@@ -282,6 +313,7 @@ class IfProductTreeData : public IProductDataRefresh,
                           public IProductDataColumns,
                           public IProductDataValues,
                           public IProductDataMarking,
+                          public IProductDataSections,
                           public IProductDataHypertext,
                           public IProductDataRows,
                           public IProductDataDeleting,

@@ -106,6 +106,10 @@ public:
                                 bool canBeEmpty, bool editable, const SharedText& tip) = 0;
     virtual void InitListEditor(const SharedText& columnId, const std::list<SimplePropVal>& list,
                                 int index, bool editable, const SharedText& tip) = 0;
+    /// A link, with the values of SetLinkCell.
+    virtual void InitLinkEditor(const SharedText& columnId, const SharedText& shown,
+                                bool opensEditor, const SharedText& tip, bool editable,
+                                const SharedText& icon, int style) = 0;
 };
 
 /// What the cells show. `columnId` names the cell; a row without such a cell ignores the call and

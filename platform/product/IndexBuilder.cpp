@@ -75,6 +75,7 @@ void IndexBuilder::AddObject(const ObjectRecord& record, bool isRoot) {
     if (!isKnown) {
         object.ReadName();
         object.ReadMarking();
+        object.ReadSection(m_shared.sections);
         object.ReadProperties(m_shared.layouts);
     }
     // What is shown by links is for those to say who know them.

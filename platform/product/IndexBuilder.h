@@ -11,6 +11,7 @@ namespace platform {
 struct SharedEntries {
     PropertyLayouts& layouts;
     SharedParts& parts;
+    SharedSections& sections;
 };
 
 class IndexBuilder {

@@ -23,6 +23,10 @@ void ObjectEntry::ReadMarking() {
     marking = record->marking.IsEmpty() ? PropValue() : record->marking.GetPropValue();
 }
 
+void ObjectEntry::ReadSection(SharedSections& sections) {
+    section = sections.Get(record->section);
+}
+
 void ObjectEntry::ReadProperties(PropertyLayouts& layouts) {
     layout = &layouts.Get(record->properties);
     values = record->properties.data();
@@ -47,6 +51,24 @@ void PartEntry::ReadOwnership() {
     hasOwnValues = isUse && (!record->properties.empty() || !record->links.empty());
     hasLinks = !record->links.empty() || !object->record->links.empty();
     isPlain = !isRoot && !hasOwnValues && !hasLinks && !hasReadOnlyProperties;
+}
+
+std::size_t SharedSections::Hash::operator()(const SPCSection& section) const {
+    std::size_t hash = 0;
+    for (const std::int32_t number : section.numbers)
+        hash = hash * 31 + static_cast<std::size_t>(number);
+    return hash;
+}
+
+const PropValue& SharedSections::Get(const SPCSection& section) {
+    if (!m_last || !(m_last->first == section))
+        m_last = &*m_values.try_emplace(section, spc_section::ToPropValue(section)).first;
+    return m_last->second;
+}
+
+void SharedSections::Clear() {
+    m_values.clear();
+    m_last = nullptr;
 }
 
 std::size_t SharedParts::Hash::operator()(const ProductPart& part) const {

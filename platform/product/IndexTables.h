@@ -12,6 +12,23 @@
 
 namespace platform {
 
+/// The sections that objects stand in as values, each of them once: a few for all objects.
+class SharedSections {
+public:
+    /// An empty value for no section.
+    const PropValue& Get(const SPCSection& section);
+    void Clear();
+
+private:
+    struct Hash {
+        std::size_t operator()(const SPCSection& section) const;
+    };
+
+    std::unordered_map<SPCSection, PropValue, Hash> m_values;
+    /// Neighbours are often alike.
+    const std::pair<const SPCSection, PropValue>* m_last = nullptr;
+};
+
 /// An object with what is made from it once, so that questions share instead of making.
 struct ObjectEntry {
     const ObjectRecord* record = nullptr;
@@ -21,9 +38,10 @@ struct ObjectEntry {
     /// Place of its first use among all uses, and how many they are.
     std::uint32_t firstUse = 0;
     std::uint32_t useCount = 0;
-    /// What the object holds, links or not. No values where it has neither name nor marking.
+    /// What the object holds, links or not. No values where it has no such thing.
     PropValue name;
     PropValue marking;
+    PropValue section;
     /// Made of what is shown.
     GroupingRecord grouping;
 
@@ -35,6 +53,7 @@ struct ObjectEntry {
 
     void ReadName();
     void ReadMarking();
+    void ReadSection(SharedSections& sections);
     void ReadProperties(PropertyLayouts& layouts);
     /// Groups the object as if no property were linked.
     void ReadGrouping();

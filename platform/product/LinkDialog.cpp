@@ -42,12 +42,12 @@ std::optional<PropertyChoice> FindCommonTarget(const ShownValues& shown,
 } // namespace
 
 bool CanBeLinked(const PropertyTraits& property) {
-    return property.record && property.number != ProductProperties::markingId &&
-           property.record->list.empty() && property.record->type != Boolean;
+    return property.record && !IsStructured(property.number) && property.record->list.empty() &&
+           property.record->type != Boolean;
 }
 
 bool LinkDialog::CanShow(const std::vector<Slot>& holders, const PropertyTraits& target) const {
-    if (!target.record || target.number == ProductProperties::markingId)
+    if (!target.record || IsStructured(target.number))
         return false;
     return std::ranges::all_of(holders, [&](const Slot& holder) {
         const PropertyRecord* const record = m_rules.properties.Get(holder.number).record;

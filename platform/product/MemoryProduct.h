@@ -87,7 +87,8 @@ public:
     /// Also when nobody describes the property.
     bool IsReadOnly(const PropertyRef& ref) const override;
     /// A text takes what FitValue (ValueFitting.h) takes, a designation the structured value or the
-    /// text of one with the same locked parts; a linked value takes nothing. What an occurrence has
+    /// text of one with the same locked parts, a section one of those that EditSection offers; a
+    /// linked value takes nothing. What an occurrence has
     /// by source is written to its object.
     ProductInfObjChangesResult MakeValueChanges(const PropertyRef& ref,
                                                 const PropValue& value) override;
@@ -109,6 +110,13 @@ public:
     bool IsMarkingChangeAllowed(const UniqueMetaObjectKey& key,
                                 const PropValue& marking) const override;
     VariantMarking ChooseMarking(const VariantMarking& marking) override;
+
+    /// Offers the sections that have rows in the document's style, the default ones without a
+    /// style. Nothing can be chosen where nobody is asked.
+    SectionChoice EditSection(const PropValueRef& value, bool nameLinked) override;
+    ProductInfObjChangesResult MakeSectionNameChanges(const UniqueMetaObjectKey& key,
+                                                      bool linked) override;
+    bool IsSortedBySection() const override;
 
     bool IsHypertext(const PropertyRef& ref) const override;
     bool AreHypertext(const std::vector<UniqueMetaObjectKey>& keys,

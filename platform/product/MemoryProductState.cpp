@@ -42,6 +42,17 @@ SharedText MemoryProduct::State::GetCaption(unsigned long number) const {
                                               : ProductProperties::GetPath(number);
 }
 
+ProductInfObjChangesResult
+MemoryProduct::State::MakeSet(std::shared_ptr<const ProductChange> change) const {
+    ProductInfObjChangesResult changes;
+    ValuePlan plan(index);
+    if (change->Plan(GetRules(), plan) && !plan.IsEmpty()) {
+        changes.changedProperties.insert(ProductProperties::GetPath(change->GetNumber()));
+        changes.Add(std::move(change));
+    }
+    return changes;
+}
+
 bool MemoryProduct::State::Do(Step step) {
     ModelEditor editor(model, index);
     step.Swap(editor, Direction::Forth);

@@ -23,6 +23,8 @@ struct MemoryProduct::State {
         return properties.Get(ref.propertyId);
     }
 
+    /// The set that holds the change, when there is something to change.
+    ProductInfObjChangesResult MakeSet(std::shared_ptr<const ProductChange> change) const;
     /// Makes the step with what follows from it, and remembers it. False: there was nothing to do.
     bool Do(Step step);
     /// Goes a step that is remembered. Null is no step.

@@ -9,19 +9,6 @@ namespace platform {
 
 namespace {
 
-/// The set that holds the change, when there is something to change.
-ProductInfObjChangesResult MakeSet(const EditRules& rules,
-                                   std::shared_ptr<const ProductChange> change,
-                                   const PropertyRef& ref) {
-    ProductInfObjChangesResult changes;
-    ValuePlan plan(rules.index);
-    if (change->Plan(rules, plan) && !plan.IsEmpty()) {
-        changes.changedProperties.insert(ref.propertyId);
-        changes.Add(std::move(change));
-    }
-    return changes;
-}
-
 /// What of an occurrence could be written to its object; no value: nothing.
 std::optional<Slot> FindOwnValue(const EditRules& rules, const PartEntry& part,
                                  unsigned long number) {
@@ -65,9 +52,8 @@ bool MemoryProduct::IsReadOnly(const PropertyRef& ref) const {
 
 ProductInfObjChangesResult MemoryProduct::MakeValueChanges(const PropertyRef& ref,
                                                            const PropValue& value) {
-    return MakeSet(
-        m_state->GetRules(),
-        std::make_shared<ValueChange>(ref.objectKey, m_state->GetTraits(ref).number, value), ref);
+    return m_state->MakeSet(
+        std::make_shared<ValueChange>(ref.objectKey, m_state->GetTraits(ref).number, value));
 }
 
 std::optional<bool> MemoryProduct::GetBySource(const PropertyRef& ref) const {
@@ -81,10 +67,8 @@ std::optional<bool> MemoryProduct::GetBySource(const PropertyRef& ref) const {
 
 ProductInfObjChangesResult MemoryProduct::MakeBySourceChanges(const PropertyRef& ref,
                                                               bool bySource) {
-    return MakeSet(
-        m_state->GetRules(),
-        std::make_shared<BySourceChange>(ref.objectKey, m_state->GetTraits(ref).number, bySource),
-        ref);
+    return m_state->MakeSet(
+        std::make_shared<BySourceChange>(ref.objectKey, m_state->GetTraits(ref).number, bySource));
 }
 
 void MemoryProduct::CommitChanges(ProductInfObjChangesResult& changes) {

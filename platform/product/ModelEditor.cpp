@@ -51,6 +51,17 @@ void ExchangeMarking(VariantMarking& marking, std::optional<PropValue>& value) {
         value = present.GetPropValue();
 }
 
+void ExchangeSection(SPCSection& section, std::optional<PropValue>& value) {
+    SPCSection wanted;
+    if (value)
+        spc_section::FromPropertyTree(wanted, value->GetPropertyTree());
+    const PropValue present = spc_section::ToPropValue(section);
+    section = std::move(wanted);
+    value.reset();
+    if (!present.IsEmpty())
+        value = present;
+}
+
 void ExchangeProperty(PropertyValues& properties, HeldValue& held) {
     std::optional<PropertyValues::value_type> entry;
     if (held.value)
@@ -108,6 +119,8 @@ void ModelEditor::Exchange(HeldValue& held) {
         ExchangeName(GetObject(*part).name, held.value);
     else if (held.number == ProductProperties::markingId)
         ExchangeMarking(GetObject(*part).marking, held.value);
+    else if (held.number == number::section)
+        ExchangeSection(GetObject(*part).section, held.value);
     else
         ExchangeProperty(GetObject(*part).properties, held);
     NoteValue(*part, held.number);
@@ -119,6 +132,14 @@ void ModelEditor::Exchange(HeldLink& held, PartRecord& record) {
     if (held.number == number::density)
         m_densityChanges.push_back(held.part);
     NoteStructure();
+}
+
+void ModelEditor::Exchange(HeldNameLink& held) {
+    ObjectRecord* const object = FindObject(held.object);
+    if (!object)
+        return;
+    std::swap(object->isNameLinkedToSection, held.isLinked);
+    m_isAnythingChanged = true;
 }
 
 void ModelEditor::NoteStructure() {

@@ -27,6 +27,12 @@ struct HeldLink {
     std::size_t place = PartPlace::none;
 };
 
+/// Whether the name of an object follows its section.
+struct HeldNameLink {
+    UniqueMetaObjectKey object;
+    bool isLinked = false;
+};
+
 class ModelEditor {
 public:
     /// Both must outlive the editor and belong together.
@@ -43,6 +49,7 @@ public:
     void Exchange(HeldValue& held);
     /// `record` is that of the link's part. Its place in memory stays.
     void Exchange(HeldLink& held, PartRecord& record);
+    void Exchange(HeldNameLink& held);
     /// Records have come, gone or moved, or say other things of other parts.
     void NoteStructure();
     /// The model may be another one.

@@ -33,6 +33,10 @@ void LinksEdit::Swap(ModelEditor& editor, Direction direction) {
     });
 }
 
+void NameLinksEdit::Swap(ModelEditor& editor, Direction direction) {
+    ForEachIn(m_links, direction, [&](HeldNameLink& held) { editor.Exchange(held); });
+}
+
 template <class Record>
 RecordsSwap<Record>::RecordsSwap(const std::vector<UniqueMetaObjectKey>& keys) {
     m_records.reserve(keys.size());

@@ -39,6 +39,16 @@ private:
     std::vector<HeldLink> m_links;
 };
 
+class NameLinksEdit final : public IModelEdit {
+public:
+    explicit NameLinksEdit(std::vector<HeldNameLink> links) : m_links(std::move(links)) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    std::vector<HeldNameLink> m_links;
+};
+
 /// A record that is in the model or was taken from it.
 template <class Record>
 struct PlacedRecord {

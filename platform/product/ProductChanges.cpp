@@ -2,6 +2,7 @@
 
 #include "host/ProductProperties.h"
 #include "platform/product/PropertyNumbers.h"
+#include "platform/product/StyleSections.h"
 #include "platform/product/ValueFitting.h"
 
 namespace platform {
@@ -13,8 +14,28 @@ std::optional<PropValue> Fit(const EditRules& rules, const PartEntry& part, unsi
     if (number == ProductProperties::markingId)
         return FitMarking(*part.object->record, value);
     if (number == number::section)
-        return std::nullopt; // a section is chosen, and more than a text
+        return FitSection(rules.model, value);
     return FitValue(*rules.properties.Get(number).record, value);
+}
+
+void Put(ValuePlan& plan, const Slot& holder, const PropValue& value) {
+    if (!IsPresentValue(plan.GetHeld(holder).value_or(PropValue()), value))
+        plan.SetValue(holder, value);
+}
+
+/// The row of like objects has one position, whichever of them it was given to. One that keeps its
+/// own is left out.
+void PutToGroup(const EditRules& rules, const PartEntry& object, const PropValue& position,
+                ValuePlan& plan) {
+    if (object.object->record->keepsOwnPosition)
+        return;
+    for (const PartEntry* const like : rules.index.GetLikeObjects(object)) {
+        const Slot slot{like, number::position};
+        const bool isFree = !like->object->record->keepsOwnPosition &&
+                            !rules.IsFixed(*like, number::position) && !plan.IsLinked(slot);
+        if (isFree)
+            Put(plan, slot, position);
+    }
 }
 
 } // namespace
@@ -23,8 +44,11 @@ bool EditRules::IsFixedAt(const PartEntry& part, unsigned long number) {
     const ObjectRecord& object = *part.object->record;
     if (part.hasReadOnlyProperties && object.readOnlyProperties.contains(number))
         return true;
-    // What is worked out is not typed.
-    return part.isRoot && number == number::mass && object.sumsPartMasses;
+    if (!part.isRoot)
+        return false;
+    // What is worked out is not typed, and the product itself stands in no specification.
+    return (number == number::mass && object.sumsPartMasses) || number == number::section ||
+           number == number::position;
 }
 
 const PartEntry* ProductChange::FindPart(const EditRules& rules) const {
@@ -42,9 +66,17 @@ bool ValueChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     std::optional<PropValue> fitted = Fit(rules, *part, GetNumber(), m_value);
     if (!fitted)
         return false;
-    if (!IsPresentValue(plan.GetHeld(holder).value_or(PropValue()), *fitted))
-        plan.SetValue(holder, std::move(*fitted));
+    Put(plan, holder, *fitted);
+    if (GetNumber() == number::position)
+        PutToGroup(rules, *holder.part, *fitted, plan);
     return true;
+}
+
+bool NameLinkChange::Plan(const EditRules& rules, ValuePlan& plan) const {
+    const PartEntry* const part = FindPart(rules);
+    if (part)
+        plan.SetNameLink(*part->owner, m_isLinked);
+    return part != nullptr;
 }
 
 bool BySourceChange::Plan(const EditRules& rules, ValuePlan& plan) const {

@@ -59,6 +59,18 @@ private:
     PropValue m_value;
 };
 
+/// Whether the name follows the section, which is for the object to say.
+class NameLinkChange final : public ProductChange {
+public:
+    NameLinkChange(UniqueMetaObjectKey part, unsigned long number, bool isLinked)
+        : ProductChange(std::move(part), number), m_isLinked(isLinked) {}
+
+    bool Plan(const EditRules& rules, ValuePlan& plan) const override;
+
+private:
+    bool m_isLinked;
+};
+
 /// A use takes the value from its object, or keeps what it shows as its own.
 class BySourceChange final : public ProductChange {
 public:

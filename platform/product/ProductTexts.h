@@ -22,6 +22,9 @@ enum class ProductText : unsigned {
     ItemPropertiesTitle = 1302,
     ItemPropertyLine = 1303,
     LinkRefused = 1306,
+    SectionTitle = 1307,
+    SectionNameLink = 1308,
+    SectionNone = 1309,
 };
 
 /// Empty when the text asks for another number of arguments.

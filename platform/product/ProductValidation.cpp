@@ -116,9 +116,8 @@ private:
         for (std::size_t i = 0; i < values.size(); ++i) {
             const ModelPath place(path, i);
             const auto& [number, value] = values[i];
-            const bool isOwn =
-                number == ProductProperties::nameId || number == ProductProperties::markingId;
-            Check(place, !isOwn, "name and designation are members of the object itself");
+            const bool isOwn = number == ProductProperties::nameId || IsStructured(number);
+            Check(place, !isOwn, "name, designation and section are members of the object itself");
             CheckProperty(place, number);
             Check(place, met.insert(number).second, "the property has a value already");
             CheckSimpleValue(place, value.GetSimpleValue());
@@ -133,13 +132,13 @@ private:
         for (std::size_t i = 0; i < links.size(); ++i) {
             const ModelPath place(path, i);
             CheckProperty(place, links[i].property);
-            Check(place, links[i].property != ProductProperties::markingId,
-                  "a designation can't be a link");
+            Check(place, !IsStructured(links[i].property),
+                  "a designation or a section can't be a link");
             Check(place, met.insert(links[i].property).second, "the property has a link already");
             Check({place, "object"}, !links[i].target.IsEmpty(), "a key is needed");
             CheckProperty({place, "property"}, links[i].targetProperty);
-            Check({place, "property"}, links[i].targetProperty != ProductProperties::markingId,
-                  "a link can't lead to a designation");
+            Check({place, "property"}, !IsStructured(links[i].targetProperty),
+                  "a link can't lead to a designation or a section");
         }
     }
 

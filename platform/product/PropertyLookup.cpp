@@ -8,12 +8,25 @@
 
 namespace platform {
 
+namespace {
+
+/// A material has a name here, and nothing else.
+unsigned long NumberOf(const std::wstring& path) {
+    return path == L"material.name" ? number::material : ProductProperties::GetPropId(path);
+}
+
+} // namespace
+
 bool BelongsToObject(unsigned long number) {
     constexpr unsigned long numbers[] = {ProductProperties::nameId, ProductProperties::markingId,
                                          number::section,           number::material,
                                          number::density,           number::mass,
                                          number::position,          number::count};
     return std::find(std::begin(numbers), std::end(numbers), number) != std::end(numbers);
+}
+
+bool IsStructured(unsigned long number) {
+    return number == ProductProperties::markingId || number == number::section;
 }
 
 void PropertyLookup::Use(const PropertyDescriptions& descriptions) {
@@ -41,7 +54,7 @@ PropertyLookup::Entry& PropertyLookup::FindOrAdd(const SharedText& path) {
         return FindOrAdd(path);
     }
     ++m_entryCount;
-    entry = {path, Get(ProductProperties::GetPropId(path))};
+    entry = {path, Get(NumberOf(path))};
     return entry;
 }
 

@@ -24,6 +24,10 @@ struct PropertyTraits {
 /// numbers.
 bool BelongsToObject(unsigned long number);
 
+/// The properties whose values have a structure: designations and sections. They are no links, and
+/// nothing links to them.
+bool IsStructured(unsigned long number);
+
 class PropertyLookup {
 public:
     PropertyLookup() = default;

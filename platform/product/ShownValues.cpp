@@ -1,7 +1,6 @@
 #include "platform/product/ShownValues.h"
 
 #include "platform/product/PropertyLookup.h"
-#include "platform/product/PropertyNumbers.h"
 
 #include <algorithm>
 
@@ -82,7 +81,7 @@ bool ShownValues::LeadsTo(Slot from, const Slot& to) const {
 
 bool IsGroupedBy(unsigned long number) {
     return number == ProductProperties::nameId || number == ProductProperties::markingId ||
-           number == number::material || number == number::mass;
+           number == number::section || number == number::material || number == number::mass;
 }
 
 bool RegroupByShownValues(ProductIndex& index, const PartEntry& object) {

@@ -4,6 +4,7 @@
 
 #include "host/ProductProperties.h"
 #include "platform/product/ProductIndex.h"
+#include "platform/product/PropertyNumbers.h"
 
 #include <optional>
 
@@ -50,6 +51,8 @@ private:
             return HeldBy(object.name);
         if (number == ProductProperties::markingId)
             return HeldBy(object.marking);
+        if (number == number::section)
+            return HeldBy(object.section);
         return object.FindProperty(number);
     }
     static const PropValue* HeldBy(const PropValue& value) {

@@ -1,6 +1,7 @@
 #include "platform/product/ValuePlan.h"
 
 #include "platform/product/PropertyLookup.h"
+#include "platform/product/PropertyNumbers.h"
 
 #include <algorithm>
 
@@ -61,6 +62,10 @@ void ValuePlan::SetLink(const Slot& holder, std::optional<LinkRecord> link) {
     m_links.Set(holder, std::move(link));
 }
 
+void ValuePlan::SetNameLink(const PartEntry& object, bool isLinked) {
+    m_nameLinks.Set({&object, number::section}, isLinked);
+}
+
 bool ValuePlan::IsNew(const Slot& slot, const std::optional<PropValue>& value) const {
     const PropValue* const held = m_shown.FindHeld(slot);
     return held ? !value || !(*held == *value) : value.has_value();
@@ -71,9 +76,15 @@ bool ValuePlan::IsNew(const Slot& slot, const std::optional<LinkRecord>& link) c
     return present ? !link || !(*present == *link) : link.has_value();
 }
 
+bool ValuePlan::IsNew(const Slot& slot, std::optional<bool> isNameLinked) const {
+    return isNameLinked != slot.part->object->record->isNameLinkedToSection;
+}
+
 bool ValuePlan::IsEmpty() const {
     const auto isNew = [this](const auto& wish) { return IsNew(wish.first, wish.second); };
-    return std::ranges::none_of(m_values.list, isNew) && std::ranges::none_of(m_links.list, isNew);
+    return std::ranges::none_of(m_values.list, isNew) &&
+           std::ranges::none_of(m_links.list, isNew) &&
+           std::ranges::none_of(m_nameLinks.list, isNew);
 }
 
 std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
@@ -87,7 +98,14 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         if (IsNew(slot, link))
             links.push_back({slot.part->key, slot.number, link, PartPlace::none});
     }
+    std::vector<HeldNameLink> nameLinks;
+    for (const auto& [slot, isLinked] : m_nameLinks.list) {
+        if (IsNew(slot, isLinked))
+            nameLinks.push_back({slot.part->key, *isLinked});
+    }
     std::vector<std::unique_ptr<IModelEdit>> edits;
+    if (!nameLinks.empty())
+        edits.push_back(std::make_unique<NameLinksEdit>(std::move(nameLinks)));
     if (!values.empty())
         edits.push_back(std::make_unique<ValuesEdit>(std::move(values)));
     if (!links.empty())

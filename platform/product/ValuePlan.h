@@ -28,6 +28,9 @@ public:
     void TakeBySource(const Slot& use);
     void SetLink(const Slot& holder, std::optional<LinkRecord> link);
 
+    /// Whether the object's name follows its section.
+    void SetNameLink(const PartEntry& object, bool isLinked);
+
     /// Nothing would be changed.
     bool IsEmpty() const;
     std::vector<std::unique_ptr<IModelEdit>> MakeEdits() const;
@@ -50,10 +53,13 @@ private:
 
     bool IsNew(const Slot& slot, const std::optional<PropValue>& value) const;
     bool IsNew(const Slot& slot, const std::optional<LinkRecord>& link) const;
+    bool IsNew(const Slot& slot, std::optional<bool> isNameLinked) const;
 
     ShownValues m_shown;
     Wishes<PropValue> m_values;
     Wishes<LinkRecord> m_links;
+    /// By the objects' sections.
+    Wishes<bool> m_nameLinks;
 };
 
 } // namespace platform

@@ -50,6 +50,11 @@ std::optional<PropertyChoice> ScriptedDecisions::ChooseProperty(const PropertyRe
     return TakeFirst(m_properties);
 }
 
+std::optional<SectionDecision> ScriptedDecisions::ChooseSection(const SectionRequest& request) {
+    m_sectionRequests.push_back(request);
+    return TakeFirst(m_sections);
+}
+
 void ScriptedDecisions::Tell(const SharedText& /*title*/, const SharedText& text) {
     m_messages.push_back(text);
 }

@@ -1,7 +1,7 @@
 // How anything asks the user to decide: a question with buttons, a text to enter, a file to open or
-// to write, a property to link to, a message to take note of. The program answers with real
-// dialogs, a test with a script. Code that needs a decision is given an IUserDecisions and knows no
-// dialog.
+// to write, a property to link to, a section, a message to take note of. The program answers with
+// real dialogs, a test with a script. Code that needs a decision is given an IUserDecisions and
+// knows no dialog.
 #pragma once
 
 #include "host/SharedText.h"
@@ -71,6 +71,29 @@ struct PropertyRequest {
     std::optional<PropertyChoice> present;
 };
 
+/// One of these sections is to be chosen, and whether names follow it.
+struct SectionRequest {
+    struct Section {
+        SharedText name;
+        /// 0 on the top level; else the section stands in the last one before it with less.
+        std::size_t depth = 0;
+    };
+
+    SharedText title;
+    std::vector<Section> sections;
+    /// The place of the one that is chosen now; no value: none of them, or several.
+    std::optional<std::size_t> present;
+    /// What the user is asked beside the section, and the answer that stands there at first.
+    SharedText linkText;
+    bool isNameLinked = false;
+};
+
+struct SectionDecision {
+    /// The place of the chosen section.
+    std::size_t section = 0;
+    bool isNameLinked = false;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -82,6 +105,7 @@ public:
     /// No value when the user has cancelled. An empty text is an answer.
     virtual std::optional<SharedText> EnterText(const TextRequest& request) = 0;
     virtual std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) = 0;
+    virtual std::optional<SectionDecision> ChooseSection(const SectionRequest& request) = 0;
     /// Returns when the user has taken note.
     virtual void Tell(const SharedText& title, const SharedText& text) = 0;
 };
@@ -114,17 +138,22 @@ public:
     void ChooseNextProperty(std::optional<PropertyChoice> choice) {
         m_properties.push_back(std::move(choice));
     }
+    void ChooseNextSection(std::optional<SectionDecision> decision) {
+        m_sections.push_back(decision);
+    }
 
     const std::vector<Question>& GetQuestions() const { return m_questions; }
     const std::vector<FileRequest>& GetFileRequests() const { return m_fileRequests; }
     const std::vector<TextRequest>& GetTextRequests() const { return m_textRequests; }
     const std::vector<PropertyRequest>& GetPropertyRequests() const { return m_propertyRequests; }
+    const std::vector<SectionRequest>& GetSectionRequests() const { return m_sectionRequests; }
     const std::vector<SharedText>& GetMessages() const { return m_messages; }
 
     std::optional<std::size_t> Ask(const Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
     std::optional<SharedText> EnterText(const TextRequest& request) override;
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
+    std::optional<SectionDecision> ChooseSection(const SectionRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:
@@ -132,10 +161,12 @@ private:
     std::deque<std::optional<std::filesystem::path>> m_files;
     std::deque<std::optional<SharedText>> m_texts;
     std::deque<std::optional<PropertyChoice>> m_properties;
+    std::deque<std::optional<SectionDecision>> m_sections;
     std::vector<Question> m_questions;
     std::vector<FileRequest> m_fileRequests;
     std::vector<TextRequest> m_textRequests;
     std::vector<PropertyRequest> m_propertyRequests;
+    std::vector<SectionRequest> m_sectionRequests;
     std::vector<SharedText> m_messages;
 };
 

@@ -61,6 +61,9 @@ public:
                         bool editable, const SharedText& tip) override;
     void InitListEditor(const SharedText& columnId, const std::list<SimplePropVal>& list, int index,
                         bool editable, const SharedText& tip) override;
+    void InitLinkEditor(const SharedText& columnId, const SharedText& shown, bool opensEditor,
+                        const SharedText& tip, bool editable, const SharedText& icon,
+                        int style) override;
 
     void SetTextCell(const SharedText& columnId, const SharedText& text, const SharedText& shown,
                      bool editable, bool recalculable, const SharedText& icon,

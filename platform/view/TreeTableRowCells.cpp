@@ -163,6 +163,13 @@ void TreeTableRow::InitListEditor(const SharedText& columnId, const std::list<Si
     cell.Tip(tip);
 }
 
+void TreeTableRow::InitLinkEditor(const SharedText& columnId, const SharedText& shown,
+                                  bool opensEditor, const SharedText& tip, bool editable,
+                                  const SharedText& icon, int style) {
+    TakeCell(columnId);
+    SetLinkCell(columnId, shown, opensEditor, tip, editable, false, false, icon, style);
+}
+
 void TreeTableRow::SetTextCell(const SharedText& columnId, const SharedText& text,
                                const SharedText& shown, bool editable, bool recalculable,
                                const SharedText& icon, const MenuPtr& popup) {

@@ -2,6 +2,7 @@
 // assemblies stand outside the repository; without them the tests are skipped.
 #include "desktop/JsonPrint.h"
 #include "desktop/window/TreeItemModel.h"
+#include "host/ProductProperties.h"
 #include "tests/desktop/WindowFixture.h"
 #include "tests/support/TestFolder.h"
 
@@ -19,6 +20,8 @@ constexpr double c_plateVolume = 0.0005305752;
 
 constexpr const char* c_density = "Density, kg/m\u00B3";
 constexpr const char* c_mass = "Mass, kg";
+constexpr const char* c_section = "Section";
+constexpr const char* c_position = "Pos.";
 
 class AssemblyEditsTest : public window_tests::WindowFixture {
 protected:
@@ -27,17 +30,21 @@ protected:
         m_file = folder ? folder : PRODUCT_TREE_SOURCES "/../shared/assemblies";
         if (!std::filesystem::is_directory(m_file))
             GTEST_SKIP() << "no assemblies in " << m_file;
-        m_file /= "as1-oc-214.stp";
         std::filesystem::create_directories(m_folder);
     }
     void TearDown() override { std::filesystem::remove_all(m_folder); }
 
-    /// Parts are not measured yet.
-    void Open() {
-        auto opened = desktop::OpenDocument(m_file, {});
+    /// Parts are not measured yet. `columns` are shown before the usual ones.
+    void Open(const char* name = "as1-oc-214.stp",
+              std::initializer_list<const wchar_t*> columns = {},
+              const desktop::step::StepOptions& options = {}) {
+        auto opened = desktop::OpenDocument(m_file / name, options);
         ASSERT_TRUE(std::holds_alternative<desktop::Document>(opened));
-        m_window->Show(
-            std::make_unique<desktop::Session>(std::get<desktop::Document>(std::move(opened))));
+        auto document = std::get<desktop::Document>(std::move(opened));
+        std::vector<unsigned long>& shown = document.model.visibleProperties;
+        for (const wchar_t* path : columns)
+            shown.insert(shown.begin(), ProductProperties::GetPropId(path));
+        m_window->Show(std::make_unique<desktop::Session>(std::move(document)));
         m_window->show();
         m_window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
@@ -62,6 +69,15 @@ protected:
         Press(Qt::Key_F2);
         Type(text);
         Press(Qt::Key_Return);
+    }
+    void ClickLink(const QModelIndex& index) {
+        const QRect cell = Tree().visualRect(index);
+        QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier,
+                          {cell.left() + 12, cell.center().y()});
+        QApplication::processEvents();
+    }
+    static std::string Text(const QModelIndex& index) {
+        return index.data().toString().toStdString();
     }
     double MassOf(const QString& name) const {
         return QLocale().toDouble(Find(name, c_mass).data().toString());
@@ -125,6 +141,67 @@ TEST_F(AssemblyEditsTest, ADensityThatIsGivenBeforeThePartsAreMeasuredMakesTheMa
     EXPECT_EQ(Find("plate", c_mass).data().toString().toStdString(), "");
     Trigger("Redo");
     EXPECT_NEAR(MassOf("plate"), 7850 * c_plateVolume, 1e-5);
+}
+
+/// Among the sections that a document without a style of its own offers.
+constexpr platform::SectionDecision c_standardParts{4, false};
+
+TEST_F(AssemblyEditsTest, APartMovesToTheSectionThatIsChosenAndTakesAPosition) {
+    Open("as1-oc-214.stp", {L"position", L"SPCSection"});
+    EXPECT_EQ(Text(Find("plate", c_section)), "Parts");
+    m_decisions->ChooseNextSection(c_standardParts);
+    ClickLink(Find("plate", c_section));
+    const QModelIndex plate = Find("plate", "Name");
+    EXPECT_EQ(Text(Find("plate", c_section)), "Standard parts");
+    EXPECT_EQ(Text(plate.parent()), "Standard parts (x1)");
+    EXPECT_EQ(Tree().selectionModel()->selectedRows(), QModelIndexList{plate});
+
+    Edit(Find("plate", c_position), "12");
+    EXPECT_EQ(Text(Find("plate", c_position)), "12");
+    for (const char* refused : {"0", "-1", "1.5", "seven"}) {
+        Edit(Find("plate", c_position), refused);
+        EXPECT_EQ(Text(Find("plate", c_position)), "12") << refused;
+    }
+    Shoot("assembly-sections");
+    m_decisions->ChooseNextSection(std::nullopt);
+    ClickLink(Find("plate", c_section));
+    EXPECT_EQ(m_decisions->GetSectionRequests().back().present, c_standardParts.section);
+
+    Trigger("Undo");
+    EXPECT_EQ(Text(Find("plate", c_position)), "");
+    Trigger("Undo");
+    EXPECT_EQ(Text(Find("plate", "Name").parent()), "Parts (x1)");
+    EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(AssemblyEditsTest, AGroupOfTwelveScrewsIsPlacedAsOne) {
+    desktop::step::StepOptions leaves;
+    leaves.flatten = true;
+    Open("cubefactory_01_00_00-shredder_unit.STEP", {L"position", L"SPCSection"}, leaves);
+    const QString name = "01_02_12-cylinder_screw_M5x10-DIN912 (x12)";
+    const auto areAll = [&](const char* column, const std::string& text) {
+        const QModelIndex group = Find(name, "Name");
+        EXPECT_EQ(Tree().model()->rowCount(group), 12);
+        bool isSame = Text(Find(name, column)) == text;
+        for (int i = 0; i < Tree().model()->rowCount(group); ++i)
+            isSame &= Text(Tree().model()->index(i, Column(column), group)) == text;
+        return isSame;
+    };
+    Edit(Find(name, c_position), "7");
+    EXPECT_TRUE(areAll(c_position, "7"));
+    Edit(Find(name, c_position), "none");
+    EXPECT_TRUE(areAll(c_position, "7"));
+    m_decisions->ChooseNextSection(c_standardParts);
+    ClickLink(Find(name, c_section));
+    EXPECT_TRUE(areAll(c_section, "Standard parts"));
+    EXPECT_EQ(Tree().currentIndex().siblingAtColumn(0), Find(name, "Name"));
+
+    Trigger("Undo");
+    EXPECT_TRUE(areAll(c_section, "Parts"));
+    EXPECT_TRUE(areAll(c_position, "7"));
+    Trigger("Undo");
+    EXPECT_TRUE(areAll(c_position, ""));
+    EXPECT_FALSE(m_window->isWindowModified());
 }
 
 } // namespace

@@ -1,12 +1,17 @@
 #include "desktop/window/CellEditors.h"
 #include "desktop/window/ControlPictures.h"
 #include "desktop/window/LocaleNumbers.h"
+#include "desktop/window/SectionDialog.h"
 #include "desktop/window/SourceIcons.h"
 
+#include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QImage>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
@@ -125,6 +130,38 @@ TEST(SourceIcons, TheThreeStatesHavePicturesOfTheirOwn) {
     }
     EXPECT_EQ(icons.Find({}), nullptr);
     EXPECT_EQ(icons.Find(L"OTHER"), nullptr);
+}
+
+std::string Outline(const QTreeWidgetItem& item) {
+    std::string text = item.text(0).toStdString();
+    for (int i = 0; i < item.childCount(); ++i)
+        text += (i == 0 ? " [" : " | ") + Outline(*item.child(i));
+    return item.childCount() > 0 ? text + "]" : text;
+}
+
+TEST(SectionDialogs, ShowTheSectionsAsATreeAndGiveTheChosenOne) {
+    platform::SectionRequest request;
+    request.sections = {
+        {L"Parts", 0}, {L"Loose\nones", 1}, {L"Bolts", 2}, {L"Spare", 1}, {L"Standard", 0}};
+    request.linkText = L"Name";
+    {
+        const SectionDialog dialog(request);
+        EXPECT_FALSE(dialog.GetDecision());
+        const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+        EXPECT_FALSE(buttons->button(QDialogButtonBox::Ok)->isEnabled());
+    }
+    request.present = 2;
+    request.isNameLinked = true;
+    const SectionDialog dialog(request);
+    auto& tree = *dialog.findChild<QTreeWidget*>();
+    EXPECT_EQ(Outline(*tree.invisibleRootItem()),
+              " [Parts [Loose ones [Bolts] | Spare] | Standard]");
+    EXPECT_EQ(dialog.GetDecision()->section, 2U);
+    EXPECT_TRUE(dialog.GetDecision()->isNameLinked);
+    tree.setCurrentItem(tree.topLevelItem(1));
+    dialog.findChild<QCheckBox*>()->setChecked(false);
+    EXPECT_EQ(dialog.GetDecision()->section, 4U);
+    EXPECT_FALSE(dialog.GetDecision()->isNameLinked);
 }
 
 } // namespace

@@ -84,7 +84,7 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
         {[](ProductModel& m) {
              m.objects[1].links = {{ProductProperties::markingId, m.objects[0].key, 11}};
          },
-         "objects[1].links[0]", "a designation can't be a link", "b"},
+         "objects[1].links[0]", "a designation or a section can't be a link", "b"},
         {[](ProductModel& m) { m.objects[1].readOnlyProperties = {998}; },
          "objects[1].readOnlyProperties", "there is no property 998", "b"},
         {[](ProductModel& m) {

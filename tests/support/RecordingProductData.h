@@ -78,6 +78,9 @@ public:
     bool IsHypertext(const PropertyRef& ref) const override { return Note("IsHypertext"), Base::IsHypertext(ref); }
     bool IsMarkingChangeAllowed(const Key& key, const PropValue& marking) const override { return Note("IsMarkingChangeAllowed"), Base::IsMarkingChangeAllowed(key, marking); }
     VariantMarking ChooseMarking(const VariantMarking& marking) override { return Note("ChooseMarking"), Base::ChooseMarking(marking); }
+    SectionChoice EditSection(const PropValueRef& value, bool nameLinked) override { return Note("EditSection"), Base::EditSection(value, nameLinked); }
+    Changes MakeSectionNameChanges(const Key& key, bool linked) override { return Note("MakeSectionNameChanges"), Base::MakeSectionNameChanges(key, linked); }
+    bool IsSortedBySection() const override { return Note("IsSortedBySection"), Base::IsSortedBySection(); }
     bool AreHypertext(const std::vector<Key>& keys, const std::wstring& id) const override { return Note("AreHypertext"), Base::AreHypertext(keys, id); }
     bool IsHypertextActive(const PropertyRef& ref) const override { return Note("IsHypertextActive"), Base::IsHypertextActive(ref); }
     bool CanInsertHypertext(const PropertyRef& ref, unsigned type) const override { return Note("CanInsertHypertext"), Base::CanInsertHypertext(ref, type); }

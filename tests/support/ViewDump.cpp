@@ -13,6 +13,9 @@ std::string DumpRow(const platform::TreeTableRow& row, const DumpOptions& option
     const SharedText& designation = row.GetMarking().GetDisplayText();
     if (options.designations && !designation.IsEmpty())
         text += " {" + platform::ToUtf8(designation.Str()) + "}";
+    const platform::TreeCell* const cell = row.FindCell(options.column);
+    if (cell && !cell->GetShownText().IsEmpty())
+        text += " =" + platform::ToUtf8(cell->GetShownText().Str());
     if (row.GetChildCount() == 0)
         return text;
     if (options.expandedOnly && !row.IsExpanded())

@@ -18,6 +18,8 @@ struct DumpOptions {
     bool expandedOnly = false;
     /// `>` before each selected row, `>>` before one that is current, too.
     bool selection = false;
+    /// The cell of that column behind the name, where it shows anything: `bolt =7`.
+    std::wstring column = {};
 };
 
 /// Names as shown, children in brackets: `root [Parts (3) [a | b (x2) [b | b]]]`; "no rows" without
