@@ -10,6 +10,7 @@ inline constexpr int destroyHypertext = 7754;
 inline constexpr int editHypertext = 7755;
 inline constexpr int convertToBillet = 7757;
 inline constexpr int itemProperties = 7758;
+inline constexpr int recalcValue = 7759;
 inline constexpr int referenceBook = 7762;
 inline constexpr int gotoFeature = 7763;
 inline constexpr int addBillet = 7764;

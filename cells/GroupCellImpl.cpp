@@ -19,6 +19,14 @@ namespace {
 
 constexpr std::wstring_view c_separator = L";";
 
+std::vector<PropertyRef> MakeRefs(const std::vector<UniqueMetaObjectKey>& keys,
+                                  const PropertyRef& form) {
+    std::vector<PropertyRef> refs(keys.size(), form);
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        refs[i].objectKey = keys[i];
+    return refs;
+}
+
 } // namespace
 
 GroupCellImpl::GroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
@@ -201,7 +209,7 @@ GroupCellImpl::SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTre
 
 TreeActionResult GroupCellImpl::OnHypertextActivated() {
     TreeActionResult result;
-    ExecHypertextCommand(commands::editHypertext, result);
+    ExecHypertextCommand(commands::editHypertext, MakeMemberForm(), result);
     return result;
 }
 
@@ -210,7 +218,7 @@ bool GroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
     case commands::insertHypertext:
     case commands::destroyHypertext:
     case commands::editHypertext:
-        ExecHypertextCommand(command, out);
+        ExecHypertextCommand(command, MakeMemberForm(), out);
         return true;
     case commands::transmitToSource:
         m_data->TransmitToSource(m_column.GetId(), GetItem().GetValuesToTransmit(m_column.GetId()));
@@ -234,32 +242,28 @@ SharedText GroupCellImpl::GetSourceIcon() {
     return icon.Get();
 }
 
-std::vector<PropertyRef>
-GroupCellImpl::MakeRefs(const std::vector<UniqueMetaObjectKey>& keys) const {
-    std::vector<PropertyRef> refs;
-    refs.reserve(keys.size());
-    for (const UniqueMetaObjectKey& key : keys)
-        refs.push_back({key, UniqueMetaObjectKey::null, GetColumnId(), std::nullopt});
-    return refs;
+PropertyRef GroupCellImpl::MakeMemberForm() const {
+    return {UniqueMetaObjectKey::null, UniqueMetaObjectKey::null, GetColumnId(), std::nullopt};
 }
 
 // No row is selected afterwards: the group row stays the selected one.
-void GroupCellImpl::ExecHypertextCommand(int command, TreeActionResult& out) {
+void GroupCellImpl::ExecHypertextCommand(int command, const PropertyRef& form,
+                                         TreeActionResult& out) {
     std::vector<UniqueMetaObjectKey> with;
     std::vector<UniqueMetaObjectKey> without;
-    GetItem().SplitByHypertext(with, without, m_column.GetId());
+    GetItem().SplitByHypertext(with, without, form.propertyId);
     out.action = TreeActionResult::Nothing;
     if (command == commands::destroyHypertext) {
         out.action = TreeActionResult::ValuesChanged;
-        m_data->DestroyHypertext(MakeRefs(with));
+        m_data->DestroyHypertext(MakeRefs(with, form));
         return;
     }
     bool changed = false;
     if (command == commands::editHypertext) {
-        changed = m_data->EditHypertext(MakeRefs(with));
+        changed = m_data->EditHypertext(MakeRefs(with, form));
     } else {
         with.insert(with.end(), without.begin(), without.end());
-        changed = m_data->InsertHypertext(MakeRefs(with));
+        changed = m_data->InsertHypertext(MakeRefs(with, form));
     }
     if (changed)
         out.action = TreeActionResult::Synchronise;

@@ -53,12 +53,14 @@ public:
 protected:
     /// As HasHypertext answers, for the members' cells of that column.
     bool HaveMembersSameHypertext(const SharedText& columnId) const;
+    /// Inserts, edits or destroys the links of the members. `form` is a reference to each of them
+    /// but for its key.
+    void ExecHypertextCommand(int command, const PropertyRef& form, TreeActionResult& out);
     /// The members' cells of this column, until `callback` answers false.
     void ForEachMember(const std::function<bool(ProductTreeCellImpl&)>& callback) const;
 
 private:
-    std::vector<PropertyRef> MakeRefs(const std::vector<UniqueMetaObjectKey>& keys) const;
-    void ExecHypertextCommand(int command, TreeActionResult& out);
+    PropertyRef MakeMemberForm() const;
     SharedText ListAllValues() const;
     SimplePropVal FindCommonValue() const;
 

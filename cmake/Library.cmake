@@ -5,6 +5,7 @@ set(productTreeSources
 
     columns/ColumnInfo.cpp
     columns/DocumentColumnsInfo.cpp
+    columns/headers/CountHeader.cpp
     columns/headers/HeaderTable.cpp
     columns/headers/PlainHeaders.cpp
     columns/headers/ProductTreeHeaderImpl.cpp
@@ -14,6 +15,7 @@ set(productTreeSources
     sorting/StyleBasedProductTreeSorter.cpp
 
     cells/CellArena.cpp
+    cells/CountCells.cpp
     cells/GroupCellImpl.cpp
     cells/MarkingCells.cpp
     cells/NameCells.cpp

@@ -50,6 +50,21 @@ void Session::CollapseAll() {
     }
 }
 
+bool Session::HasEmbodiments() const {
+    return m_product->HasEmbodiments();
+}
+
+bool Session::IsEmbodimentMode() const {
+    return m_product->IsEmbodimentMode();
+}
+
+void Session::SetEmbodimentMode(bool on) {
+    if (!HasEmbodiments() || on == IsEmbodimentMode())
+        return;
+    m_product->SetEmbodimentMode(on);
+    m_frame->TellDocumentChanged(true);
+}
+
 void Session::TakeMeasures(const step::Measures& measures) {
     m_product->Change([&](platform::ProductModel& model) { ApplyMeasures(model, measures); });
     m_hasUnsavedMeasures = m_isProductFile;

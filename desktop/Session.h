@@ -42,6 +42,10 @@ public:
     void ExpandAll();
     /// All but the root row, which alone would tell nothing of the product.
     void CollapseAll();
+    /// Counts are shown for each embodiment by itself. Nothing happens where there are none.
+    bool HasEmbodiments() const;
+    bool IsEmbodimentMode() const;
+    void SetEmbodimentMode(bool on);
     /// Writes volumes and masses into the document, which is no step to undo.
     void TakeMeasures(const step::Measures& measures);
 

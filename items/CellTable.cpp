@@ -1,5 +1,6 @@
 #include "items/CellTable.h"
 
+#include "cells/CountCells.h"
 #include "cells/MarkingCells.h"
 #include "cells/NameCells.h"
 #include "cells/PlainCells.h"
@@ -7,9 +8,11 @@
 #include "cells/TypedGroupCells.h"
 #include "columns/PropertyKeys.h"
 #include "host/data/IfProductTreeData.h"
+#include "items/ProductTreeItemImpl.h"
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -49,6 +52,38 @@ CellPtr MakeNone(const ColumnInfo&, const CellOrigin&) {
     return nullptr;
 }
 
+using Embodiments = std::set<UniqueMetaObjectKey>;
+
+CellPtr MakeCountOf(const Embodiments& embodiments, const ColumnInfo& column,
+                    const CellOrigin& origin) {
+    const bool inGroup = FindItemOfRow(*origin.row)->IsParentGroup();
+    return origin.arena.Make<CountCellImpl>(
+        origin.data, origin.row, column, origin.key,
+        origin.data->GetCountKey(origin.key, embodiments, inGroup));
+}
+
+CellPtr MakeCount(const ColumnInfo& column, const CellOrigin& origin) {
+    return MakeCountOf(origin.data->GetCurrentEmbodiments(), column, origin);
+}
+
+CellPtr MakeEmbodimentCount(const Embodiments& embodiments, const ColumnInfo& column,
+                            const CellOrigin& origin) {
+    if (embodiments.size() > 1)
+        return MakeCountOf(embodiments, column, origin);
+    return origin.arena.Make<CountCellImpl>(origin.data, origin.row, column, origin.key,
+                                            *embodiments.begin());
+}
+
+CellPtr MakeEmbodimentGroupCount(const Embodiments& embodiments, const ColumnInfo& column,
+                                 const CellOrigin& origin) {
+    return origin.arena.Make<CountGroupCellImpl>(origin.data, origin.row, column, origin.key,
+                                                 embodiments);
+}
+
+CellPtr MakeGroupCount(const ColumnInfo& column, const CellOrigin& origin) {
+    return MakeEmbodimentGroupCount(origin.data->GetCurrentEmbodiments(), column, origin);
+}
+
 // clang-format off
 const CellRow c_objectCells[] = {
     {keys::name,             Make<NameCellImpl>},
@@ -69,7 +104,7 @@ const CellRow c_objectCells[] = {
     {keys::SPCSection,       Make<SPCSectionCellImpl>},
     {keys::specRoughSign,    MakeNone},
     {keys::specRoughValue,   MakeNone},
-    {keys::count,            MakeNone},
+    {keys::count,            MakeCount},
 };
 
 const CellRow c_groupCells[] = {
@@ -99,7 +134,7 @@ const CellRow c_groupCells[] = {
     {keys::author,           MakeGroup<StringGroupCellImpl, c_common>},
     {keys::organization,     MakeGroup<StringGroupCellImpl, c_common>},
     {keys::comment,          MakeGroup<StringGroupCellImpl, c_all>},
-    {keys::count,            MakeNone},
+    {keys::count,            MakeGroupCount},
 };
 
 // By the column's type of value.
@@ -118,18 +153,41 @@ constexpr CellMaker c_typedGroupCells[] = {
 };
 // clang-format on
 
+// What is said of a kind of row: cells by the column's id; by the embodiments that its id names;
+// those of columns with a list; by the type of value.
+struct CellTable {
+    std::span<const CellRow> byId;
+    CellPtr (*embodimentCount)(const Embodiments&, const ColumnInfo&, const CellOrigin&);
+    CellMaker list;
+    std::span<const CellMaker> byType;
+};
+
+const CellTable c_objectTable{c_objectCells, MakeEmbodimentCount, Make<ListCellImpl>,
+                              c_typedObjectCells};
+const CellTable c_groupTable{c_groupCells, MakeEmbodimentGroupCount, Make<ListGroupCellImpl>,
+                             c_typedGroupCells};
+
 // What a table says of a column, remembered for the columns asked for last: each row asks for the
 // same few in the same order.
 class MakerMemory {
 public:
+    struct Entry {
+        /// Held, so that no other text can come to stand at its address.
+        SharedText columnId;
+        /// Null for a column that the table does not name.
+        CellMaker make;
+        /// Those of a count column; empty for any other.
+        Embodiments embodiments;
+    };
+
     explicit MakerMemory(std::span<const CellRow> table) : m_table(table) {}
 
-    /// Null for a column that the table does not name.
-    CellMaker Find(const SharedText& columnId) {
+    /// Good until the next call.
+    const Entry& Find(const SharedText& columnId) {
         for (std::size_t i = 0; i < m_entries.size(); ++i) {
             m_next = (m_next + 1) % m_entries.size();
             if (m_entries[m_next].columnId.IsSame(columnId))
-                return m_entries[m_next].make;
+                return m_entries[m_next];
         }
         const auto row = std::ranges::find_if(
             m_table, [&](const CellRow& r) { return r.columnId == columnId.Str(); });
@@ -138,46 +196,41 @@ public:
         if (m_entries.size() == c_most)
             m_entries.clear();
         m_next = m_entries.size();
-        m_entries.push_back({columnId, make});
-        return make;
+        return m_entries.emplace_back(
+            Entry{columnId, make, ColumnInfo::ConvertGroupCountFromId(columnId)});
     }
 
 private:
     static constexpr std::size_t c_most = 64;
-
-    struct Entry {
-        /// Held, so that no other text can come to stand at its address.
-        SharedText columnId;
-        CellMaker make;
-    };
 
     std::span<const CellRow> m_table;
     std::vector<Entry> m_entries;
     std::size_t m_next = 0;
 };
 
-CellPtr CreateFrom(MakerMemory& table, CellMaker list, std::span<const CellMaker> typed,
-                   const ColumnInfo& column, const CellOrigin& origin) {
-    if (const CellMaker make = table.Find(column.GetSharedId()))
-        return make(column, origin);
-    if (!ColumnInfo::ConvertGroupCountFromId(column.GetId()).empty())
-        return nullptr;
+CellPtr CreateFrom(const CellTable& table, MakerMemory& memory, const ColumnInfo& column,
+                   const CellOrigin& origin) {
+    const MakerMemory::Entry& entry = memory.Find(column.GetSharedId());
+    if (entry.make)
+        return entry.make(column, origin);
+    if (!entry.embodiments.empty())
+        return table.embodimentCount(entry.embodiments, column, origin);
     if (!column.GetStoredList().empty())
-        return list(column, origin);
+        return table.list(column, origin);
     const unsigned type = column.GetType();
-    return type < typed.size() ? typed[type](column, origin) : nullptr;
+    return type < table.byType.size() ? table.byType[type](column, origin) : nullptr;
 }
 
 } // namespace
 
 CellPtr CreateObjectCell(const ColumnInfo& column, const CellOrigin& origin) {
-    static MakerMemory table(c_objectCells);
-    return CreateFrom(table, Make<ListCellImpl>, c_typedObjectCells, column, origin);
+    static MakerMemory memory(c_objectCells);
+    return CreateFrom(c_objectTable, memory, column, origin);
 }
 
 CellPtr CreateGroupCell(const ColumnInfo& column, const CellOrigin& origin) {
-    static MakerMemory table(c_groupCells);
-    return CreateFrom(table, Make<ListGroupCellImpl>, c_typedGroupCells, column, origin);
+    static MakerMemory memory(c_groupCells);
+    return CreateFrom(c_groupTable, memory, column, origin);
 }
 
 } // namespace productTree

@@ -46,6 +46,17 @@ const ColumnInfo& GetMarkingColumn() {
     return column;
 }
 
+// Each row has the same one: the id of the last embodiment is kept.
+const std::wstring& GetCountColumnOf(const UniqueMetaObjectKey& embodiment) {
+    static UniqueMetaObjectKey s_embodiment;
+    static std::wstring s_id;
+    if (s_id.empty() || !s_embodiment.IsSame(embodiment)) {
+        s_id = ColumnInfo::ConvertGroupCountToId({embodiment});
+        s_embodiment = embodiment;
+    }
+    return s_id;
+}
+
 constexpr std::size_t c_fixedCells = 2;
 
 } // namespace
@@ -113,12 +124,14 @@ void ProductTreeItemImpl::UpdateRow() {
 }
 
 void ProductTreeItemImpl::UpdateCells() {
-    m_row->ResetCurrentCountColumn();
+    // Not reset where it is set again: a row that stays as it is has no news for the front end.
+    const bool hasCurrent = m_data->IsEmbodimentMode() && m_data->HasActiveEmbodiment();
+    if (!hasCurrent)
+        m_row->ResetCurrentCountColumn();
     for (const auto& cell : m_cells)
         cell->Update();
-    if (m_data->IsEmbodimentMode() && m_data->HasActiveEmbodiment())
-        m_row->SetCurrentCountColumn(
-            ColumnInfo::ConvertGroupCountToId({m_data->GetActiveEmbodiment()}));
+    if (hasCurrent)
+        m_row->SetCurrentCountColumn(GetCountColumnOf(m_data->GetActiveEmbodiment()));
 }
 
 std::shared_ptr<ProductTreeCellImpl> ProductTreeItemImpl::CreateCell(const ColumnInfo&) {

@@ -1,6 +1,7 @@
 #include "columns/headers/HeaderTable.h"
 
 #include "columns/PropertyKeys.h"
+#include "columns/headers/CountHeader.h"
 #include "columns/headers/PlainHeaders.h"
 #include "host/data/IfProductTreeData.h"
 
@@ -40,7 +41,7 @@ HeaderPtr MakeNone(const ColumnInfo&, IfProductTreeData*, const ModelPtr&) {
 const HeaderRow c_headers[] = {
     {keys::materialDensity,  MakeSimplified<DoubleHeaderImpl>},
     {keys::mass,             MakeSimplified<DoubleHeaderImpl>},
-    {keys::count,            MakeNone},
+    {keys::count,            Make<CountHeaderImpl>},
     {keys::notSected,        MakeNone},
     {keys::material,         MakeNone},
     {keys::featureType,      Make<FeatureTypeHeaderImpl>},
@@ -74,7 +75,7 @@ HeaderPtr CreateHeader(const ColumnInfo& column, IfProductTreeData* data, const 
     if (row != std::end(c_headers))
         return row->make(column, data, model);
     if (!ColumnInfo::ConvertGroupCountFromId(column.GetId()).empty())
-        return nullptr;
+        return Make<CountHeaderImpl>(column, data, model);
     if (!column.GetStoredList().empty())
         return Make<ListHeaderImpl>(column, data, model);
     const unsigned type = column.GetType();

@@ -58,6 +58,12 @@ void Describe(Archive& file, In<Archive, platform::EmbodimentRecord> record) {
 }
 
 template <class Archive>
+void Describe(Archive& file, In<Archive, platform::CountRecord> record) {
+    file.Value("embodiment", record.embodiment);
+    file.Value("count", record.count);
+}
+
+template <class Archive>
 void Describe(Archive& file, In<Archive, platform::PropertyRecord> record) {
     file.Property("property", record.number);
     file.Value("name", record.caption);
@@ -134,6 +140,7 @@ void DescribeUse(Archive& file, In<Archive, platform::OccurrenceRecord> use,
     DescribePart(file, use, object);
     file.Values("properties", use.properties);
     file.Links("links", use.links);
+    file.Records("counts", use.counts);
 }
 
 template <class Archive>
@@ -160,6 +167,7 @@ void DescribeObject(Archive& file, In<Archive, platform::ObjectRecord> object,
     file.Values("properties", object.properties);
     file.Properties("readOnlyProperties", object.readOnlyProperties);
     file.Links("links", object.links);
+    file.Records("counts", object.counts);
     file.Uses("uses", object);
 }
 

@@ -4,6 +4,8 @@
 #include "desktop/window/LocaleNumbers.h"
 #include "platform/view/TreeTableView.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 
@@ -34,6 +36,7 @@ constexpr std::array c_headEditors = {
     HeadEditor{HeadKind::Double, EditKind::Double},
     HeadEditor{HeadKind::List,   EditKind::List},
     HeadEditor{HeadKind::Bool,   EditKind::Bool},
+    HeadEditor{HeadKind::Count,  EditKind::Text},
 };
 // clang-format on
 
@@ -92,7 +95,7 @@ CellLook ValueLook(const TreeTableRow& row, const TreeCell& cell) {
     if (!look.isReadOnly)
         look.kind = EditKindOf(cell.GetKind());
     look.link = LinkOf(cell.GetKind() == CellKind::Link, cell.GetLinkStyle());
-    look.isOutdated = cell.IsOutdated();
+    look.isOutdated = cell.IsOutdated() || cell.IsRecalculable();
     look.sourceIcon = row.GetIconOf(cell);
     return look;
 }
@@ -128,6 +131,14 @@ QVariant ValueOf(const TreeCell& cell) {
     default:
         return {};
     }
+}
+
+SharedText GetRecalculableTip() {
+    static const SharedText tip =
+        QCoreApplication::translate("desktop::CellLook",
+                                    "Typed: the uses in the product make another count")
+            .toStdWString();
+    return tip;
 }
 
 QStringList ToStrings(const std::vector<SharedText>& texts) {
@@ -185,6 +196,8 @@ SharedText GetCellTip(const TreeTableRow& row, const ColumnHead& head) {
     if (head.kind == HeadKind::Name || head.kind == HeadKind::Designation)
         return {};
     const TreeCell* cell = row.FindCell(head.id);
+    if (cell && cell->IsRecalculable())
+        return GetRecalculableTip();
     return cell ? cell->GetTip() : SharedText();
 }
 
@@ -207,7 +220,7 @@ EditorRequest GetHeadEditor(const ColumnHead& head) {
     EditorRequest editor;
     const auto row = std::find_if(c_headEditors.begin(), c_headEditors.end(),
                                   [&](const HeadEditor& known) { return known.head == head.kind; });
-    if (row != c_headEditors.end())
+    if (row != c_headEditors.end() && head.IsEditable())
         editor.kind = row->editor;
     editor.list = ToStrings(head.list);
     return editor;

@@ -20,7 +20,7 @@ struct CellLook {
     /// The cell holds a value that could be edited elsewhere or at another time.
     bool isReadOnly = false;
     LinkLook link = LinkLook::None;
-    /// The value does not agree with its source any more.
+    /// The value does not agree with its source any more, or a count not with the product.
     bool isOutdated = false;
     /// The resource name of the by-source icon.
     SharedText sourceIcon;

@@ -95,6 +95,14 @@ void MainWindow::MakeViewMenu() {
                     [this] { m_session->ExpandAll(); });
     view->addAction(tr("&Collapse all"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
                     [this] { m_session->CollapseAll(); });
+    view->addSeparator();
+    m_embodiments = view->addAction(tr("Counts of All E&mbodiments"));
+    m_embodiments->setCheckable(true);
+    m_embodiments->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    connect(m_embodiments, &QAction::triggered, this, [this](bool on) {
+        m_tree->CommitEditor();
+        m_session->SetEmbodimentMode(on);
+    });
 }
 
 QWidget* MainWindow::MakePanel() {
@@ -184,6 +192,8 @@ void MainWindow::ShowState() {
     setWindowModified(m_session->IsModified());
     // A STEP file is saved as a product file at any time.
     m_save->setEnabled(m_session->IsModified() || !m_session->IsProductFile());
+    m_embodiments->setEnabled(m_session->HasEmbodiments());
+    m_embodiments->setChecked(m_session->IsEmbodimentMode());
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
 }

@@ -73,7 +73,7 @@ private:
 
     void ShowCaption();
     void ShowCounts();
-    /// What can be undone and saved.
+    /// What can be undone and saved, and how the product is looked at.
     void ShowState();
 
     std::unique_ptr<platform::IUserDecisions> m_decisions;
@@ -86,6 +86,7 @@ private:
     QAction* m_save = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
+    QAction* m_embodiments = nullptr;
     PanelTree* m_tree = nullptr;
     MassIndicator* m_masses = nullptr;
     QLabel* m_caption = nullptr;

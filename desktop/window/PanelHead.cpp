@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace desktop {
@@ -22,6 +23,14 @@ constexpr int c_pencilRoom = 5;
 /// An editor is at least so wide, however narrow its column is.
 constexpr int c_smallestEditor = 150;
 constexpr float c_offeredTint = 0.09F;
+/// How thick the line is below the head of what is worked on.
+constexpr int c_activeLine = 2;
+
+/// The font of that head; no value: the usual one.
+std::optional<QFont> OwnFont(const QAbstractItemModel& model, int column) {
+    const QVariant font = model.headerData(column, Qt::Horizontal, Qt::FontRole);
+    return font.isValid() ? std::optional(font.value<QFont>()) : std::nullopt;
+}
 
 } // namespace
 
@@ -166,14 +175,21 @@ void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) c
     const QString caption = model()->headerData(column, orientation()).toString();
     const int alignment = model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt();
     painter->setPen(palette().color(QPalette::ButtonText));
+    if (const std::optional<QFont> own = OwnFont(*model(), column)) {
+        painter->setFont(*own);
+        painter->fillRect(rect.left(), bottom - c_activeLine + 1, rect.width() - 1, c_activeLine,
+                          palette().brush(QPalette::Highlight));
+    }
     painter->drawText(place, alignment | Qt::TextSingleLine,
-                      fontMetrics().elidedText(caption, Qt::ElideRight, place.width()));
+                      painter->fontMetrics().elidedText(caption, Qt::ElideRight, place.width()));
 }
 
 QSize PanelHead::sectionSizeFromContents(int column) const {
     const QString caption = model()->headerData(column, orientation()).toString();
+    const std::optional<QFont> own = OwnFont(*model(), column);
+    const QFontMetrics letters = own ? QFontMetrics(*own) : fontMetrics();
     // With room for the pencil, so that the caption is whole when it is offered.
-    return {fontMetrics().horizontalAdvance(caption) + 2 * c_sideRoom + c_pencilRoom + c_pencilSize,
+    return {letters.horizontalAdvance(caption) + 2 * c_sideRoom + c_pencilRoom + c_pencilSize,
             fontMetrics().height() + c_heightRoom};
 }
 

@@ -65,10 +65,13 @@ void PaintPlate(QPainter& painter, const QStyleOptionViewItem& option, const QRe
     painter.restore();
 }
 
-/// Where the box of a truth value stands in the content of its cell.
-QRect BoxPlace(const QStyleOptionViewItem& cell) {
+/// Where the box of a truth value stands in the content of its cell; that of a count below and
+/// above the numbers.
+QRect BoxPlace(const QStyleOptionViewItem& cell, const QModelIndex& index) {
     const int size = StyleOf(cell).pixelMetric(QStyle::PM_IndicatorWidth, &cell, cell.widget);
-    return {cell.rect.left() + c_cellRoom, cell.rect.center().y() - size / 2, size, size};
+    const bool isCount = TreeItemModel::HeadOf(index).kind == platform::HeadKind::Count;
+    const int left = isCount ? cell.rect.center().x() - size / 2 : cell.rect.left() + c_cellRoom;
+    return {left, cell.rect.center().y() - size / 2, size, size};
 }
 
 /// Beside the letters of a text, in its content.
@@ -81,6 +84,8 @@ QRect TextPlace(const QStyleOptionViewItem& option, const QRect& content, const 
     const int room = TextRoom(option);
     QRect place = content.adjusted(room, 0, -room, 0);
     const int width = std::min(option.fontMetrics.horizontalAdvance(text), place.width());
+    if (option.displayAlignment.testFlag(Qt::AlignHCenter))
+        return {place.center().x() - width / 2, place.top(), width, place.height()};
     if (option.displayAlignment.testFlag(Qt::AlignRight))
         place.setLeft(place.right() - width);
     else
@@ -205,7 +210,7 @@ void RowDelegate::PaintBox(QPainter& painter, const QStyleOptionViewItem& cell,
     if (!checked.isValid())
         return;
     QStyleOptionViewItem box = cell;
-    box.rect = BoxPlace(cell);
+    box.rect = BoxPlace(cell, index);
     // No value is an empty box that is hardly there; a row of them must not look like an answer.
     const bool hasValue = checked.toInt() != Qt::PartiallyChecked;
     const bool isMixed =
@@ -243,7 +248,7 @@ RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& option, const 
         return TextPlace(cell, all, cell.text).contains(place) ? Spot::Link : Spot::None;
     }
     if (look.kind == EditKind::Bool) {
-        return BoxPlace(cell).contains(place) ? Spot::CheckBox : Spot::None;
+        return BoxPlace(cell, index).contains(place) ? Spot::CheckBox : Spot::None;
     }
     return Spot::None;
 }

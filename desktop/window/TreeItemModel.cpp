@@ -58,7 +58,15 @@ CellInput ToInput(EditKind kind, const QVariant& value) {
 }
 
 Qt::Alignment AlignmentOf(const ColumnHead& head) {
+    if (head.kind == HeadKind::Count)
+        return Qt::AlignCenter;
     return Qt::AlignVCenter | (head.IsNumeric() ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+QFont ActiveHeadFont() {
+    QFont font;
+    font.setBold(true);
+    return font;
 }
 
 bool IsReadOnly(const QModelIndex& index) {
@@ -211,8 +219,12 @@ QVariant TreeItemModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
     const ColumnHead& head = m_heads[static_cast<std::size_t>(section)];
+    if (role == Qt::ToolTipRole && !head.text.empty())
+        return QString::fromStdWString(head.text);
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return QString::fromStdWString(head.caption);
+    if (role == Qt::FontRole && head.isActive)
+        return ActiveHeadFont();
     if (role == Qt::TextAlignmentRole)
         return QVariant(AlignmentOf(head));
     return {};

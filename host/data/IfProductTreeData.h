@@ -59,7 +59,8 @@ public:
                              const std::vector<UniqueMetaObjectKey>& topKeys) const = 0;
     /// The last word on whether an occurrence has a row.
     virtual bool IsShownInTree(const UniqueMetaObjectKey& occurrence) const = 0;
-    /// The count of the object is a mark, present or not, and no number.
+    /// The count of the object is a mark, present or not, and no number. Shown and set in
+    /// embodiment mode alone.
     virtual bool IsCountMark(const UniqueMetaObjectKey& key) const = 0;
     virtual bool AreSectionRowsShown() const = 0;
     virtual meta_data::SP::StyleId GetCurrentStyleId() const = 0;
@@ -293,6 +294,43 @@ public:
     virtual UniqueMetaObjectKey GetActiveEmbodiment() const = 0;
 };
 
+/// How often objects stand in the product. An object has one count an embodiment, under the
+/// property "count": PropertyRef::objectKey names the object or the use of one that a row stands
+/// for, `secondKey` the embodiment. GetValue, IsReadOnly, MakeValueChanges and what is asked about
+/// links all take such references. A reference with the key of a group row is about the group as a
+/// whole; `inGroup` is false then and for rows that stand alone, true for rows below a group row,
+/// and without value where it makes no difference.
+///
+/// A count is a text to the library, stored as it is shown: a number, a number with a unit, a mark.
+/// The text "x" is a mark that is set, no value one that is not (see IsCountMark).
+class IProductDataCounts {
+public:
+    virtual ~IProductDataCounts() = default;
+
+    /// The embodiments that the one column "count" stands for. Never empty: a product without
+    /// embodiments has a key of the host's for itself here. Asked while cells are made, once for
+    /// each row.
+    virtual std::set<UniqueMetaObjectKey> GetCurrentEmbodiments() const = 0;
+    /// The embodiment whose count of the object a column shows that stands for several of them; one
+    /// of `embodiments`, which is not empty. `inGroup`: the object's row stands below a group row.
+    /// Asked while cells are made, and good until the next full build.
+    virtual UniqueMetaObjectKey GetCountKey(const UniqueMetaObjectKey& key,
+                                            const std::set<UniqueMetaObjectKey>& embodiments,
+                                            bool inGroup) const = 0;
+    /// The count of a whole group in a column that stands for two embodiments or more; with one, it
+    /// is GetValue that is asked. `key` is that of the group row. Empty for no count.
+    virtual PropValue GetGroupCount(const UniqueMetaObjectKey& key,
+                                    const std::set<UniqueMetaObjectKey>& embodiments) const = 0;
+    /// The count could be worked out from the product and has another value, for instance one that
+    /// the user has typed. Asked at each reading of a count.
+    virtual bool IsRecalcAvailable(const PropertyRef& ref) const = 0;
+    /// The change set that gives the object, or the group, the count that follows from the product.
+    /// Empty when that is the one it has. Of a group only what is its own changes, not the counts
+    /// of its members, whose changes may stand in the same set before it.
+    virtual ProductInfObjChangesResult MakeRecalcChanges(const UniqueMetaObjectKey& key,
+                                                         const UniqueMetaObjectKey& embodiment) = 0;
+};
+
 /// The numbering of objects in the specification.
 class IProductDataPositions {
 public:
@@ -320,6 +358,7 @@ class IfProductTreeData : public IProductDataRefresh,
                           public IProductDataObjectCommands,
                           public IProductDataAttributes,
                           public IProductDataEmbodiments,
+                          public IProductDataCounts,
                           public IProductDataPositions {
 public:
     using IProductDataRefresh::IsReadOnly;

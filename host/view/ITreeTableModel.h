@@ -92,6 +92,12 @@ public:
 
     virtual void InitNameHeader(const productTree::ColumnInfo& column) = 0;
     virtual void InitDesignationHeader(const productTree::ColumnInfo& column) = 0;
+    /// The head of a count, of which the editor is one for texts. `tag` tells the column of a
+    /// single embodiment, or of a set of them, from that of the current ones, for which it is
+    /// empty. `text` says what such a column counts, at more length than its caption; it may be
+    /// empty. `active`: the embodiment is the one that is worked on.
+    virtual void InitCountHeader(const productTree::ColumnInfo& column, const std::wstring& text,
+                                 const std::wstring& tag, bool active) = 0;
     /// `popup` may be null.
     virtual void InitTextHeader(const productTree::ColumnInfo& column,
                                 const boost::intrusive_ptr<IMenuItems>& popup) = 0;

@@ -49,6 +49,7 @@ GroupingRecord MakeGrouping(const ObjectRecord& record, const SharedText& name,
 
 void PartEntry::ReadOwnership() {
     hasOwnValues = isUse && (!record->properties.empty() || !record->links.empty());
+    hasCounts = !record->counts.empty();
     hasLinks = !record->links.empty() || !object->record->links.empty();
     isPlain = !isRoot && !hasOwnValues && !hasLinks && !hasReadOnlyProperties;
 }

@@ -104,6 +104,8 @@ struct PartEntry {
     /// The part or, of a use, its object has links.
     bool hasLinks : 1 = false;
     bool hasReadOnlyProperties : 1 = false;
+    /// There are counts that were typed for it.
+    bool hasCounts : 1 = false;
 
     /// Looks at what the record and that of its object hold.
     void ReadOwnership();

@@ -86,10 +86,11 @@ public:
     PropValue GetValue(const PropertyRef& ref) const override;
     /// Also when nobody describes the property.
     bool IsReadOnly(const PropertyRef& ref) const override;
-    /// A text takes what FitValue (ValueFitting.h) takes, a designation the structured value or the
-    /// text of one with the same locked parts, a section one of those that EditSection offers; a
-    /// linked value takes nothing. What an occurrence has
-    /// by source is written to its object.
+    /// A count takes any text that fits (ValueFitting.h); one that follows from the product anyhow
+    /// is not kept. A text takes what FitValue (ValueFitting.h) takes, a designation the structured
+    /// value or the text of one with the same locked parts, a section one of those that EditSection
+    /// offers; a linked value takes nothing. What an occurrence has by source is written to its
+    /// object.
     ProductInfObjChangesResult MakeValueChanges(const PropertyRef& ref,
                                                 const PropValue& value) override;
     /// No value but for occurrences, and there not for what belongs to the object alone.
@@ -171,6 +172,24 @@ public:
     const EmbodimentsModel& GetEmbodiments() const override;
     bool HasActiveEmbodiment() const override;
     UniqueMetaObjectKey GetActiveEmbodiment() const override;
+
+    /// Those whose parts are laid out.
+    std::set<UniqueMetaObjectKey> GetCurrentEmbodiments() const override;
+    /// The embodiment that is worked on, if it is one of these and holds the part, else the first
+    /// in the document's order that does. The null key for an object that the document has not.
+    UniqueMetaObjectKey GetCountKey(const UniqueMetaObjectKey& key,
+                                    const std::set<UniqueMetaObjectKey>& embodiments,
+                                    bool inGroup) const override;
+    /// The sum of what the rows of the group show in the same column, unless another count was
+    /// typed for the group in the first embodiment.
+    PropValue GetGroupCount(const UniqueMetaObjectKey& key,
+                            const std::set<UniqueMetaObjectKey>& embodiments) const override;
+    /// Where a count was typed that is another than the one that follows from the product
+    /// (PartCounts.h).
+    bool IsRecalcAvailable(const PropertyRef& ref) const override;
+    /// Forgets the count that was typed.
+    ProductInfObjChangesResult MakeRecalcChanges(const UniqueMetaObjectKey& key,
+                                                 const UniqueMetaObjectKey& embodiment) override;
 
     bool CanStartPositions() const override;
     bool CanSetPosition(const UniqueMetaObjectKey& key) const override;

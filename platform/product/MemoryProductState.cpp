@@ -82,6 +82,8 @@ void MemoryProduct::State::Go(Step* step, Direction direction) {
 void MemoryProduct::State::Finish(ModelEditor& editor) {
     if (RegroupLinkedObjects(editor.GetIndex()))
         editor.NoteRows();
+    if (editor.AreRowsChanged())
+        counts.Forget();
     isRebuildRequired |= editor.AreRowsChanged();
     ++stamp;
 }

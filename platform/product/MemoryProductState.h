@@ -16,15 +16,20 @@ struct MemoryProduct::State {
 
     /// Everything is made anew from the model, whatever was done to it.
     void Renew();
-    EditRules GetRules() const { return {model, index, properties}; }
+    EditRules GetRules() const { return {model, index, properties, counts}; }
     /// The caption of the property, else its path.
     SharedText GetCaption(unsigned long number) const;
     const PropertyTraits& GetTraits(const PropertyRef& ref) {
         return properties.Get(ref.propertyId);
     }
 
+    /// The property is asked about as a count in an embodiment.
+    static bool IsCount(const PropertyTraits& property, const PropertyRef& ref) {
+        return property.number == number::count && !ref.secondKey.IsEmpty();
+    }
     /// The set that holds the change, when there is something to change.
     ProductInfObjChangesResult MakeSet(std::shared_ptr<const ProductChange> change) const;
+
     /// Makes the step with what follows from it, and remembers it. False: there was nothing to do.
     bool Do(Step step);
     /// Goes a step that is remembered. Null is no step.
@@ -37,6 +42,7 @@ struct MemoryProduct::State {
     MemoryAggregator aggregator{index, model};
     ModelEmbodiments embodiments{model};
     PropertyLookup properties;
+    PartCounts counts{model, index};
     std::unique_ptr<SpcDescription> style;
     std::unique_ptr<PropertyDescriptions> descriptions;
     /// Those of earlier states of the document: whoever holds them may do so until BeginRebuild.

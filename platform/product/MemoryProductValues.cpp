@@ -30,7 +30,7 @@ PropertyReading MemoryProduct::ReadProperty(const PropertyRef& ref) const {
     if (!part)
         return {};
     const PropertyTraits& property = m_state->GetTraits(ref);
-    if (!part->isPlain)
+    if (!part->isPlain || m_state->IsCount(property, ref))
         return IfProductTreeData::ReadProperty(ref);
     PropertyReading reading{ShownValues(m_state->index).Get(*part, property.number),
                             m_state->model.isReadOnly || property.isReadOnly, false, std::nullopt};
@@ -41,19 +41,31 @@ PropertyReading MemoryProduct::ReadProperty(const PropertyRef& ref) const {
 
 PropValue MemoryProduct::GetValue(const PropertyRef& ref) const {
     const PartEntry* const part = m_state->index.Find(ref.objectKey);
-    return part ? ShownValues(m_state->index).Get(*part, m_state->GetTraits(ref).number)
-                : PropValue();
+    if (!part)
+        return {};
+    const PropertyTraits& property = m_state->GetTraits(ref);
+    return m_state->IsCount(property, ref)
+               ? m_state->counts.Get(*part, ref.secondKey)
+               : ShownValues(m_state->index).Get(*part, property.number);
 }
 
 bool MemoryProduct::IsReadOnly(const PropertyRef& ref) const {
     const PartEntry* const part = m_state->index.Find(ref.objectKey);
-    return !part || m_state->GetRules().IsFixed(*part, m_state->GetTraits(ref));
+    if (!part)
+        return true;
+    const PropertyTraits& property = m_state->GetTraits(ref);
+    if (m_state->IsCount(property, ref) &&
+        (part->isRoot || !m_state->counts.IsCounted(ref.secondKey)))
+        return true;
+    return m_state->GetRules().IsFixed(*part, property);
 }
 
 ProductInfObjChangesResult MemoryProduct::MakeValueChanges(const PropertyRef& ref,
                                                            const PropValue& value) {
-    return m_state->MakeSet(
-        std::make_shared<ValueChange>(ref.objectKey, m_state->GetTraits(ref).number, value));
+    const PropertyTraits& property = m_state->GetTraits(ref);
+    if (m_state->IsCount(property, ref))
+        return m_state->MakeSet(std::make_shared<CountChange>(ref.objectKey, ref.secondKey, value));
+    return m_state->MakeSet(std::make_shared<ValueChange>(ref.objectKey, property.number, value));
 }
 
 std::optional<bool> MemoryProduct::GetBySource(const PropertyRef& ref) const {

@@ -142,6 +142,16 @@ void ModelEditor::Exchange(HeldNameLink& held) {
     m_isAnythingChanged = true;
 }
 
+void ModelEditor::Exchange(HeldCount& held) {
+    const PartEntry* const part = GetIndex().Find(held.part);
+    if (!part)
+        return;
+    ExchangeEntry(GetRecord(*part).counts, held.count, held.place,
+                  [&](const CountRecord& count) { return count.embodiment == held.embodiment; });
+    m_index.UpdateCounts(*part);
+    m_isAnythingChanged = true;
+}
+
 void ModelEditor::NoteStructure() {
     m_isMoved = true;
     m_isAnythingChanged = true;

@@ -33,6 +33,14 @@ struct HeldNameLink {
     bool isLinked = false;
 };
 
+/// As HeldLink for a count that was typed.
+struct HeldCount {
+    UniqueMetaObjectKey part;
+    UniqueMetaObjectKey embodiment;
+    std::optional<CountRecord> count;
+    std::size_t place = PartPlace::none;
+};
+
 class ModelEditor {
 public:
     /// Both must outlive the editor and belong together.
@@ -50,6 +58,7 @@ public:
     /// `record` is that of the link's part. Its place in memory stays.
     void Exchange(HeldLink& held, PartRecord& record);
     void Exchange(HeldNameLink& held);
+    void Exchange(HeldCount& held);
     /// Records have come, gone or moved, or say other things of other parts.
     void NoteStructure();
     /// The model may be another one.

@@ -37,6 +37,10 @@ void NameLinksEdit::Swap(ModelEditor& editor, Direction direction) {
     ForEachIn(m_links, direction, [&](HeldNameLink& held) { editor.Exchange(held); });
 }
 
+void CountsEdit::Swap(ModelEditor& editor, Direction direction) {
+    ForEachIn(m_counts, direction, [&](HeldCount& held) { editor.Exchange(held); });
+}
+
 template <class Record>
 RecordsSwap<Record>::RecordsSwap(const std::vector<UniqueMetaObjectKey>& keys) {
     m_records.reserve(keys.size());

@@ -49,6 +49,16 @@ private:
     std::vector<HeldNameLink> m_links;
 };
 
+class CountsEdit final : public IModelEdit {
+public:
+    explicit CountsEdit(std::vector<HeldCount> counts) : m_counts(std::move(counts)) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    std::vector<HeldCount> m_counts;
+};
+
 /// A record that is in the model or was taken from it.
 template <class Record>
 struct PlacedRecord {

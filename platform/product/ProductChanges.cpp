@@ -100,4 +100,24 @@ bool BySourceChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     return true;
 }
 
+bool CountChange::Plan(const EditRules& rules, ValuePlan& plan) const {
+    const PartEntry* const part = FindPart(rules);
+    if (!part || part->isRoot || !rules.counts.IsCounted(m_embodiment) ||
+        rules.counts.IsLinked(*part))
+        return false;
+    std::optional<SharedText> count;
+    if (m_value) {
+        const std::optional<PropValue> fitted =
+            FitValue(*rules.properties.Get(GetNumber()).record, *m_value);
+        if (!fitted)
+            return false;
+        count = fitted->to_wstring();
+        // What would be so anyhow is not kept, and follows the product from then on.
+        if (*count == rules.counts.WorkOut(*part, m_embodiment).to_wstring())
+            count.reset();
+    }
+    plan.SetCount(*part, m_embodiment, std::move(count));
+    return true;
+}
+
 } // namespace platform

@@ -4,7 +4,9 @@
 #pragma once
 
 #include "host/data/ProductInfObjChangesResult.h"
+#include "platform/product/PartCounts.h"
 #include "platform/product/PropertyLookup.h"
+#include "platform/product/PropertyNumbers.h"
 #include "platform/product/ValuePlan.h"
 
 namespace platform {
@@ -14,6 +16,7 @@ struct EditRules {
     const ProductModel& model;
     const ProductIndex& index;
     const PropertyLookup& properties;
+    const PartCounts& counts;
 
     /// Nothing can be written to the property of that part.
     bool IsFixed(const PartEntry& part, const PropertyTraits& property) const {
@@ -81,6 +84,22 @@ public:
 
 private:
     bool m_bySource;
+};
+
+/// Another count of a part, or of the group that its key stands for, in one embodiment. No value:
+/// the one that follows from the product.
+class CountChange final : public ProductChange {
+public:
+    CountChange(UniqueMetaObjectKey part, UniqueMetaObjectKey embodiment,
+                std::optional<PropValue> value)
+        : ProductChange(std::move(part), number::count), m_embodiment(std::move(embodiment)),
+          m_value(std::move(value)) {}
+
+    bool Plan(const EditRules& rules, ValuePlan& plan) const override;
+
+private:
+    UniqueMetaObjectKey m_embodiment;
+    std::optional<PropValue> m_value;
 };
 
 } // namespace platform

@@ -32,6 +32,8 @@ public:
     void Rearrange(const ProductModel& model);
     /// Takes over a value of a part's record, in place. Grouping stays as it was.
     void Update(const PartEntry& part, unsigned long number);
+    /// Takes over whether counts were typed for the part.
+    void UpdateCounts(const PartEntry& part) { m_tables.parts[PlaceOf(part)].ReadOwnership(); }
     /// Groups the object by what is shown of it. True when that makes a difference.
     bool Regroup(const PartEntry& object, const SharedText& name, const PropValue& material,
                  const PropValue& mass);

@@ -45,6 +45,16 @@ struct LinkRecord {
     friend bool operator==(const LinkRecord&, const LinkRecord&) = default;
 };
 
+/// A count that was typed, in place of the one that follows from the product.
+struct CountRecord {
+    /// An embodiment; in a product without any the key of its root.
+    UniqueMetaObjectKey embodiment;
+    /// Empty: there is none.
+    SharedText count;
+
+    friend bool operator==(const CountRecord&, const CountRecord&) = default;
+};
+
 /// What objects and occurrences have in common.
 struct PartRecord {
     UniqueMetaObjectKey key;
@@ -64,6 +74,9 @@ struct PartRecord {
     PropertyValues properties;
     /// A property once at most.
     std::vector<LinkRecord> links;
+    /// An embodiment once at most. Of an object that stands for a group: the counts of the group,
+    /// which count its occurrences and not each of them.
+    std::vector<CountRecord> counts;
 
     friend bool operator==(const PartRecord&, const PartRecord&) = default;
 };

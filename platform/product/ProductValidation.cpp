@@ -249,6 +249,9 @@ private:
         const std::vector<meta_data::SP::StyleId>& used = part.part.used.GetStyles();
         for (std::size_t i = 0; i < used.size(); ++i)
             CheckNumber({styles, i}, used[i], 1, c_maxNumber);
+        const ModelPath counts(path, "counts");
+        for (std::size_t i = 0; i < part.counts.size(); ++i)
+            CheckText({{counts, i}, "count"}, part.counts[i].count.Str());
     }
 
     void CheckObject(const ModelPath& path, const ObjectRecord& object) {

@@ -117,6 +117,19 @@ private:
         }
     }
 
+    void CheckCounts(const ModelPath& path, const PartRecord& part) {
+        KeySet met;
+        const ModelPath counts(path, "counts");
+        for (std::size_t i = 0; i < part.counts.size(); ++i) {
+            const ModelPath place(counts, i);
+            const UniqueMetaObjectKey& key = part.counts[i].embodiment;
+            if (!m_embodiments.contains(key) && key != m_model.root.key)
+                Fail({place, "embodiment"}, "there is no embodiment '" + key.String() + "'");
+            if (!met.insert(key).second)
+                Fail({place, "embodiment"}, "the embodiment has a count already");
+        }
+    }
+
     void CheckEmbodimentKeys(const ModelPath& path, const Keys& keys) {
         KeySet met;
         for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -136,6 +149,7 @@ private:
         m_object = m_model.root.key;
         CheckGroup({product, "product"}, m_model.root);
         CheckLinks({product, "product"}, m_model.root);
+        CheckCounts({product, "product"}, m_model.root);
         m_object = {};
     }
 
@@ -180,6 +194,7 @@ private:
             m_object = object.key;
             CheckGroup(path, object);
             CheckLinks(path, object);
+            CheckCounts(path, object);
             CheckObjectKeys({path, "parents"}, object.parents, false);
             CheckObjectKeys({path, "owners"}, object.owners, true);
             CheckBillet(path, object);
@@ -188,6 +203,7 @@ private:
                 const ModelPath use(uses, j);
                 CheckGroup(use, object.occurrences[j]);
                 CheckLinks(use, object.occurrences[j]);
+                CheckCounts(use, object.occurrences[j]);
                 CheckEmbodimentKeys({use, "embodiments"}, object.occurrences[j].embodiments);
             }
         }

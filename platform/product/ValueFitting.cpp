@@ -41,21 +41,9 @@ bool IsNumber(const SimplePropVal& text) {
     return hasDigit;
 }
 
-std::optional<double> ToNumber(const SimplePropVal& value) {
-    switch (value.GetType()) {
-    case SimplePropVal::TypeInt:
-    case SimplePropVal::TypeDouble:
-        return value.to_double();
-    case SimplePropVal::TypeText:
-        return IsNumber(value) ? std::optional(value.to_double()) : std::nullopt;
-    default:
-        return std::nullopt;
-    }
-}
-
 std::optional<SimplePropVal> ToInteger(const SimplePropVal& value) {
     using Limits = std::numeric_limits<int>;
-    const std::optional<double> number = ToNumber(value);
+    const std::optional<double> number = FindNumber(value);
     if (!number || !(*number >= Limits::min() && *number <= Limits::max()) ||
         *number != std::trunc(*number))
         return std::nullopt;
@@ -63,7 +51,7 @@ std::optional<SimplePropVal> ToInteger(const SimplePropVal& value) {
 }
 
 std::optional<SimplePropVal> ToDouble(const SimplePropVal& value) {
-    const std::optional<double> number = ToNumber(value);
+    const std::optional<double> number = FindNumber(value);
     if (!number || !std::isfinite(*number))
         return std::nullopt;
     return SimplePropVal(*number);
@@ -78,7 +66,7 @@ std::optional<SimplePropVal> ToText(const SimplePropVal& value) {
 std::optional<SimplePropVal> ToBoolean(const SimplePropVal& value) {
     if (value.GetType() == SimplePropVal::TypeBool)
         return value;
-    const std::optional<double> number = ToNumber(value);
+    const std::optional<double> number = FindNumber(value);
     if (!number || (*number != 0 && *number != 1))
         return std::nullopt;
     return SimplePropVal(*number == 1);
@@ -142,6 +130,18 @@ VariantMarking ToMarking(const PropValue& value) {
 }
 
 } // namespace
+
+std::optional<double> FindNumber(const SimplePropVal& value) {
+    switch (value.GetType()) {
+    case SimplePropVal::TypeInt:
+    case SimplePropVal::TypeDouble:
+        return value.to_double();
+    case SimplePropVal::TypeText:
+        return IsNumber(value) ? std::optional(value.to_double()) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
 
 std::optional<PropValue> FitValue(const PropertyRecord& property, const PropValue& value) {
     if (!value.GetPropertyTree().empty() || !value.GetPropertyTree().data().empty())

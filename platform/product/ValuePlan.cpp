@@ -7,20 +7,20 @@
 
 namespace platform {
 
-template <class T>
-void ValuePlan::Wishes<T>::Set(const Slot& slot, std::optional<T> wish) {
-    const auto [entry, isNew] = places.try_emplace(slot, list.size());
+template <class Place, class T>
+void ValuePlan::Wishes<Place, T>::Set(const Place& place, std::optional<T> wish) {
+    const auto [entry, isNew] = places.try_emplace(place, list.size());
     if (isNew)
-        list.emplace_back(slot, std::move(wish));
+        list.emplace_back(place, std::move(wish));
     else
         list[entry->second].second = std::move(wish);
 }
 
-template <class T>
-const std::optional<T>* ValuePlan::Wishes<T>::Find(const Slot& slot) const {
+template <class Place, class T>
+const std::optional<T>* ValuePlan::Wishes<Place, T>::Find(const Place& place) const {
     if (list.empty())
         return nullptr;
-    const auto found = places.find(slot);
+    const auto found = places.find(place);
     return found == places.end() ? nullptr : &list[found->second].second;
 }
 
@@ -66,6 +66,11 @@ void ValuePlan::SetNameLink(const PartEntry& object, bool isLinked) {
     m_nameLinks.Set({&object, number::section}, isLinked);
 }
 
+void ValuePlan::SetCount(const PartEntry& part, const UniqueMetaObjectKey& embodiment,
+                         std::optional<SharedText> count) {
+    m_counts.Set({&part, embodiment}, std::move(count));
+}
+
 bool ValuePlan::IsNew(const Slot& slot, const std::optional<PropValue>& value) const {
     const PropValue* const held = m_shown.FindHeld(slot);
     return held ? !value || !(*held == *value) : value.has_value();
@@ -80,11 +85,18 @@ bool ValuePlan::IsNew(const Slot& slot, std::optional<bool> isNameLinked) const 
     return isNameLinked != slot.part->object->record->isNameLinkedToSection;
 }
 
+bool ValuePlan::IsNew(const CountSlot& slot, const std::optional<SharedText>& count) const {
+    const std::vector<CountRecord>& counts = slot.part->record->counts;
+    const auto present = std::ranges::find(counts, slot.embodiment, &CountRecord::embodiment);
+    return present == counts.end() ? count.has_value() : !count || !(present->count == *count);
+}
+
 bool ValuePlan::IsEmpty() const {
     const auto isNew = [this](const auto& wish) { return IsNew(wish.first, wish.second); };
     return std::ranges::none_of(m_values.list, isNew) &&
            std::ranges::none_of(m_links.list, isNew) &&
-           std::ranges::none_of(m_nameLinks.list, isNew);
+           std::ranges::none_of(m_nameLinks.list, isNew) &&
+           std::ranges::none_of(m_counts.list, isNew);
 }
 
 std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
@@ -103,6 +115,14 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         if (IsNew(slot, isLinked))
             nameLinks.push_back({slot.part->key, *isLinked});
     }
+    std::vector<HeldCount> counts;
+    for (const auto& [slot, count] : m_counts.list) {
+        if (!IsNew(slot, count))
+            continue;
+        HeldCount& held = counts.emplace_back(HeldCount{slot.part->key, slot.embodiment, {}});
+        if (count)
+            held.count = CountRecord{slot.embodiment, *count};
+    }
     std::vector<std::unique_ptr<IModelEdit>> edits;
     if (!nameLinks.empty())
         edits.push_back(std::make_unique<NameLinksEdit>(std::move(nameLinks)));
@@ -110,6 +130,8 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         edits.push_back(std::make_unique<ValuesEdit>(std::move(values)));
     if (!links.empty())
         edits.push_back(std::make_unique<LinksEdit>(std::move(links)));
+    if (!counts.empty())
+        edits.push_back(std::make_unique<CountsEdit>(std::move(counts)));
     return edits;
 }
 

@@ -27,7 +27,9 @@ public:
     /// The use has the value by source again.
     void TakeBySource(const Slot& use);
     void SetLink(const Slot& holder, std::optional<LinkRecord> link);
-
+    /// No value: the count is the one that follows from the product.
+    void SetCount(const PartEntry& part, const UniqueMetaObjectKey& embodiment,
+                  std::optional<SharedText> count);
     /// Whether the object's name follows its section.
     void SetNameLink(const PartEntry& object, bool isLinked);
 
@@ -36,30 +38,42 @@ public:
     std::vector<std::unique_ptr<IModelEdit>> MakeEdits() const;
 
 private:
-    struct SlotHash {
+    /// A count of a part.
+    struct CountSlot {
+        const PartEntry* part = nullptr;
+        UniqueMetaObjectKey embodiment;
+
+        friend bool operator==(const CountSlot&, const CountSlot&) = default;
+    };
+    struct Hash {
         std::size_t operator()(const Slot& slot) const {
             return std::hash<const PartEntry*>{}(slot.part) * 31 + slot.number;
         }
+        std::size_t operator()(const CountSlot& slot) const {
+            return std::hash<const PartEntry*>{}(slot.part) * 31 + slot.embodiment.GetHash();
+        }
     };
     /// In the order in which they were first wished for.
-    template <class T>
+    template <class Place, class T>
     struct Wishes {
-        std::unordered_map<Slot, std::size_t, SlotHash> places;
-        std::vector<std::pair<Slot, std::optional<T>>> list;
+        std::unordered_map<Place, std::size_t, Hash> places;
+        std::vector<std::pair<Place, std::optional<T>>> list;
 
-        void Set(const Slot& slot, std::optional<T> wish);
-        const std::optional<T>* Find(const Slot& slot) const;
+        void Set(const Place& place, std::optional<T> wish);
+        const std::optional<T>* Find(const Place& place) const;
     };
 
     bool IsNew(const Slot& slot, const std::optional<PropValue>& value) const;
     bool IsNew(const Slot& slot, const std::optional<LinkRecord>& link) const;
     bool IsNew(const Slot& slot, std::optional<bool> isNameLinked) const;
+    bool IsNew(const CountSlot& slot, const std::optional<SharedText>& count) const;
 
     ShownValues m_shown;
-    Wishes<PropValue> m_values;
-    Wishes<LinkRecord> m_links;
+    Wishes<Slot, PropValue> m_values;
+    Wishes<Slot, LinkRecord> m_links;
     /// By the objects' sections.
-    Wishes<bool> m_nameLinks;
+    Wishes<Slot, bool> m_nameLinks;
+    Wishes<CountSlot, SharedText> m_counts;
 };
 
 } // namespace platform

@@ -17,12 +17,15 @@ bool IsFixed(HeadKind kind) {
 } // namespace
 
 bool ColumnHead::Accepts(const CellInput& input) const {
+    if (!IsEditable())
+        return false;
     const bool isEmptied = std::holds_alternative<std::monostate>(input);
     switch (kind) {
     case HeadKind::Designation:
         return false;
     case HeadKind::Name:
     case HeadKind::Text:
+    case HeadKind::Count:
         return std::holds_alternative<SharedText>(input);
     case HeadKind::Int:
         return isEmptied || std::holds_alternative<int>(input);
@@ -102,6 +105,15 @@ void ColumnHeads::Init(const productTree::ColumnInfo& column, HeadKind kind,
         *place = std::move(head);
     else
         m_heads.insert(place, std::move(head));
+}
+
+void ColumnHeads::InitCount(const productTree::ColumnInfo& column, const std::wstring& text,
+                            const std::wstring& tag, bool isActive) {
+    Init(column, HeadKind::Count);
+    ColumnHead& head = m_heads.back();
+    head.text = text;
+    head.tag = tag;
+    head.isActive = isActive;
 }
 
 void ColumnHeads::Reset() {

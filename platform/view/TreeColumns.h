@@ -19,7 +19,7 @@ class ColumnInfo;
 namespace platform {
 
 /// What a head offers for editing many rows at once. Name and designation stand first and stay.
-enum class HeadKind { Name, Designation, Text, Int, Double, List, Bool };
+enum class HeadKind { Name, Designation, Text, Int, Double, List, Bool, Count };
 
 struct ColumnHead {
     std::wstring id;
@@ -34,10 +34,18 @@ struct ColumnHead {
     std::vector<SharedText> list = {};
     /// Only for texts; null for none.
     boost::intrusive_ptr<IMenuItems> popup = {};
+    /// Only for counts: what the column counts, at more length than its caption; empty for nothing
+    /// more than that. Then its tag, empty for the count in the current embodiments.
+    std::wstring text = {};
+    std::wstring tag = {};
+    /// The column counts the embodiment that is worked on.
+    bool isActive = false;
 
     /// Numbers stand at the right of their column.
     bool IsNumeric() const { return kind == HeadKind::Int || kind == HeadKind::Double; }
     bool HasLimits() const { return min != 0 || max != 0; }
+    /// Whether the user is offered an editor. Embodiments are counted row by row.
+    bool IsEditable() const { return kind != HeadKind::Designation && tag.empty(); }
     /// Whether a user can leave that in the head's editor. Numbers and truth values may be emptied.
     bool Accepts(const CellInput& input) const;
     friend bool operator==(const ColumnHead&, const ColumnHead&) = default;
@@ -80,6 +88,8 @@ public:
     /// A second head of the name or of the designation takes the place of the first.
     void Init(const productTree::ColumnInfo& column, HeadKind kind,
               const boost::intrusive_ptr<IMenuItems>& popup = nullptr);
+    void InitCount(const productTree::ColumnInfo& column, const std::wstring& text,
+                   const std::wstring& tag, bool isActive);
     /// Drops all heads but the two fixed ones.
     void Reset();
     /// Null when no head has that id.

@@ -164,6 +164,12 @@ void TreeTableView::InitDesignationHeader(const productTree::ColumnInfo& column)
     InitHead(column, HeadKind::Designation);
 }
 
+void TreeTableView::InitCountHeader(const productTree::ColumnInfo& column, const std::wstring& text,
+                                    const std::wstring& tag, bool active) {
+    const Update update(*this);
+    m_heads.InitCount(column, text, tag, active);
+}
+
 void TreeTableView::InitTextHeader(const productTree::ColumnInfo& column,
                                    const boost::intrusive_ptr<IMenuItems>& popup) {
     InitHead(column, HeadKind::Text, popup);

@@ -80,6 +80,8 @@ public:
 
     void InitNameHeader(const productTree::ColumnInfo& column) override;
     void InitDesignationHeader(const productTree::ColumnInfo& column) override;
+    void InitCountHeader(const productTree::ColumnInfo& column, const std::wstring& text,
+                         const std::wstring& tag, bool active) override;
     void InitTextHeader(const productTree::ColumnInfo& column,
                         const boost::intrusive_ptr<IMenuItems>& popup) override;
     void InitIntHeader(const productTree::ColumnInfo& column) override;

@@ -120,6 +120,67 @@ TEST_F(MainWindowTest, ExpandsAndCollapsesAll) {
     EXPECT_EQ(support::DumpView(view, {.expandedOnly = true}), "Gearbox [Parts (x3)+]");
 }
 
+// Two screws, one of them in both embodiments, and two drawings that are there or not.
+platform::ProductModel ProductOfEmbodiments() {
+    return support::Product()
+        .Root(L"Gearbox", L"AB.1")
+        .NoSectionRows()
+        .Columns({L"count"})
+        .Embodiment("e", L"01")
+        .Embodiment("f", L"02")
+        .ActiveEmbodiment("f")
+        .Object("screw")
+        .Name(L"Screw")
+        .Designation(L"1")
+        .Uses()
+        .Uses()
+        .In({"e"})
+        .Object("sheet")
+        .Name(L"Sheet")
+        .Designation(L"2")
+        .CountMark()
+        .Uses()
+        .CountMark()
+        .Uses()
+        .CountMark()
+        .In({"e"});
+}
+
+TEST_F(MainWindowTest, EmbodimentsAreCountedInColumnsOfTheirOwn) {
+    Show();
+    EXPECT_FALSE(Action("Counts of All Embodiments")->isEnabled());
+    WindowFixture::Show(ProductOfEmbodiments());
+    EXPECT_EQ(TextAt({0}, Column("Count")), "2");
+    Trigger("Counts of All Embodiments");
+    QApplication::processEvents();
+    EXPECT_TRUE(Action("Counts of All Embodiments")->isChecked());
+    EXPECT_EQ(Column("Count"), -1);
+    const int last = Column("-02");
+    EXPECT_EQ(TextAt({0}, Column("-01")), "2");
+    EXPECT_EQ(TextAt({0}, last), "1");
+    EXPECT_EQ(Tree().model()->headerData(last, Qt::Horizontal, Qt::ToolTipRole).toString(),
+              "Count for embodiment -02");
+    EXPECT_TRUE(Tree().model()->headerData(last, Qt::Horizontal, Qt::FontRole).isValid());
+    EXPECT_FALSE(Tree().model()->headerData(Column("-01"), Qt::Horizontal, Qt::FontRole).isValid());
+
+    const auto box = [&] { return At({1}, last).data(Qt::CheckStateRole).toInt(); };
+    EXPECT_EQ(box(), Qt::PartiallyChecked);
+    Tree().setCurrentIndex(At({1}, last));
+    Shoot("embodiments");
+    for (const int state : {Qt::Checked, Qt::Unchecked, Qt::Checked}) {
+        Press(Qt::Key_Space);
+        QApplication::processEvents();
+        EXPECT_EQ(box(), state);
+    }
+    Trigger("Undo");
+    Trigger("Undo");
+    Trigger("Undo");
+    EXPECT_EQ(box(), Qt::PartiallyChecked);
+    Trigger("Counts of All Embodiments");
+    QApplication::processEvents();
+    EXPECT_NE(Column("Count"), -1);
+}
+
 TEST_F(MainWindowTest, AFileThatCannotBeOpenedIsToldOfAndTheProductStays) {
     Show();
     m_window->OpenFile("missing.step", {});

@@ -52,6 +52,42 @@ TEST(Columns, TheViewsListFollowsWhatIsVisible) {
     EXPECT_LT(panel.View().FindColumn(L"user.1001"), 0);
 }
 
+// Caption, width, tag, text, and an exclamation mark for the embodiment that is worked on.
+std::string DumpCountHeads(const platform::TreeTableView& view) {
+    std::wstring text;
+    for (const platform::ColumnHead& head : view.GetHeads()) {
+        if (head.kind == platform::HeadKind::Count)
+            text += head.caption + L":" + std::to_wstring(static_cast<int>(head.width)) + L" [" +
+                    head.tag + L"] '" + head.text + L"'" + (head.isActive ? L"! " : L" ");
+    }
+    return {text.begin(), text.end()};
+}
+
+TEST(Columns, EmbodimentsHaveACountColumnEachInPlaceOfTheOne) {
+    Panel panel(WithColumns({L"mass", L"count", L"comment"})
+                    .Root(L"r", L"AB.1")
+                    .Embodiment("e")
+                    .Embodiment("f", L"01")
+                    .ActiveEmbodiment("f"));
+    EXPECT_EQ(DumpCountHeads(panel.View()), "Count:75 [] '' ");
+    panel.Change([](ProductModel& model) { model.embodimentMode = true; });
+    EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 mass:75 count|e:45 count|f:45 "
+                                         "comment:189 / mass count comment");
+    EXPECT_EQ(DumpCountHeads(panel.View()),
+              "AB.1:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment AB.1' "
+              "-01:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment -01'! ");
+    // An embodiment without a name is counted all the same.
+    panel.Change([](ProductModel& model) {
+        model.embodiments[0].marking = {};
+        model.activeEmbodiment = {};
+        model.visibleProperties.clear();
+    });
+    EXPECT_EQ(DumpCountHeads(panel.View()),
+              ":45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment' "
+              "-01:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment -01' ");
+    EXPECT_FALSE(panel.View().EditHeadByUser(L"count|f", SharedText(L"2")));
+}
+
 TEST(Columns, WidthsAreKeptPerColumnSetAndComeBackWithIt) {
     Panel panel(WithColumns({L"mass"}).ColumnSet("first"));
     panel.View().SetColumnWidthByUser(L"name", 300);

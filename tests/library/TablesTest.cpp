@@ -1,11 +1,13 @@
 // The two tables that say which cell and which head a column has, row by row: the maker makes the
 // class, and what it makes survives a reading, an edit, no value and a value of another kind.
 
+#include "cells/CountCells.h"
 #include "cells/MarkingCells.h"
 #include "cells/NameCells.h"
 #include "cells/PlainCells.h"
 #include "cells/SectionAndPositionCells.h"
 #include "cells/TypedGroupCells.h"
+#include "columns/headers/CountHeader.h"
 #include "columns/headers/HeaderTable.h"
 #include "columns/headers/PlainHeaders.h"
 #include "items/ProductTreeItemImpl.h"
@@ -53,7 +55,7 @@ const TableRow c_rows[] = {
      typeid(FeatureTypeHeaderImpl)},
     {L"specRoughSign", c_nothing, typeid(DisabledGroupCellImpl), c_nothing},
     {L"specRoughValue", c_nothing, typeid(DisabledGroupCellImpl), c_nothing},
-    {L"count", c_nothing, c_nothing, c_nothing},
+    {L"count", typeid(CountCellImpl), typeid(CountGroupCellImpl), typeid(CountHeaderImpl)},
     {L"comment", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
     {L"author", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
     {L"sheetsNumber", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl)},
@@ -112,6 +114,14 @@ TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
         EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), row.head)
             << id;
     }
+    for (const wchar_t* id : {L"count|root", L"count|a|b"}) {
+        const ColumnInfo column(id, {}, 0);
+        EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), column)), typeid(CountCellImpl));
+        EXPECT_EQ(ClassOf(Make(*m_panel.View().GetRoot(), column)), typeid(EmptyDisabledCellImpl));
+        EXPECT_EQ(ClassOf(Make(Group(), column)), typeid(CountGroupCellImpl));
+        EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())),
+                  typeid(CountHeaderImpl));
+    }
     const ColumnInfo name(L"name", {}, 0);
     const ColumnInfo marking(L"marking", {}, 0);
     EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), name)), typeid(NameCellImpl));
@@ -161,8 +171,10 @@ TEST_F(Tables, EveryCellSurvivesReadingsEditsAndValuesOfAnyKind) {
                     << std::string(column.GetId().begin(), column.GetId().end());
             }
             TreeActionResult result;
-            EXPECT_FALSE(cell->ExecCommand(7759, result)) << "a command of other layers";
-            EXPECT_EQ(result.action, TreeActionResult::Nothing);
+            const bool isCount = dynamic_cast<CountCellImpl*>(cell.get()) ||
+                                 dynamic_cast<CountGroupCellImpl*>(cell.get());
+            EXPECT_EQ(cell->ExecCommand(7759, result), isCount) << "only counts are worked out";
+            EXPECT_TRUE(isCount || result.action == TreeActionResult::Nothing);
             cell->GetAvailableCommands();
         }
     }
@@ -179,6 +191,53 @@ TEST_F(Tables, EveryHeadSurvivesAnEditThatNobodyMade) {
         EXPECT_EQ(head->OnClicked().action, TreeActionResult::Nothing);
         EXPECT_EQ(head->OnPopupCommand(1).action, TreeActionResult::Nothing);
     }
+}
+
+TEST(CountCommands, TypedCountsAreWorkedOutAgain) {
+    Panel panel(Product()
+                    .Root(L"r")
+                    .NoSectionRows()
+                    .Columns({L"count"})
+                    .Object("a")
+                    .Designation(L"1")
+                    .Count("root", L"9")
+                    .Uses(2)
+                    .Count("root", L"5")
+                    .Object("b")
+                    .Designation(L"2")
+                    .AggrIntoProduct(false)
+                    .Uses()
+                    .Count("root", L"5"));
+    const TreeTableRow& group = panel.View().GetRoot()->GetChildRow(0);
+    const auto cell = [](const TreeTableRow& row) -> ProductTreeCellImpl& {
+        return *FindItemOfRow(row)->FindCell(std::wstring(L"count"));
+    };
+    const auto offers = [&](const TreeTableRow& row) {
+        return cell(row).GetAvailableCommands().contains(7759);
+    };
+    const TreeTableRow& countedOut = panel.View().GetRoot()->GetChildRow(1);
+    EXPECT_FALSE(cell(countedOut).IsEditable());
+    EXPECT_EQ(cell(countedOut).GetAvailableCommands(), std::set<int>{7759});
+
+    const auto recalculate = [&](const TreeTableRow& row) {
+        TreeActionResult result;
+        EXPECT_TRUE(cell(row).ExecCommand(7759, result));
+        EXPECT_TRUE(result.selectKey.IsEmpty());
+        panel.Tree().Refresh();
+        return result.action;
+    };
+    EXPECT_TRUE(offers(group));
+    EXPECT_EQ(recalculate(group), TreeActionResult::ValuesChanged);
+    EXPECT_EQ(cell(group).GetShownValue().to_wstring().Str(), L"10");
+    EXPECT_FALSE(offers(group));
+    EXPECT_EQ(recalculate(group), TreeActionResult::Nothing);
+    EXPECT_TRUE(offers(group.GetChildRow(0)));
+    EXPECT_EQ(recalculate(group.GetChildRow(0)), TreeActionResult::Synchronise);
+    EXPECT_EQ(recalculate(group.GetChildRow(0)), TreeActionResult::Nothing);
+    EXPECT_EQ(cell(group).GetShownValue().to_wstring().Str(), L"6");
+
+    panel.Change([](platform::ProductModel& model) { model.isReadOnly = true; });
+    EXPECT_TRUE(cell(panel.View().GetRoot()->GetChildRow(0)).GetAvailableCommands().empty());
 }
 
 } // namespace

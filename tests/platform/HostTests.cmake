@@ -6,6 +6,7 @@ add_executable(hostTests
     GroupingComparatorTest.cpp
     MarkingTest.cpp
     NaturalOrderTest.cpp
+    ProductCountsTest.cpp
     ProductHistoryTest.cpp
     ProductIndexTest.cpp
     ProductLinksTest.cpp

@@ -158,6 +158,24 @@ TEST(Values, NumbersAreWrittenWithSoManyDigits) {
               310U);
 }
 
+TEST(Values, OnlyDecimalFractionsLoseTheirLastZeros) {
+    const wchar_t* const cases[][2] = {{L"2.50", L"2.5"},
+                                       {L"4.00", L"4"},
+                                       {L"4.", L"4"},
+                                       {L"0.0", L"0"},
+                                       {L"-1.20", L"-1.2"},
+                                       {L"+3.0", L"+3"},
+                                       {L"10", L"10"},
+                                       {L"2.50 m", L"2.50 m"},
+                                       {L"1.2.0", L"1.2.0"},
+                                       {L"1.5e10", L"1.5e10"},
+                                       {L".0", L".0"},
+                                       {L"x0", L"x0"},
+                                       {L"", L""}};
+    for (const auto& [text, trimmed] : cases)
+        EXPECT_EQ(orvex::sys::TrimLastZeros(text).Str(), trimmed);
+}
+
 TEST(Values, ATextTakesExactlyTheArgumentsItAsksFor) {
     const std::vector<SharedText> one{L"A"};
     const std::vector<SharedText> two{L"A", L"%1%"};

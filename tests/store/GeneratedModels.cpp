@@ -104,6 +104,13 @@ void FillPart(PartRecord& part, const PartRecord& plain, std::size_t objectCount
     part.isCountMark = Flag();
 }
 
+void FillCounts(PartRecord& part, std::size_t embodimentCount) {
+    for (std::size_t i = 0; i < embodimentCount; ++i) {
+        if (Number(4) == 0)
+            part.counts.push_back({Key("e", i), Text()});
+    }
+}
+
 void FillSection(SPCSection& section) {
     for (std::int32_t& number : section.numbers)
         number = *rc::gen::element(0, 0, 0, 5, 20, 35);
@@ -149,6 +156,7 @@ void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t cou
     PartRecord plain;
     plain.part.used = meta_data::SPUsed({model.styleId});
     FillPart(object, plain, count);
+    FillCounts(object, model.embodiments.size());
 }
 
 void FillUses(ObjectRecord& object, std::size_t objectCount, std::size_t embodimentCount) {
@@ -167,6 +175,7 @@ void FillUses(ObjectRecord& object, std::size_t objectCount, std::size_t embodim
                 if (Number(5) == 0)
                     use.properties.emplace_back(number, Value());
             FillLinks(use, objectCount);
+            FillCounts(use, embodimentCount);
         }
         const char* const mark = Number(4) == 0 ? "/" : "#";
         use.key = Key(object.key.String() + mark, static_cast<std::size_t>(i) + 1);

@@ -51,6 +51,18 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
          "a number from 0 to 8 is expected", "b"},
         {[](ProductModel& m) { m.objects[0].name = SharedText(L"\xD800"); }, "objects[0].name",
          "the text is not Unicode", "a"},
+        {[](ProductModel& m) {
+             m.objects[0].counts = {{m.root.key, SharedText(L"\xD800")}};
+         },
+         "objects[0].counts[0].count", "the text is not Unicode", "a"},
+        {[](ProductModel& m) {
+             m.objects[0].counts = {{UniqueMetaObjectKey("?"), L"1"}};
+         },
+         "objects[0].counts[0].embodiment", "there is no embodiment '?'", "a"},
+        {[](ProductModel& m) {
+             m.objects[0].counts = {{m.root.key, L"1"}, {m.root.key, L"2"}};
+         },
+         "objects[0].counts[1].embodiment", "the embodiment has a count already", "a"},
         {[](ProductModel& m) { m.objects[0].marking.SetCodeDelim(wchar_t{0x110000}); },
          "objects[0].designation", "the text is not Unicode", "a"},
         {[&](ProductModel& m) {

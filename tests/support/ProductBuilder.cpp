@@ -248,6 +248,12 @@ Product& Product::CountMark() {
     return ChangeParts([](PartRecord& part) { part.isCountMark = true; });
 }
 
+Product& Product::Count(std::string_view embodiment, const std::wstring& count) {
+    return ChangeParts([&](PartRecord& part) {
+        part.counts.push_back({Key(embodiment), SharedText(count)});
+    });
+}
+
 Product& Product::Embodiment(std::string_view key, const std::wstring& number) {
     platform::EmbodimentRecord embodiment;
     embodiment.key = Key(key);

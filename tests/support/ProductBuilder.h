@@ -89,6 +89,8 @@ public:
     Product& NotUsed() { return UsedIn({}); }
     Product& InGroupOf(std::string_view groupKey);
     Product& CountMark();
+    /// A count that was typed; empty: that there is none.
+    Product& Count(std::string_view embodiment, const std::wstring& count);
 
     Product& Embodiment(std::string_view key, const std::wstring& number = {});
     Product& CurrentEmbodiments(Keys keys);

@@ -120,6 +120,11 @@ public:
     std::optional<bool> GetAggrIntoProduct(const Key& key) const override { return Note("GetAggrIntoProduct"), Base::GetAggrIntoProduct(key); }
     bool IsRegWithDescShown() const override { return Note("IsRegWithDescShown"), Base::IsRegWithDescShown(); }
     bool HasActiveEmbodiment() const override { return Note("HasActiveEmbodiment"), Base::HasActiveEmbodiment(); }
+    std::set<Key> GetCurrentEmbodiments() const override { return Note("GetCurrentEmbodiments"), Base::GetCurrentEmbodiments(); }
+    Key GetCountKey(const Key& key, const std::set<Key>& keys, bool inGroup) const override { return Note("GetCountKey"), Base::GetCountKey(key, keys, inGroup); }
+    PropValue GetGroupCount(const Key& key, const std::set<Key>& keys) const override { return Note("GetGroupCount"), Base::GetGroupCount(key, keys); }
+    bool IsRecalcAvailable(const PropertyRef& ref) const override { return Note("IsRecalcAvailable"), Base::IsRecalcAvailable(ref); }
+    Changes MakeRecalcChanges(const Key& key, const Key& embodiment) override { return Note("MakeRecalcChanges"), Base::MakeRecalcChanges(key, embodiment); }
     bool CanStartPositions() const override { return Note("CanStartPositions"), Base::CanStartPositions(); }
     bool CanSetPosition(const Key& key) const override { return Note("CanSetPosition"), Base::CanSetPosition(key); }
     bool KeepsOwnPosition(const Key& key) const override { return Note("KeepsOwnPosition"), Base::KeepsOwnPosition(key); }

@@ -1,0 +1,128 @@
+// Counts of a product in memory: what follows from the product, what was typed, and the way back.
+
+#include "tests/support/ProductBuilder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using platform::MemoryProduct;
+using support::Key;
+using support::Product;
+
+PropertyRef Ref(std::string_view key, std::string_view embodiment) {
+    return {Key(key), Key(embodiment), L"count", {}};
+}
+
+std::wstring Count(const MemoryProduct& product, std::string_view key,
+                   std::string_view embodiment) {
+    return product.GetValue(Ref(key, embodiment)).to_wstring().Str();
+}
+
+bool Commit(MemoryProduct& product, ProductInfObjChangesResult changes) {
+    product.CommitChanges(changes);
+    return changes.IsExistsChanges();
+}
+
+bool Type(MemoryProduct& product, std::string_view key, std::string_view embodiment,
+          const wchar_t* text) {
+    return Commit(product, product.MakeValueChanges(Ref(key, embodiment),
+                                                    PropValue(SimplePropVal(SharedText(text)))));
+}
+
+Product TwoEmbodiments() {
+    return std::move(Product()
+                         .Embodiment("e", L"01")
+                         .Embodiment("f", L"02")
+                         .Object("screw")
+                         .Name(L"Screw")
+                         .Designation(L"1")
+                         .Uses(3)
+                         .Object("same")
+                         .Name(L"Screw")
+                         .Designation(L"1")
+                         .Use("same#1")
+                         .In({"f"})
+                         .Object("oil")
+                         .Name(L"Oil")
+                         .Value(L"count", SimplePropVal(L"3,2"))
+                         .Object("drawing")
+                         .CountMark());
+}
+
+TEST(ProductCounts, FollowFromTheUsesInEachEmbodiment) {
+    const auto product = TwoEmbodiments().Make();
+    const struct {
+        const char* key;
+        const wchar_t* inE;
+        const wchar_t* inF;
+    } cases[] = {{"screw#1", L"1", L"1"}, {"same#1", L"", L"1"},   {"screw", L"3", L"4"},
+                 {"same", L"3", L"4"},    {"oil", L"3,2", L"3,2"}, {"drawing", L"x", L"x"},
+                 {"root", L"", L""},      {"nobody", L"", L""}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Count(*product, c.key, "e"), c.inE) << c.key;
+        EXPECT_EQ(Count(*product, c.key, "f"), c.inF) << c.key;
+    }
+    EXPECT_EQ(product->GetGroupCount(Key("screw"), {Key("e"), Key("f")}).to_wstring().Str(), L"4");
+    EXPECT_EQ(product->GetCountKey(Key("same#1"), {Key("e"), Key("f")}, true), Key("f"));
+    EXPECT_EQ(product->GetCountKey(Key("screw#1"), {Key("e"), Key("f")}, true), Key("e"));
+    EXPECT_EQ(product->GetCurrentEmbodiments(), (std::set{Key("e"), Key("f")}));
+    EXPECT_EQ(Product().Make()->GetCurrentEmbodiments(), std::set{Key("root")});
+    for (const auto& [key, embodiment] : {std::pair("screw", "gone"), std::pair("root", "e")}) {
+        EXPECT_TRUE(product->IsReadOnly(Ref(key, embodiment)));
+        EXPECT_FALSE(Type(*product, key, embodiment, L"2"));
+    }
+}
+
+TEST(ProductCounts, ATypedCountStandsUntilItIsWorkedOutAgain) {
+    const auto product = TwoEmbodiments().Make();
+    for (const char* key : {"screw#1", "screw", "oil"}) {
+        const std::wstring before = Count(*product, key, "e");
+        EXPECT_FALSE(product->IsRecalcAvailable(Ref(key, "e")));
+        EXPECT_TRUE(product->MakeRecalcChanges(Key(key), Key("e")).changedProperties.empty());
+        ASSERT_TRUE(Type(*product, key, "e", L"9"));
+        EXPECT_EQ(Count(*product, key, "e"), L"9");
+        EXPECT_TRUE(product->IsRecalcAvailable(Ref(key, "e")));
+        EXPECT_FALSE(product->IsRecalcAvailable(Ref(key, "f")));
+        ASSERT_TRUE(Commit(*product, product->MakeRecalcChanges(Key(key), Key("e"))));
+        EXPECT_EQ(Count(*product, key, "e"), before);
+        product->Undo();
+        EXPECT_EQ(Count(*product, key, "e"), L"9");
+        product->Undo();
+        EXPECT_EQ(Count(*product, key, "e"), before);
+        EXPECT_EQ(product->GetModel(), TwoEmbodiments().Model());
+        EXPECT_TRUE(!product->CanUndo());
+    }
+    ASSERT_TRUE(Type(*product, "screw#1", "e", L"9"));
+    ASSERT_TRUE(Type(*product, "screw#1", "e", L"1"));
+    EXPECT_EQ(product->GetModel(), TwoEmbodiments().Model()) << "nothing is kept of it";
+}
+
+TEST(ProductCounts, AGroupAddsUpNumbersAlone) {
+    const auto product = TwoEmbodiments().Make();
+    Type(*product, "screw#1", "f", L"0,5");
+    EXPECT_EQ(Count(*product, "screw", "f"), L"3.5");
+    Type(*product, "screw#1", "f", L"");
+    EXPECT_EQ(Count(*product, "screw", "f"), L"3");
+    Type(*product, "screw#1", "f", L"as needed");
+    EXPECT_EQ(Count(*product, "screw", "f"), L"");
+    product->DeleteObjects({Key("screw#1")});
+    EXPECT_EQ(Count(*product, "screw", "f"), L"3");
+    product->DeleteObjects({Key("same")});
+    EXPECT_EQ(Count(*product, "screw", "f"), L"2");
+    Commit(*product, product->MakeValueChanges({Key("screw"), {}, L"name", {}},
+                                               PropValue(SimplePropVal(L"Bolt"))));
+    product->Undo();
+    product->Undo();
+    EXPECT_EQ(Count(*product, "screw", "f"), L"3") << "the like objects are found again";
+}
+
+TEST(ProductCounts, ALinkedCountIsThatOfTheOtherObject) {
+    const auto product =
+        TwoEmbodiments().Object("can").Count("e", L"5").Link(L"count", "oil", L"count").Make();
+    EXPECT_EQ(Count(*product, "can", "e"), L"3,2");
+    EXPECT_FALSE(Type(*product, "can", "e", L"7"));
+    EXPECT_FALSE(product->IsRecalcAvailable(Ref("can", "e")));
+}
+
+} // namespace
