@@ -25,6 +25,9 @@ void CoolCaches();
 /// 1k, 10k and 100k occurrences.
 void Sizes(benchmark::internal::Benchmark* benchmark);
 
+/// 1k and 10k members of one group.
+void GroupSizes(benchmark::internal::Benchmark* benchmark);
+
 template <class T>
 void Drop(T) {}
 

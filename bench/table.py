@@ -20,6 +20,12 @@ RATIOS = (
     ("memory of the panel / QStandardItemModel", "bytes", "FirstBuild", "StandardItemModelFill", 0.6),
 )
 
+# of a group of 10k members: name, work, yardstick, bar
+GROUP_RATIOS = (
+    ("group row with its members / members alone", "GroupAndMembers", "GroupMembers", 1.5),
+    ("edit of the group / refresh", "GroupEdit", "GroupRefresh", 2.0),
+)
+
 # by name: how many times the milliseconds at 10k those at 100k may be
 GROWTHS = {
     "Sort": 13,
@@ -63,8 +69,8 @@ class Run:
     def get(self, name, size, what):
         return self.values.get((name, size, what))
 
-    def ratio(self, what, work, yardstick):
-        values = self.get(work, LARGE, what), self.get(yardstick, LARGE, what)
+    def ratio(self, what, work, yardstick, size=LARGE):
+        values = self.get(work, size, what), self.get(yardstick, size, what)
         return values[0] / values[1] if None not in values else None
 
 
@@ -98,12 +104,18 @@ def print_memory(run):
         )
 
 
+def print_ratio(title, ratio, bar):
+    if ratio is not None:
+        print(f"{title:48}{ratio:6.2f}   {verdict(ratio, bar)}")
+
+
 def print_ratios(run):
     print(f"\n{'of 100,000 rows':48}{'ratio':>6}")
     for title, what, work, yardstick, bar in RATIOS:
-        ratio = run.ratio(what, work, yardstick)
-        if ratio is not None:
-            print(f"{title:48}{ratio:6.2f}   {verdict(ratio, bar)}")
+        print_ratio(title, run.ratio(what, work, yardstick), bar)
+    print("\nof a group of 10,000 members")
+    for title, work, yardstick, bar in GROUP_RATIOS:
+        print_ratio(title, run.ratio("ms", work, yardstick, 10_000), bar)
 
 
 def main():

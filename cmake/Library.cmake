@@ -43,6 +43,7 @@ set(productTreeSources
     control/ModuleEntry.cpp
     control/ProductTreeCtrl.cpp
     control/ProductTreeCtrlColumns.cpp
+    control/ProductTreeCtrlCommands.cpp
     control/ProductTreeCtrlEdits.cpp
     control/ProductTreeCtrlRows.cpp
     control/ProductTreeEmbItemsStates.cpp

@@ -26,6 +26,10 @@ class IfProductTreeCtrl {
 public:
     virtual ~IfProductTreeCtrl() = default;
 
+    /// The user has given a command of the panel's tool strips: CALCULATE_POSITIONS of the
+    /// library's resources, where the column of positions is shown. Any other number is nothing.
+    /// `data` is not used.
+    virtual void OnToolbarCommand(int command, std::int64_t data) = 0;
     /// The user has moved or resized columns.
     virtual void OnColumnsChanged() = 0;
     /// The user has left the editor of the row's cell in that column.

@@ -50,6 +50,7 @@ public:
     void Refresh();
     void RefreshReadOnlyMode();
 
+    void OnToolbarCommand(int command, std::int64_t data) override;
     void OnColumnsChanged() override;
     void OnCellEdited(ProductTreeItemData& item, const std::wstring& columnId) override;
     void OnHeaderEdited(const std::wstring& columnId) override;
@@ -99,6 +100,8 @@ private:
     template <class Work>
     void RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId, const Work& work);
     void ApplyResult(const TreeActionResult& result);
+    bool CanCalculate() const;
+    void CalculatePositions();
     /// Null for the empty key, and when no row stands for the key.
     ITreeTableRow* FindRowByKey(ITreeTableRow* row, const UniqueMetaObjectKey& key) const;
     /// False when no row has that id.

@@ -3,9 +3,8 @@
 
 #include "columns/PropertyKeys.h"
 #include "columns/headers/ProductTreeHeaderImpl.h"
+#include "control/EditFrame.h"
 #include "control/GrProductTreeWrapper.h"
-#include "control/ProductTreeCtrl.h"
-#include "control/SyncGuard.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemImpl.h"
@@ -49,17 +48,6 @@ std::vector<std::wstring> GetEntryIds(const ITreeTableModel& view) {
 }
 
 } // namespace
-
-// The guard goes before the result is applied: applying builds and reads.
-template <class Work>
-void ProductTreeCtrl::RunEdit(const Work& work) {
-    TreeActionResult result;
-    {
-        const SyncGuard guard(*this, m_wrapper);
-        result = work();
-    }
-    ApplyResult(result);
-}
 
 template <class Work>
 void ProductTreeCtrl::RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId,

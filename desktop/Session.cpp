@@ -5,6 +5,7 @@
 #include "platform/product/MemoryProduct.h"
 #include "platform/view/HostFrame.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace desktop {
@@ -98,6 +99,17 @@ bool Session::CanUndo() const {
 
 bool Session::CanRedo() const {
     return m_product->CanRedo();
+}
+
+bool Session::CanNumberPositions() const {
+    const std::vector<std::wstring> columns = GetView().GetColumnIds();
+    return m_product->CanCalculatePositions() &&
+           std::find(columns.begin(), columns.end(), L"position") != columns.end();
+}
+
+void Session::NumberPositions() {
+    constexpr int calculatePositions = 7766;
+    GetView().RunCommandByUser(calculatePositions);
 }
 
 void Session::Undo() {

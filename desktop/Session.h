@@ -46,6 +46,9 @@ public:
     bool HasEmbodiments() const;
     bool IsEmbodimentMode() const;
     void SetEmbodimentMode(bool on);
+    /// Positions in the order of the rows, as one step. Where they are not shown nothing happens.
+    bool CanNumberPositions() const;
+    void NumberPositions();
     /// Writes volumes and masses into the document, which is no step to undo.
     void TakeMeasures(const step::Measures& measures);
 

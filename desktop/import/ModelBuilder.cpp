@@ -20,6 +20,8 @@ constexpr ComponentKind assemblyKind{platform::PartKindAssembly, 15, 0};
 constexpr ComponentKind detailKind{platform::PartKindDetail, 20, 1};
 constexpr ComponentKind standardKind{platform::PartKindStandard, 25, 2};
 
+constexpr const wchar_t* sectionPath = L"SPCSection";
+constexpr const wchar_t* positionPath = L"position";
 constexpr const wchar_t* materialPath = L"material";
 constexpr const wchar_t* densityPath = L"material.density";
 constexpr const wchar_t* massPath = L"mass";
@@ -119,7 +121,8 @@ platform::ProductModel BuildModel(const ProductStructure& structure, const RootC
         model.objects.push_back(MakeObject(structure, component, part));
     model.root.sumsPartMasses = !model.objects.empty();
     model.isSimplified = true;
-    for (const wchar_t* path : {materialPath, densityPath, massPath, notePath})
+    for (const wchar_t* path :
+         {sectionPath, positionPath, materialPath, densityPath, massPath, notePath})
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));
     return model;
 }

@@ -87,6 +87,7 @@ void MainWindow::MakeEditMenu() {
     edit->addSeparator();
     edit->addAction(tr("Value of &Selected Rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
                     &PanelTree::EditHead);
+    m_number = edit->addAction(tr("&Number Positions"), this, &MainWindow::NumberPositions);
 }
 
 void MainWindow::MakeViewMenu() {
@@ -192,6 +193,7 @@ void MainWindow::ShowState() {
     setWindowModified(m_session->IsModified());
     // A STEP file is saved as a product file at any time.
     m_save->setEnabled(m_session->IsModified() || !m_session->IsProductFile());
+    m_number->setEnabled(m_session->CanNumberPositions());
     m_embodiments->setEnabled(m_session->HasEmbodiments());
     m_embodiments->setChecked(m_session->IsEmbodimentMode());
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
@@ -207,6 +209,12 @@ void MainWindow::Undo() {
 void MainWindow::Redo() {
     m_tree->CommitEditor();
     m_session->Redo();
+    ShowState();
+}
+
+void MainWindow::NumberPositions() {
+    m_tree->CommitEditor();
+    m_session->NumberPositions();
     ShowState();
 }
 

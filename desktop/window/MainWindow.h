@@ -67,6 +67,7 @@ private:
 
     void Undo();
     void Redo();
+    void NumberPositions();
     /// Tells of an input that was not taken, until the next one is.
     void OnInputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
     void OnMeasured(const step::Measures& measures);
@@ -86,6 +87,7 @@ private:
     QAction* m_save = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
+    QAction* m_number = nullptr;
     QAction* m_embodiments = nullptr;
     PanelTree* m_tree = nullptr;
     MassIndicator* m_masses = nullptr;

@@ -336,11 +336,16 @@ class IProductDataPositions {
 public:
     virtual ~IProductDataPositions() = default;
 
+    /// The panel may offer to number the document now.
+    virtual bool CanCalculatePositions() const = 0;
+    /// The number that numbering begins with, 1 or more.
+    virtual unsigned GetFirstPosition() const = 0;
     /// The document can be numbered at all.
     virtual bool CanStartPositions() const = 0;
     virtual bool CanSetPosition(const UniqueMetaObjectKey& key) const = 0;
     /// The object has a position of its own that numbering leaves alone and passes over.
     virtual bool KeepsOwnPosition(const UniqueMetaObjectKey& key) const = 0;
+    /// The object has a position that numbering takes away, since it gives it none.
     virtual bool CanClearPosition(const UniqueMetaObjectKey& key) const = 0;
     /// Objects of the section have positions.
     virtual bool IsSectionNumbered(const SPCSection& section) const = 0;

@@ -191,6 +191,8 @@ public:
     ProductInfObjChangesResult MakeRecalcChanges(const UniqueMetaObjectKey& key,
                                                  const UniqueMetaObjectKey& embodiment) override;
 
+    bool CanCalculatePositions() const override;
+    unsigned GetFirstPosition() const override;
     bool CanStartPositions() const override;
     bool CanSetPosition(const UniqueMetaObjectKey& key) const override;
     bool KeepsOwnPosition(const UniqueMetaObjectKey& key) const override;

@@ -166,6 +166,14 @@ int MemoryProduct::GetEditSourceCommand(const UniqueMetaObjectKey& /*key*/) cons
 
 void MemoryProduct::EditSource(const UniqueMetaObjectKey& /*key*/) {}
 
+bool MemoryProduct::CanCalculatePositions() const {
+    return !m_state->model.isReadOnly;
+}
+
+unsigned MemoryProduct::GetFirstPosition() const {
+    return 1;
+}
+
 bool MemoryProduct::CanStartPositions() const {
     return !m_state->model.isReadOnly;
 }
@@ -184,7 +192,8 @@ bool MemoryProduct::KeepsOwnPosition(const UniqueMetaObjectKey& key) const {
 
 bool MemoryProduct::CanClearPosition(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && !part->object->record->keepsOwnPosition &&
+    return part && !part->isRoot && !CanSetPosition(key) &&
+           !part->object->record->keepsOwnPosition &&
            !m_state->GetRules().IsFixed(*part, number::position) &&
            !ShownValues(m_state->index).Get(*part, number::position).IsEmpty();
 }

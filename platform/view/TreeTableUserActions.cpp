@@ -196,6 +196,12 @@ bool TreeTableView::PopupCommandByUser(TreeTableRow& row, const std::wstring& co
                        });
 }
 
+bool TreeTableView::RunCommandByUser(int command) {
+    return CanCallControl() && CallControl([command](IfProductTreeCtrl& control) {
+               control.OnToolbarCommand(command, 0);
+           });
+}
+
 bool TreeTableView::EditHeadByUser(const std::wstring& columnId, const CellInput& input) {
     const ColumnHead* const head = m_heads.Find(columnId);
     if (!CanCallControl() || m_panel.isReadOnly || !head || !head->Accepts(input))

@@ -150,6 +150,8 @@ public:
     /// Also in a read-only row.
     bool ClickLinkByUser(TreeTableRow& row, const std::wstring& columnId);
     bool PopupCommandByUser(TreeTableRow& row, const std::wstring& columnId, int command);
+    /// A command of the panel's tool strips.
+    bool RunCommandByUser(int command);
     bool EditHeadByUser(const std::wstring& columnId, const CellInput& input);
     bool ClickHeadByUser(const std::wstring& columnId);
     bool HeadPopupCommandByUser(const std::wstring& columnId, int command);

@@ -2,7 +2,6 @@
 // assemblies stand outside the repository; without them the tests are skipped.
 #include "desktop/JsonPrint.h"
 #include "desktop/window/TreeItemModel.h"
-#include "host/ProductProperties.h"
 #include "tests/desktop/WindowFixture.h"
 #include "tests/support/TestFolder.h"
 
@@ -34,16 +33,11 @@ protected:
     }
     void TearDown() override { std::filesystem::remove_all(m_folder); }
 
-    /// Parts are not measured yet. `columns` are shown before the usual ones.
-    void Open(const char* name = "as1-oc-214.stp",
-              std::initializer_list<const wchar_t*> columns = {},
-              const desktop::step::StepOptions& options = {}) {
+    /// Parts are not measured yet.
+    void Open(const char* name = "as1-oc-214.stp", const desktop::step::StepOptions& options = {}) {
         auto opened = desktop::OpenDocument(m_file / name, options);
         ASSERT_TRUE(std::holds_alternative<desktop::Document>(opened));
         auto document = std::get<desktop::Document>(std::move(opened));
-        std::vector<unsigned long>& shown = document.model.visibleProperties;
-        for (const wchar_t* path : columns)
-            shown.insert(shown.begin(), ProductProperties::GetPropId(path));
         m_window->Show(std::make_unique<desktop::Session>(std::move(document)));
         m_window->show();
         m_window->activateWindow();
@@ -147,7 +141,7 @@ TEST_F(AssemblyEditsTest, ADensityThatIsGivenBeforeThePartsAreMeasuredMakesTheMa
 constexpr platform::SectionDecision c_standardParts{4, false};
 
 TEST_F(AssemblyEditsTest, APartMovesToTheSectionThatIsChosenAndTakesAPosition) {
-    Open("as1-oc-214.stp", {L"position", L"SPCSection"});
+    Open("as1-oc-214.stp");
     EXPECT_EQ(Text(Find("plate", c_section)), "Parts");
     m_decisions->ChooseNextSection(c_standardParts);
     ClickLink(Find("plate", c_section));
@@ -172,12 +166,21 @@ TEST_F(AssemblyEditsTest, APartMovesToTheSectionThatIsChosenAndTakesAPosition) {
     Trigger("Undo");
     EXPECT_EQ(Text(Find("plate", "Name").parent()), "Parts (x1)");
     EXPECT_FALSE(m_window->isWindowModified());
+
+    Trigger("Number Positions");
+    EXPECT_EQ(Text(Find("l-bracket-assembly (x2)", c_position)), "1");
+    EXPECT_EQ(Text(Find("rod-assembly", c_position)), "2");
+    EXPECT_EQ(Text(Find("plate", c_position)), "5") << "two numbers stay free between sections";
+    Shoot("assembly-numbered");
+    Trigger("Undo");
+    EXPECT_EQ(Text(Find("rod-assembly", c_position)), "");
+    EXPECT_FALSE(m_window->isWindowModified());
 }
 
 TEST_F(AssemblyEditsTest, AGroupOfTwelveScrewsIsPlacedAsOne) {
     desktop::step::StepOptions leaves;
     leaves.flatten = true;
-    Open("cubefactory_01_00_00-shredder_unit.STEP", {L"position", L"SPCSection"}, leaves);
+    Open("cubefactory_01_00_00-shredder_unit.STEP", leaves);
     const QString name = "01_02_12-cylinder_screw_M5x10-DIN912 (x12)";
     const auto areAll = [&](const char* column, const std::string& text) {
         const QModelIndex group = Find(name, "Name");

@@ -137,7 +137,7 @@ TEST(StepImport, MakesADocumentThatThePanelCanShow) {
     EXPECT_FALSE(model.style);
     EXPECT_TRUE(model.isSimplified);
     EXPECT_TRUE(model.root.sumsPartMasses);
-    EXPECT_EQ(model.visibleProperties.size(), 4u);
+    EXPECT_EQ(model.visibleProperties.size(), 6u);
     for (const unsigned long number : model.visibleProperties)
         EXPECT_NE(ProductProperties::GetPath(number), L"");
 

@@ -7,6 +7,7 @@
 #include "platform/view/Utf8.h"
 #include "tests/platform/ViewBuilder.h"
 
+#include <cstdint>
 #include <functional>
 #include <list>
 #include <string>
@@ -23,6 +24,9 @@ public:
 
     std::string TakeLog() { return std::exchange(m_log, {}); }
 
+    void OnToolbarCommand(int command, std::int64_t) override {
+        Note("command " + std::to_string(command));
+    }
     void OnColumnsChanged() override { Note("columns"); }
     void OnCellEdited(Item&, const std::wstring& id) override { Note("cell", id); }
     void OnHeaderEdited(const std::wstring& id) override { Note("head", id); }

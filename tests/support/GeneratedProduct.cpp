@@ -16,7 +16,6 @@ using platform::ObjectRecord;
 using platform::OccurrenceRecord;
 using platform::ProductModel;
 
-constexpr std::size_t c_membersPerGroup = 8;
 constexpr std::size_t c_sections = 40;
 
 constexpr unsigned long c_coating = 1000;
@@ -191,7 +190,7 @@ void Shuffle(std::vector<ObjectRecord>& objects, Random& random) {
 
 } // namespace
 
-ProductModel GenerateProduct(std::size_t occurrences) {
+ProductModel GenerateProduct(std::size_t occurrences, std::size_t perGroup) {
     ProductModel model;
     model.root.key = UniqueMetaObjectKey("root");
     model.root.name = L"Generated product";
@@ -205,7 +204,7 @@ ProductModel GenerateProduct(std::size_t occurrences) {
     std::size_t made = 0;
     for (std::size_t group = 0; made < occurrences; ++group) {
         GroupMaker maker(model, group, random, texts);
-        const std::size_t members = std::min(c_membersPerGroup, occurrences - made);
+        const std::size_t members = std::min(perGroup, occurrences - made);
         if (group % 2 == 0) {
             maker.AddObject(model.objects.size(), members);
         } else {

@@ -7,11 +7,11 @@
 
 namespace support {
 
-/// A product of that many occurrences in about an eighth as many groups: one half of them objects
-/// with eight uses each, the other half runs of eight like objects with one use each, so that there
-/// are four and a half objects a group. Texts are as in real products, long equal beginnings and
+/// A product of that many occurrences, `perGroup` of them in each group: one half of the groups are
+/// objects with that many uses, the other half, the second among them, as many like objects with
+/// one use each. Texts are as in real products, long equal beginnings and
 /// numbers at the end. A style of 40 sections, 14 shown columns of all types, three of them the
 /// user's own, with a value in most rows.
-platform::ProductModel GenerateProduct(std::size_t occurrences);
+platform::ProductModel GenerateProduct(std::size_t occurrences, std::size_t perGroup = 8);
 
 } // namespace support

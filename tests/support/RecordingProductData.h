@@ -125,6 +125,8 @@ public:
     PropValue GetGroupCount(const Key& key, const std::set<Key>& keys) const override { return Note("GetGroupCount"), Base::GetGroupCount(key, keys); }
     bool IsRecalcAvailable(const PropertyRef& ref) const override { return Note("IsRecalcAvailable"), Base::IsRecalcAvailable(ref); }
     Changes MakeRecalcChanges(const Key& key, const Key& embodiment) override { return Note("MakeRecalcChanges"), Base::MakeRecalcChanges(key, embodiment); }
+    bool CanCalculatePositions() const override { return Note("CanCalculatePositions"), Base::CanCalculatePositions(); }
+    unsigned GetFirstPosition() const override { return Note("GetFirstPosition"), Base::GetFirstPosition(); }
     bool CanStartPositions() const override { return Note("CanStartPositions"), Base::CanStartPositions(); }
     bool CanSetPosition(const Key& key) const override { return Note("CanSetPosition"), Base::CanSetPosition(key); }
     bool KeepsOwnPosition(const Key& key) const override { return Note("KeepsOwnPosition"), Base::KeepsOwnPosition(key); }
