@@ -3,6 +3,7 @@
 
 #include "control/IfProductTreeCtrl.h"
 #include "platform/services/EventsBus.h"
+#include "platform/services/UserDecisions.h"
 #include "tests/library/PanelTest.h"
 #include "tests/support/RecordingProductData.h"
 
@@ -427,6 +428,15 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
     const Operation operations[] = {
         {"a cell",
          [&](auto& view) { view.EditCellByUser(first(view), c_column, SharedText(L"x")); }},
+        {"a position",
+         [&](auto& view) { view.EditCellByUser(first(view), L"position", SharedText(L"7")); }},
+        {"a count",
+         [&](auto& view) { view.EditCellByUser(first(view), L"count", SharedText(L"7")); }},
+        {"a section",
+         [&](auto& view) {
+             view.GetControl()->OnCellHypertextActivated(*first(view).GetData(), L"SPCSection");
+         }},
+        {"numbering", [&](auto& view) { view.GetControl()->OnToolbarCommand(7766, 0); }},
         {"a name", [&](auto& view) { view.EditNameByUser(first(view), L"x"); }},
         {"a designation",
          [&](auto& view) {
@@ -467,7 +477,11 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
         bool isThrowing = true;
         for (std::size_t n = 1; isThrowing; ++n) {
             ASSERT_LT(n, 10'000U);
-            auto data = std::make_shared<RecordingProductData>(ThreeParts());
+            auto data = std::make_shared<RecordingProductData>(
+                ThreeParts().Columns({c_column, L"position", L"SPCSection", L"count"}));
+            platform::ScriptedDecisions decisions;
+            decisions.ChooseNextSection(platform::SectionDecision{4, false});
+            data->SetDecisions(&decisions);
             const platform::HostFrame frame(data);
             data->ThrowAt(n);
             isThrowing = false;
