@@ -378,30 +378,15 @@ TreeActionResult CountGroupCellImpl::OnValueEdited() {
     });
 }
 
-TreeActionResult CountGroupCellImpl::OnHypertextActivated() {
-    TreeActionResult result;
-    ExecHypertextCommand(commands::editHypertext, MakeMemberForm(), result);
-    return result;
-}
-
 bool CountGroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
-    switch (command) {
-    case commands::insertHypertext:
-    case commands::destroyHypertext:
-    case commands::editHypertext:
-        ExecHypertextCommand(command, MakeMemberForm(), out);
-        return true;
-    case commands::recalcValue: {
-        ProductInfObjChangesResult changes = m_data->MakeRecalcChanges(m_key, GetFirstEmbodiment());
-        // What was asked for counts: the rows are read again even where nothing came of it.
-        out.action =
-            changes.IsExistsChanges() ? TreeActionResult::ValuesChanged : TreeActionResult::Nothing;
-        m_data->CommitChanges(changes);
-        return true;
-    }
-    default:
+    if (command != commands::recalcValue)
         return GroupCellImpl::ExecCommand(command, out);
-    }
+    ProductInfObjChangesResult changes = m_data->MakeRecalcChanges(m_key, GetFirstEmbodiment());
+    // What was asked for counts: the rows are read again even where nothing came of it.
+    out.action =
+        changes.IsExistsChanges() ? TreeActionResult::ValuesChanged : TreeActionResult::Nothing;
+    m_data->CommitChanges(changes);
+    return true;
 }
 
 std::set<int> CountGroupCellImpl::GetAvailableCommands() {

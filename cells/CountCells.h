@@ -71,16 +71,14 @@ public:
     void Update() override;
     bool HasHypertext() override;
     TreeActionResult OnValueEdited() override;
-    TreeActionResult OnHypertextActivated() override;
     bool ExecCommand(int command, TreeActionResult& out) override;
     std::set<int> GetAvailableCommands() override;
     bool CanTransmitToSource() override;
 
 private:
+    PropertyRef MakeMemberForm() const override;
     const UniqueMetaObjectKey& GetFirstEmbodiment() const { return *m_embodiments.begin(); }
     PropertyRef MakeGroupRef(const UniqueMetaObjectKey& embodiment) const;
-    /// The form of the references to the members' counts, without their keys.
-    PropertyRef MakeMemberForm() const;
     bool IsAnyRecalcAvailable() const;
     /// No value: some members are marked and some are not.
     std::optional<bool> FindCommonMark() const;

@@ -209,7 +209,7 @@ GroupCellImpl::SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTre
 
 TreeActionResult GroupCellImpl::OnHypertextActivated() {
     TreeActionResult result;
-    ExecHypertextCommand(commands::editHypertext, MakeMemberForm(), result);
+    ExecHypertextCommand(commands::editHypertext, result);
     return result;
 }
 
@@ -218,7 +218,7 @@ bool GroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
     case commands::insertHypertext:
     case commands::destroyHypertext:
     case commands::editHypertext:
-        ExecHypertextCommand(command, MakeMemberForm(), out);
+        ExecHypertextCommand(command, out);
         return true;
     case commands::transmitToSource:
         m_data->TransmitToSource(m_column.GetId(), GetItem().GetValuesToTransmit(m_column.GetId()));
@@ -247,8 +247,8 @@ PropertyRef GroupCellImpl::MakeMemberForm() const {
 }
 
 // No row is selected afterwards: the group row stays the selected one.
-void GroupCellImpl::ExecHypertextCommand(int command, const PropertyRef& form,
-                                         TreeActionResult& out) {
+void GroupCellImpl::ExecHypertextCommand(int command, TreeActionResult& out) {
+    const PropertyRef form = MakeMemberForm();
     std::vector<UniqueMetaObjectKey> with;
     std::vector<UniqueMetaObjectKey> without;
     GetItem().SplitByHypertext(with, without, form.propertyId);

@@ -53,14 +53,14 @@ public:
 protected:
     /// As HasHypertext answers, for the members' cells of that column.
     bool HaveMembersSameHypertext(const SharedText& columnId) const;
-    /// Inserts, edits or destroys the links of the members. `form` is a reference to each of them
-    /// but for its key.
-    void ExecHypertextCommand(int command, const PropertyRef& form, TreeActionResult& out);
     /// The members' cells of this column, until `callback` answers false.
     void ForEachMember(const std::function<bool(ProductTreeCellImpl&)>& callback) const;
 
 private:
-    PropertyRef MakeMemberForm() const;
+    /// A reference to the value of each member, but for its key.
+    virtual PropertyRef MakeMemberForm() const;
+    /// Inserts, edits or destroys the links of the members.
+    void ExecHypertextCommand(int command, TreeActionResult& out);
     SharedText ListAllValues() const;
     SimplePropVal FindCommonValue() const;
 
