@@ -343,7 +343,7 @@ Product Assembly() {
     part("drawing", 5, L"Drawing").Value(c_position, SimplePropVal(3)).Uses();
     part("frame", 15, L"Frame").Uses(2);
     part("keeper", 15, L"Keeper").KeepsPosition().Value(c_position, SimplePropVal(50)).Uses();
-    part("rail", 15, L"Rail").Uses();
+    part("rail", 15, L"Rail").Count("root", L"3.5 m").Uses();
     part("fixed", 20, L"Fixed").ReadOnlyValue(c_position).Uses();
     part("other", 20, L"Other").UsedIn({2}).Value(c_position, SimplePropVal(9)).Uses();
     part("bolt1", 25, L"Bolt").Uses();
