@@ -56,7 +56,11 @@ SharedText GroupCellImpl::ListAllValues() const {
     static std::vector<std::wstring_view> s_parts;
     s_entries.clear();
     GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
-        SharedText text = child.GetCellValue(GetColumnId()).to_wstring();
+        const SimplePropVal& value = child.GetCellValue(GetColumnId());
+        const SharedText* const held = value.FindText();
+        if (held && !s_entries.empty() && s_entries.back().text.IsSame(*held))
+            return true;
+        SharedText text = value.to_wstring();
         const bool isNew = s_entries.empty() || !(s_entries.back().text == text);
         if (!text.IsEmpty() && isNew)
             s_entries.push_back({std::move(text), s_entries.size()});
@@ -88,14 +92,12 @@ SharedText GroupCellImpl::ListAllValues() const {
 }
 
 SimplePropVal GroupCellImpl::FindCommonValue() const {
-    std::optional<SimplePropVal> common;
+    const SimplePropVal* common = nullptr;
     const bool agree = GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
-        SimplePropVal value = child.GetCellValue(GetColumnId());
+        const SimplePropVal& value = child.GetCellValue(GetColumnId());
         if (!common)
-            common = std::move(value);
-        else if (!(*common == value))
-            return common->to_wstring() == value.to_wstring();
-        return true;
+            common = &value;
+        return *common == value || common->to_wstring() == value.to_wstring();
     });
     return agree && common ? *common : SimplePropVal();
 }

@@ -54,20 +54,22 @@ ProductInfObjChangesResult MarkingCellImpl::MakeChanges(const PropValue& value,
 
 void MarkingCellImpl::Update() {
     const PropertyReading reading = Read();
-    const PropValue& value = reading.value;
+    const PropValue& value = reading.GetValue();
+    const std::set<int> lockedParts = GetItem().GetLockedMarkingParts();
+    const bool isCodeLocked = ProductTreeItemImpl::IsMarkingCodeIn(lockedParts);
+    const auto editor = m_row->GetMarkingEditor();
     // The seven parts are taken out of a tree and put together again only where there is news.
-    const bool isCodeLocked = GetItem().IsMarkingCodeLocked();
     if (!value.SharesTree(m_propValue) || isCodeLocked != m_isCodeLocked) {
         VariantMarking marking;
         marking.FromPropertyTree(value.GetPropertyTree());
         m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));
         m_propValue = value;
         m_isCodeLocked = isCodeLocked;
-    } else {
-        GetItem().SetLockedPartsToRow();
+    } else if (editor) {
+        editor->SetLockedParts(lockedParts);
     }
 
-    if (const auto editor = m_row->GetMarkingEditor()) {
+    if (editor) {
         const bool hypertext = HasHypertext();
         editor->SetHypertext(hypertext);
         if (hypertext)
@@ -128,18 +130,20 @@ void MarkingGroupCellImpl::Update() {
     });
 
     const VariantMarking marking = equal && last ? last->GetMarkingFromRow() : VariantMarking();
-    const bool isCodeLocked = GetItem().IsMarkingCodeLocked();
+    const std::set<int> lockedParts = GetItem().GetLockedMarkingParts();
+    const bool isCodeLocked = ProductTreeItemImpl::IsMarkingCodeIn(lockedParts);
+    const auto editor = m_row->GetMarkingEditor();
     const bool isShown = !m_propValue.IsEmpty() && isCodeLocked == m_isCodeLocked &&
                          marking == GetItem().GetMarkingFromRow();
     if (!isShown) {
         m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));
         m_propValue = marking.GetPropValue();
         m_isCodeLocked = isCodeLocked;
-    } else {
-        GetItem().SetLockedPartsToRow();
+    } else if (editor) {
+        editor->SetLockedParts(lockedParts);
     }
 
-    if (const auto editor = m_row->GetMarkingEditor()) {
+    if (editor) {
         editor->SetReadOnly(!IsEditable());
         const bool hypertext = HasHypertext();
         editor->SetHypertext(hypertext);

@@ -33,7 +33,7 @@ void NameCellImpl::Update() {
     m_row->SetSectionRowStyle(false);
 
     const PropertyReading reading = Read();
-    const SharedText text = reading.value.to_wstring();
+    const SharedText text = reading.GetValue().to_wstring();
     m_row->SetName(text, GetItem().GetDisplayName(text), keys::name);
     const bool hypertext = HasHypertext();
     m_row->SetNameHypertext(hypertext);
@@ -41,7 +41,7 @@ void NameCellImpl::Update() {
         m_row->SetNameLinkStyle(GetLinkStyle());
     m_row->SetNameEditable(IsEditable());
     m_row->SetNameIcon(FindSourceIcon(reading.bySource));
-    SetShownValue(SimplePropVal(text));
+    SetShownText(text);
 }
 
 bool NameCellImpl::CanInsertExtendedReference() {

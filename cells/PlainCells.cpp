@@ -44,13 +44,24 @@ ProductInfObjChangesResult StringCellImpl::MakeChanges(const PropValue& value, s
 void StringCellImpl::Update() {
     const PropertyReading reading = Read();
     const SharedText& icon = FindSourceIcon(reading.bySource);
-    const SharedText text = reading.value.GetLabel();
-    const SharedText shown = FormatLabelForDisplay(text);
+    if (const SharedText* const text = reading.GetValue().GetSimpleValue().FindText())
+        Show(*text, icon);
+    else
+        Show(reading.GetValue().GetLabel(), icon);
+}
+
+void StringCellImpl::Show(const SharedText& text, const SharedText& icon) {
+    SharedText formatted;
+    if (!m_isShownAsIs || !IsShownText(text)) {
+        formatted = FormatLabelForDisplay(text);
+        m_isShownAsIs = formatted.IsSame(text);
+    }
+    const SharedText& shown = m_isShownAsIs ? text : formatted;
     if (HasHypertext())
         ShowLink(shown, icon);
     else
         m_row->SetTextCell(GetColumnId(), text, shown, IsEditable(), false, icon, GetPopupMenu());
-    SetShownValue(SimplePropVal(text));
+    SetShownText(text);
 }
 
 TreeActionResult StringCellImpl::OnValueEdited() {
@@ -80,8 +91,8 @@ void IntCellImpl::Update() {
     const PropertyReading reading = Read();
     const SharedText& icon = FindSourceIcon(reading.bySource);
     std::optional<int> value;
-    if (!reading.value.IsEmpty())
-        value = m_column.ApplyUnitCoefficient(reading.value.to_int());
+    if (!reading.GetValue().IsEmpty())
+        value = m_column.ApplyUnitCoefficient(reading.GetValue().to_int());
     if (HasHypertext())
         ShowLink(ToText(value), icon);
     else
@@ -110,8 +121,8 @@ void DoubleCellImpl::Update() {
     const PropertyReading reading = Read();
     const SharedText& icon = FindSourceIcon(reading.bySource);
     std::optional<double> value;
-    if (!reading.value.IsEmpty())
-        value = m_column.ApplyUnitCoefficient(reading.value.to_double());
+    if (!reading.GetValue().IsEmpty())
+        value = m_column.ApplyUnitCoefficient(reading.GetValue().to_double());
     if (HasHypertext())
         ShowLink(ToText(value), icon);
     else
@@ -137,7 +148,7 @@ ProductInfObjChangesResult BoolCellImpl::MakeChanges(const PropValue& value, std
 // A truth value never shows as a link: its box has no text to click.
 void BoolCellImpl::Update() {
     const PropertyReading reading = Read();
-    const SimplePropVal& stored = reading.value.GetSimpleValue();
+    const SimplePropVal& stored = reading.GetValue().GetSimpleValue();
     m_row->SetBoolCell(GetColumnId(), ToBool(stored), true, IsEditable(),
                        FindSourceIcon(reading.bySource));
     SetShownValue(stored);
@@ -162,8 +173,8 @@ int ListCellImpl::GetValueIndex() {
 }
 
 void ListCellImpl::Update() {
-    ResetCaches();
-    ShowFromList(GetValueIndex());
+    const PropertyReading reading = Read();
+    ShowFromList(GetValueIndex(), FindSourceIcon(reading.bySource));
 }
 
 TreeActionResult ListCellImpl::OnValueEdited() {

@@ -19,6 +19,12 @@ public:
     TreeActionResult OnValueEdited() override;
     /// The menu at the cell; null for none.
     virtual MenuPtr GetPopupMenu();
+
+private:
+    void Show(const SharedText& text, const SharedText& icon);
+
+    /// The text is no different on display, and need not be looked through again.
+    bool m_isShownAsIs = false;
 };
 
 class IntCellImpl final : public ProductTreeCellImpl {

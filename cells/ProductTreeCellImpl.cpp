@@ -180,18 +180,17 @@ PropertyRef ProductTreeCellImpl::MakeRef() const {
     return {m_key, UniqueMetaObjectKey::null, m_column.GetSharedId(), std::nullopt};
 }
 
-void ProductTreeCellImpl::SetShownValue(const SimplePropVal& value) {
-    // Most readings find what was shown already. Not to write it again keeps the memory of a
-    // hundred thousand rows clean.
-    if (!(value == m_value))
-        m_value.SetValue(value.GetValue());
-}
-
+// What is as it was is not written: the memory of a hundred thousand rows stays clean.
 PropertyReading ProductTreeCellImpl::Read() {
-    ResetCaches();
-    PropertyReading reading = m_data->ReadProperty(MakeRef());
-    m_editable = !m_key.IsEmpty() && !reading.isReadOnly;
-    m_hasHypertext = m_key != UniqueMetaObjectKey::null && reading.isHypertext;
+    PropertyReading reading = m_data->ReadProperty(m_key, GetColumnId());
+    const bool editable = !m_key.IsEmpty() && !reading.isReadOnly;
+    const bool hypertext = m_key != UniqueMetaObjectKey::null && reading.isHypertext;
+    if (m_editable != editable)
+        m_editable = editable;
+    if (m_hasHypertext != hypertext)
+        m_hasHypertext = hypertext;
+    if (m_hypertextActive)
+        m_hypertextActive.reset();
     return reading;
 }
 
@@ -243,9 +242,9 @@ ProductInfObjChangesResult ProductTreeCellImpl::MakeChangesFromList() {
     return value ? MakeChanges(PropValue(*value), std::nullopt) : ProductInfObjChangesResult();
 }
 
-void ProductTreeCellImpl::ShowFromList(int index) {
+void ProductTreeCellImpl::ShowFromList(int index, const SharedText& icon) {
     const std::list<SimplePropVal>& list = m_column.GetShownList();
-    m_row->SetListCell(GetColumnId(), list, index, IsEditable(), GetSourceIcon());
+    m_row->SetListCell(GetColumnId(), list, index, IsEditable(), icon);
     const SimplePropVal* const shown = GetFromList(list, index);
     SetShownValue(shown ? *shown : SimplePropVal());
 }

@@ -90,13 +90,27 @@ public:
     const SharedText& GetColumnId() const { return m_column.GetSharedId(); }
     const UniqueMetaObjectKey& GetKey() const { return m_key; }
     /// The value last shown, in shown units.
-    SimplePropVal GetShownValue() const { return m_value; }
+    const SimplePropVal& GetShownValue() const { return m_value; }
     /// The same as a property value; it is what is transmitted to the source.
     virtual PropValue GetShownPropValue() const { return PropValue(m_value); }
 
 protected:
     PropertyRef MakeRef() const;
-    void SetShownValue(const SimplePropVal& value);
+    // Most readings find what was shown already. Not to write it again keeps the memory of a
+    // hundred thousand rows clean.
+    void SetShownValue(const SimplePropVal& value) {
+        if (!(value == m_value))
+            m_value.SetValue(value.GetValue());
+    }
+    void SetShownText(const SharedText& text) {
+        if (!IsShownText(text))
+            SetShownValue(SimplePropVal(text));
+    }
+    /// The very text that is shown, in memory too.
+    bool IsShownText(const SharedText& text) const {
+        const SharedText* const shown = m_value.FindText();
+        return shown && shown->IsSame(text);
+    }
     void ResetCaches();
     /// Asks for the value and all that is shown with it at once, and fills the caches with it.
     PropertyReading Read();
@@ -114,7 +128,7 @@ protected:
     ProductInfObjChangesResult MakeChangesFromDouble();
     ProductInfObjChangesResult MakeChangesFromList();
     /// Shows the value at that place of the column's list; -1: none of them.
-    void ShowFromList(int index);
+    void ShowFromList(int index, const SharedText& icon);
     void EditHypertext(TreeActionResult& out);
     void TransmitToSource(TreeActionResult& out);
 

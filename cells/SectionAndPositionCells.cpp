@@ -87,8 +87,8 @@ ProductInfObjChangesResult SPCSectionCellImpl::MakeChanges(const PropValue& valu
 }
 
 void SPCSectionCellImpl::Update() {
-    PropertyReading reading = Read();
-    PropValue& value = reading.value;
+    const PropertyReading reading = Read();
+    const PropValue& value = reading.GetValue();
     // A section that was shown last time need not be taken apart again.
     const bool isShown = value.SharesTree(m_propValue);
     const SharedText text = isShown ? m_value.to_wstring() : ReadSection(value).name;
@@ -96,7 +96,7 @@ void SPCSectionCellImpl::Update() {
                        FindSourceIcon(reading.bySource), GetLinkStyle());
     if (!isShown) {
         m_value = SimplePropVal(text);
-        m_propValue = std::move(value);
+        m_propValue = value;
     }
 }
 

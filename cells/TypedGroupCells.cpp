@@ -23,7 +23,7 @@ void StringGroupCellImpl::Update() {
     else
         m_row->SetTextCell(GetColumnId(), GetRawText(text), shown, IsEditable(), false,
                            GetSourceIcon(), nullptr);
-    SetShownValue(SimplePropVal(text));
+    SetShownText(text);
 }
 
 TreeActionResult StringGroupCellImpl::OnValueEdited() {
@@ -145,7 +145,7 @@ int ListGroupCellImpl::FindGroupIndex() const {
 
 void ListGroupCellImpl::Update() {
     ResetCaches();
-    ShowFromList(FindGroupIndex());
+    ShowFromList(FindGroupIndex(), GetSourceIcon());
 }
 
 TreeActionResult ListGroupCellImpl::OnValueEdited() {

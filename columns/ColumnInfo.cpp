@@ -80,64 +80,52 @@ const std::map<int, double> ColumnInfo::DEFAULT_COLUMN_WIDTH = {
     {Choices, 189.39}, {Narrow, 75.75}, {PerEmbodiment, 45.0},
 };
 
-struct ColumnInfo::Parts {
-    Parts() = default;
+struct ColumnInfo::Parts final : Facts {
+    Parts() { type = String; }
     // A copy is a column of its own, which nobody holds yet.
     Parts(const Parts& other)
-        : m_id(other.m_id), m_type(other.m_type), m_header(other.m_header), m_width(other.m_width),
-          m_min(other.m_min), m_max(other.m_max), m_unitCoefficient(other.m_unitCoefficient),
-          m_list(other.m_list), m_isVariable(other.m_isVariable) {}
+        : Facts(other), header(other.header), width(other.width), list(other.list) {
+        count = 0;
+    }
     Parts& operator=(const Parts&) = delete;
 
-    unsigned m_count = 0;
-    SharedText m_id;
-    unsigned m_type = String;
-    std::wstring m_header;
-    double m_width = 0;
-    double m_min = 0;
-    double m_max = 0;
-    double m_unitCoefficient = 0;
-    std::list<SimplePropVal> m_list;
-    bool m_isVariable = false;
+    std::wstring header;
+    double width = 0;
+    std::list<SimplePropVal> list;
     /// Made when it is first asked for.
-    std::optional<std::list<SimplePropVal>> m_shownList;
+    mutable std::optional<std::list<SimplePropVal>> shownList;
 };
 
-void intrusive_ptr_add_ref(ColumnInfo::Parts* parts) noexcept {
-    ++parts->m_count;
+void ColumnInfo::Destroy(Facts* facts) noexcept {
+    delete static_cast<Parts*>(facts);
 }
 
-void intrusive_ptr_release(ColumnInfo::Parts* parts) noexcept {
-    if (--parts->m_count == 0)
-        delete parts;
-}
-
-ColumnInfo::ColumnInfo(const IfPropertyDescription* description) : m_parts(new Parts) {
-    m_parts->m_width = DEFAULT_COLUMN_WIDTH.at(Texts);
+ColumnInfo::ColumnInfo(const IfPropertyDescription* description) : m_facts(new Parts) {
+    Parts& parts = Detach();
+    parts.width = DEFAULT_COLUMN_WIDTH.at(Texts);
     if (!description)
         return;
-    m_parts->m_id = ProductProperties::GetPath(description->GetId());
-    m_parts->m_type = description->GetType();
+    parts.id = ProductProperties::GetPath(description->GetId());
+    parts.type = description->GetType();
     InitByDescription(*description);
 }
 
 ColumnInfo::ColumnInfo(const std::wstring& id, const std::wstring& header, double width)
-    : m_parts(new Parts) {
-    m_parts->m_id = id;
-    m_parts->m_header = header;
-    m_parts->m_width = width;
+    : m_facts(new Parts) {
+    Parts& parts = Detach();
+    parts.id = id;
+    parts.header = header;
+    parts.width = width;
 }
 
-ColumnInfo::ColumnInfo(const ColumnInfo& other) noexcept = default;
-
-ColumnInfo& ColumnInfo::operator=(const ColumnInfo& other) noexcept = default;
-
-ColumnInfo::~ColumnInfo() = default;
+const ColumnInfo::Parts& ColumnInfo::GetParts() const {
+    return static_cast<const Parts&>(*m_facts);
+}
 
 ColumnInfo::Parts& ColumnInfo::Detach() {
-    if (m_parts->m_count > 1)
-        m_parts = new Parts(*m_parts);
-    return *m_parts;
+    if (m_facts->count > 1)
+        m_facts = new Parts(GetParts());
+    return static_cast<Parts&>(*m_facts);
 }
 
 void ColumnInfo::InitByDescription(const IfPropertyDescription& description) {
@@ -159,27 +147,27 @@ void ColumnInfo::UpdateByDescription(const IfPropertyDescription& description) {
 
 void ColumnInfo::SetRangeByDescription(const IfPropertyDescription& description) {
     Parts& parts = Detach();
-    const bool numeric = IsNumeric(parts.m_type);
-    parts.m_min = numeric ? description.GetMin() : 0;
-    parts.m_max = numeric ? description.GetMax() : 0;
+    const bool numeric = IsNumeric(parts.type);
+    parts.min = numeric ? description.GetMin() : 0;
+    parts.max = numeric ? description.GetMax() : 0;
 }
 
 void ColumnInfo::SetListByDescription(const IfPropertyDescription& description) {
     Parts& parts = Detach();
-    parts.m_list = description.HasList() ? description.GetList() : std::list<SimplePropVal>();
-    parts.m_shownList.reset();
+    parts.list = description.HasList() ? description.GetList() : std::list<SimplePropVal>();
+    parts.shownList.reset();
 }
 
 void ColumnInfo::SetUnitCoefByDescription(const IfPropertyDescription& description) {
     Parts& parts = Detach();
-    parts.m_unitCoefficient = IsNumeric(parts.m_type) ? description.GetUnitCoefficient() : 0;
-    parts.m_shownList.reset();
+    parts.unitCoefficient = IsNumeric(parts.type) ? description.GetUnitCoefficient() : 0;
+    parts.shownList.reset();
 }
 
 void ColumnInfo::SetHeaderByDescription(const IfPropertyDescription& description) {
     Parts& parts = Detach();
     const wchar_t* caption = description.GetCaption();
-    parts.m_header = caption ? caption : L"";
+    parts.header = caption ? caption : L"";
 
     const unsigned long number = description.GetId();
     const std::wstring path = ProductProperties::GetPath(number);
@@ -192,57 +180,33 @@ void ColumnInfo::SetHeaderByDescription(const IfPropertyDescription& description
         return;
     const std::wstring unit = units->GetUnitName(description.GetUnitCode());
     if (!unit.empty())
-        parts.m_header += L", " + unit;
+        parts.header += L", " + unit;
 }
 
 void ColumnInfo::SetWidthByDescription(const IfPropertyDescription& description) {
     Parts& parts = Detach();
-    parts.m_width = DEFAULT_COLUMN_WIDTH.at(FindWidthClass(parts.m_id, description));
+    parts.width = DEFAULT_COLUMN_WIDTH.at(FindWidthClass(parts.id, description));
 }
 
 void ColumnInfo::SetIsVarByDescription(const IfPropertyDescription& description) {
-    Detach().m_isVariable = description.IsVariable();
-}
-
-const std::wstring& ColumnInfo::GetId() const {
-    return m_parts->m_id;
-}
-
-const SharedText& ColumnInfo::GetSharedId() const {
-    return m_parts->m_id;
+    Detach().isVariable = description.IsVariable();
 }
 
 const std::wstring& ColumnInfo::GetHeader() const {
-    return m_parts->m_header;
-}
-
-unsigned ColumnInfo::GetType() const {
-    return m_parts->m_type;
+    return GetParts().header;
 }
 
 double ColumnInfo::GetWidth() const {
-    return m_parts->m_width;
+    return GetParts().width;
 }
 
 void ColumnInfo::SetWidth(double width) {
-    if (width != m_parts->m_width)
-        Detach().m_width = width;
-}
-
-double ColumnInfo::GetMin() const {
-    return m_parts->m_min;
-}
-
-double ColumnInfo::GetMax() const {
-    return m_parts->m_max;
-}
-
-bool ColumnInfo::IsVariable() const {
-    return m_parts->m_isVariable;
+    if (width != GetParts().width)
+        Detach().width = width;
 }
 
 std::list<SimplePropVal> ColumnInfo::GetListOfVariant() const {
-    return m_parts->m_list;
+    return GetParts().list;
 }
 
 std::list<SimplePropVal> ColumnInfo::GetListWithUnitCoef() const {
@@ -250,14 +214,14 @@ std::list<SimplePropVal> ColumnInfo::GetListWithUnitCoef() const {
 }
 
 const std::list<SimplePropVal>& ColumnInfo::GetStoredList() const {
-    return m_parts->m_list;
+    return GetParts().list;
 }
 
 const std::list<SimplePropVal>& ColumnInfo::GetShownList() const {
-    if (m_parts->m_shownList)
-        return *m_parts->m_shownList;
-    std::list<SimplePropVal>& shown = m_parts->m_shownList.emplace();
-    for (const SimplePropVal& value : m_parts->m_list) {
+    if (GetParts().shownList)
+        return *GetParts().shownList;
+    std::list<SimplePropVal>& shown = GetParts().shownList.emplace();
+    for (const SimplePropVal& value : GetParts().list) {
         if (value.GetType() == SimplePropVal::TypeInt)
             shown.emplace_back(ApplyUnitCoefficient(value.to_int()));
         else if (value.GetType() == SimplePropVal::TypeDouble)
@@ -269,15 +233,15 @@ const std::list<SimplePropVal>& ColumnInfo::GetShownList() const {
 }
 
 bool ColumnInfo::IsUnitCoefficientDefined() const {
-    return std::abs(m_parts->m_unitCoefficient) >= Math::doubleRegion;
+    return std::abs(m_facts->unitCoefficient) >= Math::doubleRegion;
 }
 
 double ColumnInfo::ApplyUnitCoefficient(double value) const {
-    return IsUnitCoefficientDefined() ? value * m_parts->m_unitCoefficient : value;
+    return IsUnitCoefficientDefined() ? value * m_facts->unitCoefficient : value;
 }
 
 double ColumnInfo::UnapplyUnitCoefficient(double value) const {
-    return IsUnitCoefficientDefined() ? value / m_parts->m_unitCoefficient : value;
+    return IsUnitCoefficientDefined() ? value / m_facts->unitCoefficient : value;
 }
 
 int ColumnInfo::ApplyUnitCoefficient(int value) const {
@@ -289,9 +253,9 @@ int ColumnInfo::UnapplyUnitCoefficient(int value) const {
 }
 
 bool ColumnInfo::IsValueInMinMaxRange(double value) const {
-    if (m_parts->m_min == 0 && m_parts->m_max == 0)
+    if (m_facts->min == 0 && m_facts->max == 0)
         return true;
-    return m_parts->m_min <= value && value <= m_parts->m_max;
+    return m_facts->min <= value && value <= m_facts->max;
 }
 
 std::wstring ColumnInfo::ConvertGroupCountToId(const std::set<UniqueMetaObjectKey>& embodiments) {

@@ -27,9 +27,9 @@ public:
     explicit ColumnInfo(const IfPropertyDescription* description);
     /// A string column without a description.
     ColumnInfo(const std::wstring& id, const std::wstring& header, double width);
-    ColumnInfo(const ColumnInfo& other) noexcept;
-    ColumnInfo& operator=(const ColumnInfo& other) noexcept;
-    ~ColumnInfo();
+    ColumnInfo(const ColumnInfo& other) noexcept = default;
+    ColumnInfo& operator=(const ColumnInfo& other) noexcept = default;
+    ~ColumnInfo() = default;
 
     /// Takes range, list, unit coefficient, caption, default width and variability.
     void InitByDescription(const IfPropertyDescription& description);
@@ -43,20 +43,20 @@ public:
     void SetIsVarByDescription(const IfPropertyDescription& description);
 
     /// The property's path, or the id of a count column per embodiment.
-    const std::wstring& GetId() const;
+    const std::wstring& GetId() const { return m_facts->id; }
     /// The same to be held on to without a copy.
-    const SharedText& GetSharedId() const;
+    const SharedText& GetSharedId() const { return m_facts->id; }
     /// The caption, with the shown unit where the property has one.
     const std::wstring& GetHeader() const;
     /// 0 integer, 1 double, 2 string, 3 boolean; others have no cells.
-    unsigned GetType() const;
+    unsigned GetType() const { return m_facts->type; }
     double GetWidth() const;
     void SetWidth(double width);
     /// Limits in stored units; both 0 when there is no range, and for every type but the numbers.
-    double GetMin() const;
-    double GetMax() const;
+    double GetMin() const { return m_facts->min; }
+    double GetMax() const { return m_facts->max; }
     /// The range is not binding.
-    bool IsVariable() const;
+    bool IsVariable() const { return m_facts->isVariable; }
     /// The values that the property may take, in stored units; empty when it has no list.
     std::list<SimplePropVal> GetListOfVariant() const;
     /// The same in shown units.
@@ -84,14 +84,31 @@ public:
     static std::set<UniqueMetaObjectKey> ConvertGroupCountFromId(const std::wstring& id);
 
 private:
-    struct Parts;
-    friend void intrusive_ptr_add_ref(Parts* parts) noexcept;
-    friend void intrusive_ptr_release(Parts* parts) noexcept;
+    /// What each reading of a cell asks for. The rest stands in Parts, of which this is the head.
+    struct Facts {
+        unsigned count = 0;
+        unsigned type = 0;
+        SharedText id;
+        double min = 0;
+        double max = 0;
+        double unitCoefficient = 0;
+        bool isVariable = false;
 
+        // Counted plainly: a cell a column and row makes a copy, all on one thread.
+        friend void intrusive_ptr_add_ref(Facts* facts) noexcept { ++facts->count; }
+        friend void intrusive_ptr_release(Facts* facts) noexcept {
+            if (--facts->count == 0)
+                facts->Destroy();
+        }
+        void Destroy() noexcept { ColumnInfo::Destroy(this); }
+    };
+    struct Parts;
+
+    static void Destroy(Facts* facts) noexcept;
+    const Parts& GetParts() const;
     Parts& Detach();
 
-    // Counted plainly: a cell a column and row makes a copy, all on one thread.
-    boost::intrusive_ptr<Parts> m_parts;
+    boost::intrusive_ptr<Facts> m_facts;
 };
 
 } // namespace productTree

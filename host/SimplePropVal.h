@@ -47,6 +47,8 @@ public:
     /// No value at all; an empty text is a value.
     bool IsEmpty() const noexcept { return m_value.index() == TypeNone; }
     const Value& GetValue() const noexcept { return m_value; }
+    /// The value where it is a text, to be looked at in place; null for any other kind.
+    const SharedText* FindText() const noexcept { return std::get_if<SharedText>(&m_value); }
     void SetValue(const Value& value) { m_value = value; }
 
     /// The value in another kind, in the form that a user types and independent of the process's

@@ -157,9 +157,10 @@ ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const SharedText& columnId) c
     return found->get();
 }
 
-SimplePropVal ProductTreeItemImpl::GetCellValue(const SharedText& columnId) const {
+const SimplePropVal& ProductTreeItemImpl::GetCellValue(const SharedText& columnId) const {
+    static const SimplePropVal none;
     const ProductTreeCellImpl* const cell = FindCell(columnId);
-    return cell ? cell->GetShownValue() : SimplePropVal();
+    return cell ? cell->GetShownValue() : none;
 }
 
 ProductInfObjChangesResult ProductTreeItemImpl::MakeCellChanges(const SharedText& columnId,
@@ -204,19 +205,14 @@ SharedText ProductTreeItemImpl::SetMarkingToRow(const VariantMarking& marking) c
     return text;
 }
 
-void ProductTreeItemImpl::SetLockedPartsToRow() const {
-    if (const auto editor = m_row->GetMarkingEditor())
-        editor->SetLockedParts(GetLockedMarkingParts());
-}
-
-bool ProductTreeItemImpl::IsMarkingCodeLocked() const {
-    return GetLockedMarkingParts().contains(CodePart);
+bool ProductTreeItemImpl::IsMarkingCodeIn(const std::set<int>& lockedParts) {
+    return lockedParts.contains(CodePart);
 }
 
 SharedText ProductTreeItemImpl::MakeShownMarking(const VariantMarking& marking,
                                                  const std::set<int>& locked) {
-    const auto type = locked.contains(CodePart) ? VariantMarkingData::MakeWithoutCode
-                                                : VariantMarkingData::MakeAll;
+    const auto type = IsMarkingCodeIn(locked) ? VariantMarkingData::MakeWithoutCode
+                                              : VariantMarkingData::MakeAll;
     return format_label_utils::FormatLabelForDisplay(marking.Make(type, false, false));
 }
 

@@ -105,7 +105,7 @@ public:
     /// The same for the id as a column holds it, which is found without reading texts.
     ProductTreeCellImpl* FindCell(const SharedText& columnId) const;
     /// The value that the row's cell shows; empty without a cell.
-    SimplePropVal GetCellValue(const SharedText& columnId) const;
+    const SimplePropVal& GetCellValue(const SharedText& columnId) const;
     /// As the cell's MakeChanges; no changes without a cell.
     ProductInfObjChangesResult MakeCellChanges(const SharedText& columnId, const PropValue& value,
                                                std::optional<int> extra);
@@ -113,10 +113,8 @@ public:
     VariantMarking GetMarkingFromRow() const;
     /// Writes it there, and gives the text that is shown; empty without an editor.
     SharedText SetMarkingToRow(const VariantMarking& marking) const;
-    /// Tells the editor again which parts nobody may change.
-    void SetLockedPartsToRow() const;
-    /// The document code is one of them, and is not shown.
-    bool IsMarkingCodeLocked() const;
+    /// Among parts that nobody may change: the document code, which is not shown then.
+    static bool IsMarkingCodeIn(const std::set<int>& lockedParts);
     bool IsParentGroup() const;
     /// Makes the cells of this row and of all rows below it, those below first. Name and
     /// designation come first among them and have no slot in the row.

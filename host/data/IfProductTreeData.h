@@ -95,10 +95,15 @@ public:
 
 /// What there is to know about a value in order to show it; see the operations of these names.
 struct PropertyReading {
-    PropValue value;
+    /// The value where it is kept, good until anything in the document changes: millions are read
+    /// only to be found unchanged. Null: it is made for the reading, and `made` holds it.
+    const PropValue* kept = nullptr;
+    PropValue made;
     bool isReadOnly = true;
     bool isHypertext = false;
     std::optional<bool> bySource;
+
+    const PropValue& GetValue() const noexcept { return kept ? *kept : made; }
 };
 
 /// The values of the cells, and the two steps of a change: operations named Make... build a change
@@ -370,8 +375,11 @@ public:
     using IProductDataValues::IsReadOnly;
 
     /// The four questions that a cell has each time it shows its value. Answers as they do one by
-    /// one; a host that looks for the object at each of them can do with one look here.
-    virtual PropertyReading ReadProperty(const PropertyRef& ref) const {
-        return {GetValue(ref), IsReadOnly(ref), IsHypertext(ref), GetBySource(ref)};
+    /// one for that property of the object, without embodiment and group; a host that looks for the
+    /// object at each of them can do with one look here, and lend the value instead of copying it.
+    virtual PropertyReading ReadProperty(const UniqueMetaObjectKey& objectKey,
+                                         const SharedText& propertyId) const {
+        const PropertyRef ref{objectKey, {}, propertyId, std::nullopt};
+        return {nullptr, GetValue(ref), IsReadOnly(ref), IsHypertext(ref), GetBySource(ref)};
     }
 };

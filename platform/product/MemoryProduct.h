@@ -199,7 +199,8 @@ public:
     bool CanClearPosition(const UniqueMetaObjectKey& key) const override;
     bool IsSectionNumbered(const SPCSection& section) const override;
 
-    PropertyReading ReadProperty(const PropertyRef& ref) const override;
+    PropertyReading ReadProperty(const UniqueMetaObjectKey& objectKey,
+                                 const SharedText& propertyId) const override;
 
 private:
     struct State;

@@ -25,15 +25,20 @@ std::optional<Slot> FindOwnValue(const EditRules& rules, const PartEntry& part,
 } // namespace
 
 // Of plain parts, which nearly all are, everything but the value is known beforehand.
-PropertyReading MemoryProduct::ReadProperty(const PropertyRef& ref) const {
-    const PartEntry* const part = m_state->index.Find(ref.objectKey);
+PropertyReading MemoryProduct::ReadProperty(const UniqueMetaObjectKey& objectKey,
+                                            const SharedText& propertyId) const {
+    static const PropValue none;
+    const PartEntry* const part = m_state->index.Find(objectKey);
     if (!part)
         return {};
-    const PropertyTraits& property = m_state->GetTraits(ref);
-    if (!part->isPlain || m_state->IsCount(property, ref))
-        return IfProductTreeData::ReadProperty(ref);
-    PropertyReading reading{ShownValues(m_state->index).Get(*part, property.number),
-                            m_state->model.isReadOnly || property.isReadOnly, false, std::nullopt};
+    const PropertyTraits& property = m_state->properties.Get(propertyId);
+    if (!part->isPlain)
+        return IfProductTreeData::ReadProperty(objectKey, propertyId);
+    PropertyReading reading;
+    reading.kept = ShownValues(m_state->index).Find(*part, property.number);
+    if (!reading.kept)
+        reading.kept = &none;
+    reading.isReadOnly = m_state->model.isReadOnly || property.isReadOnly;
     if (part->isUse && !property.belongsToObject)
         reading.bySource = true;
     return reading;

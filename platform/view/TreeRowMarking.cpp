@@ -174,7 +174,14 @@ SharedText TreeRowMarking::GetPartTip(int part) const {
     return Hub().NameOf(Hub().GetPartTips().Get(m_tips)[static_cast<std::size_t>(part - 1)]);
 }
 
-bool TreeRowMarking::IsSameMarking(const IMarkingEditor& other) const {
+bool TreeRowMarking::IsSameMarking(const IMarkingEditor& editor) const {
+    const auto& other = static_cast<const TreeRowMarking&>(editor);
+    if (!FindInput() && !other.FindInput()) // a group compares all its members, part by part
+        return m_base == other.m_base && m_embodimentDelim == other.m_embodimentDelim &&
+               m_embodimentNum == other.m_embodimentNum &&
+               m_additionalDelim == other.m_additionalDelim &&
+               m_additionalNum == other.m_additionalNum && m_codeDelim == other.m_codeDelim &&
+               m_code == other.m_code;
     return GetBase() == other.GetBase() &&
            GetEmbodimentNumDelim() == other.GetEmbodimentNumDelim() &&
            GetEmbodimentNum() == other.GetEmbodimentNum() &&

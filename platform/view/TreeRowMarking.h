@@ -49,7 +49,8 @@ public:
     void SetIcon(const SharedText& name) override;
     SharedText GetIcon() const override;
     void SetPartTip(const SharedText& text, int part) override;
-    bool IsSameMarking(const IMarkingEditor& other) const override;
+    /// `editor` must be that of a row of ours.
+    bool IsSameMarking(const IMarkingEditor& editor) const override;
     /// With the base locked, or all of the designation.
     bool IsChoiceLocked() const override { return m_readOnly || IsLocked(1); }
 

@@ -56,7 +56,7 @@ public:
     std::vector<const IfPropertyDescription*> GetPropertyDescriptions() const override { return Note("GetPropertyDescriptions"), Base::GetPropertyDescriptions(); }
     void SetColumnOrder(const std::vector<std::wstring>& ids) override { Note("SetColumnOrder"), Base::SetColumnOrder(ids); }
     void SetColumnVisible(const std::wstring& id, bool visible) override { Note("SetColumnVisible"), Base::SetColumnVisible(id, visible); }
-    PropertyReading ReadProperty(const PropertyRef& ref) const override { return Note("ReadProperty"), Base::ReadProperty(ref); }
+    PropertyReading ReadProperty(const Key& key, const SharedText& id) const override { return Note("ReadProperty"), Base::ReadProperty(key, id); }
     PropValue GetValue(const PropertyRef& ref) const override { return Note("GetValue"), Base::GetValue(ref); }
     Changes MakeValueChanges(const PropertyRef& ref, const PropValue& value) override { return Note("MakeValueChanges"), Base::MakeValueChanges(ref, value); }
     std::optional<bool> GetBySource(const PropertyRef& ref) const override { return Note("GetBySource"), Base::GetBySource(ref); }
