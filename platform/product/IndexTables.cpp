@@ -30,6 +30,7 @@ void ObjectEntry::ReadSection(SharedSections& sections) {
 void ObjectEntry::ReadProperties(PropertyLayouts& layouts) {
     layout = &layouts.Get(record->properties);
     values = record->properties.data();
+    valueCount = static_cast<std::uint32_t>(record->properties.size());
 }
 
 void ObjectEntry::ReadGrouping() {

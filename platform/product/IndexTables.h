@@ -35,6 +35,7 @@ struct ObjectEntry {
     /// Those of the record, one for each place of the layout.
     const PropertyValues::value_type* values = nullptr;
     const PropertyLayout* layout = nullptr;
+    std::uint32_t valueCount = 0;
     /// Place of its first use among all uses, and how many they are.
     std::uint32_t firstUse = 0;
     std::uint32_t useCount = 0;
@@ -64,7 +65,7 @@ GroupingRecord MakeGrouping(const ObjectRecord& record, const SharedText& name,
 
 /// A part with what is asked of it most: one line of memory answers, where the model's records lie
 /// wherever they were made.
-struct PartEntry {
+struct alignas(64) PartEntry {
     UniqueMetaObjectKey key;
     /// A copy of the record's, by which a record that has moved is known again without a look at
     /// what either key says.
@@ -77,6 +78,8 @@ struct PartEntry {
     const ProductPart* part = nullptr;
     std::int32_t kind = 0;
     std::int32_t iconType = 0;
+    /// For ReadAhead alone.
+    mutable std::uint32_t walkPlace = static_cast<std::uint32_t>(-1);
     /// Its properties have the values of its object, and can be changed where their columns can.
     bool isPlain : 1 = false;
     bool isUse : 1 = false;

@@ -91,9 +91,13 @@ void MemoryProduct::BeginRebuild() {
 
 void MemoryProduct::PrepareData() {}
 
-void MemoryProduct::BeginRead() {}
+void MemoryProduct::BeginRead() {
+    m_state->index.BeginWalk();
+}
 
-void MemoryProduct::EndRead() {}
+void MemoryProduct::EndRead() {
+    m_state->index.EndWalk();
+}
 
 IfProductDataAggregator& MemoryProduct::GetAggregator() const {
     return m_state->aggregator;

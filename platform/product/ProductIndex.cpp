@@ -40,8 +40,8 @@ void ProductIndex::Rearrange(const ProductModel& model) {
 }
 
 void ProductIndex::Make(const ProductModel& model, bool areRecordsKnown) {
-    m_lastKey = {};
     m_last = nullptr;
+    m_readAhead.Forget();
     m_likeObjects.clear();
     m_currentStyle = model.styleId;
     m_tables = IndexBuilder(m_tables, {m_layouts, m_sharedParts, m_sharedSections}, areRecordsKnown)
@@ -98,9 +98,15 @@ std::vector<const PartEntry*> ProductIndex::GetLikeObjects(const PartEntry& obje
 }
 
 const PartEntry* ProductIndex::FindAnew(const UniqueMetaObjectKey& key) const {
-    const std::uint32_t place = m_tables.FindPlace(key);
-    m_lastKey = key;
-    m_last = place == IndexTables::none ? nullptr : &m_tables.parts[place];
+    const PartEntry* const next = m_last ? m_readAhead.GetNext(*m_last) : nullptr;
+    if (next && next->key.IsSame(key)) {
+        m_last = next;
+    } else {
+        const std::uint32_t place = m_tables.FindPlace(key);
+        m_last = place == IndexTables::none ? nullptr : &m_tables.parts[place];
+    }
+    if (m_last && m_readAhead.IsInWalk())
+        m_readAhead.Note(*m_last);
     return m_last;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/product/IndexTables.h"
+#include "platform/product/ReadAhead.h"
 #include "platform/product/TopParts.h"
 
 #include <span>
@@ -41,8 +42,11 @@ public:
     /// Null for a key that the model does not have.
     const PartEntry* Find(const UniqueMetaObjectKey& key) const {
         // A panel asks about one row many times before it comes to the next.
-        return m_lastKey.IsSame(key) ? m_last : FindAnew(key);
+        return m_last && m_last->key.IsSame(key) ? m_last : FindAnew(key);
     }
+    /// Bracket a walk over all rows.
+    void BeginWalk() { m_readAhead.Begin(); }
+    void EndWalk() { m_readAhead.End(); }
 
     PartPlace GetPlace(const PartEntry& part) const;
     const PartEntry& GetRoot() const { return m_tables.parts.front(); }
@@ -88,9 +92,9 @@ private:
     /// Objects that are alike, by the hash of what they are grouped by. Made when they are asked
     /// for after something has changed.
     mutable std::unordered_map<std::size_t, std::vector<const PartEntry*>> m_likeObjects;
-    /// What was looked for last. The copy keeps any other key from coming to stand at its address.
-    mutable UniqueMetaObjectKey m_lastKey;
+    /// What was found last.
     mutable const PartEntry* m_last = nullptr;
+    mutable ReadAhead m_readAhead;
 };
 
 } // namespace platform
