@@ -84,6 +84,12 @@ CellArena::~CellArena() {
     GetKeptPieces().GiveBack(m_piece, m_pieceSize);
 }
 
+void CellArena::FetchAhead() const {
+    const auto* const piece = static_cast<const char*>(m_piece);
+    for (std::size_t i = 0; i < m_pieceSize; i += c_alignment)
+        __builtin_prefetch(piece + i, 1);
+}
+
 CellArena::KeptMemory::KeptMemory() {
     GetKeptPieces().StartKeeping();
 }

@@ -44,6 +44,9 @@ public:
         return {shared_from_this(), m_cells.back()};
     }
 
+    /// Has the memory of the cells fetched while something else is done.
+    void FetchAhead() const;
+
 private:
     std::size_t m_pieceSize;
     void* m_piece;

@@ -59,7 +59,7 @@ void MarkingCellImpl::Update() {
     const bool isCodeLocked = ProductTreeItemImpl::IsMarkingCodeIn(lockedParts);
     const auto editor = m_row->GetMarkingEditor();
     // The seven parts are taken out of a tree and put together again only where there is news.
-    if (!value.SharesTree(m_propValue) || isCodeLocked != m_isCodeLocked) {
+    if (!value.SharesExtra(m_propValue) || isCodeLocked != m_isCodeLocked) {
         VariantMarking marking;
         marking.FromPropertyTree(value.GetPropertyTree());
         m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));

@@ -33,14 +33,23 @@ void NameCellImpl::Update() {
     m_row->SetSectionRowStyle(false);
 
     const PropertyReading reading = Read();
-    const SharedText text = reading.GetValue().to_wstring();
-    m_row->SetName(text, GetItem().GetDisplayName(text), keys::name);
+    if (const SharedText* const text = reading.GetValue().GetSimpleValue().FindText())
+        Show(*text);
+    else
+        Show(reading.GetValue().to_wstring());
     const bool hypertext = HasHypertext();
     m_row->SetNameHypertext(hypertext);
     if (hypertext)
         m_row->SetNameLinkStyle(GetLinkStyle());
     m_row->SetNameEditable(IsEditable());
     m_row->SetNameIcon(FindSourceIcon(reading.bySource));
+}
+
+void NameCellImpl::Show(const SharedText& text) {
+    SharedText room;
+    const SharedText& shown = FindDisplay(
+        text, room, [this](const SharedText& name) { return GetItem().GetDisplayName(name); });
+    m_row->SetName(text, shown, keys::name);
     SetShownText(text);
 }
 

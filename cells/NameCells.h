@@ -21,6 +21,9 @@ public:
     TreeActionResult OnValueEdited() override;
     bool ExecCommand(int command, TreeActionResult& out) override;
     std::set<int> GetAvailableCommands() override;
+
+private:
+    void Show(const SharedText& text);
 };
 
 /// The members' common name with their count, or the count alone.

@@ -51,12 +51,8 @@ void StringCellImpl::Update() {
 }
 
 void StringCellImpl::Show(const SharedText& text, const SharedText& icon) {
-    SharedText formatted;
-    if (!m_isShownAsIs || !IsShownText(text)) {
-        formatted = FormatLabelForDisplay(text);
-        m_isShownAsIs = formatted.IsSame(text);
-    }
-    const SharedText& shown = m_isShownAsIs ? text : formatted;
+    SharedText room;
+    const SharedText& shown = FindDisplay(text, room, FormatLabelForDisplay);
     if (HasHypertext())
         ShowLink(shown, icon);
     else
@@ -169,7 +165,8 @@ ProductInfObjChangesResult ListCellImpl::MakeChanges(const PropValue& value, std
 }
 
 int ListCellImpl::GetValueIndex() {
-    return FindInList(m_column.GetStoredList(), m_data->GetValue(MakeRef()).GetSimpleValue());
+    const PropertyReading reading = m_data->ReadProperty(m_key, GetColumnId());
+    return FindInList(m_column.GetStoredList(), reading.GetValue().GetSimpleValue());
 }
 
 void ListCellImpl::Update() {

@@ -22,9 +22,6 @@ public:
 
 private:
     void Show(const SharedText& text, const SharedText& icon);
-
-    /// The text is no different on display, and need not be looked through again.
-    bool m_isShownAsIs = false;
 };
 
 class IntCellImpl final : public ProductTreeCellImpl {

@@ -111,6 +111,16 @@ protected:
         const SharedText* const shown = m_value.FindText();
         return shown && shown->IsSame(text);
     }
+    /// What is displayed for the text: `format` of it, which is made in `room`, or the text itself
+    /// where last time they were one.
+    template <class Format>
+    const SharedText& FindDisplay(const SharedText& text, SharedText& room, const Format& format) {
+        if (m_isShownAsIs && IsShownText(text))
+            return text;
+        room = format(text);
+        m_isShownAsIs = room.IsSame(text);
+        return room;
+    }
     void ResetCaches();
     /// Asks for the value and all that is shown with it at once, and fills the caches with it.
     PropertyReading Read();
@@ -155,6 +165,7 @@ protected:
     std::optional<bool> m_editable;
     std::optional<bool> m_hasHypertext;
     std::optional<bool> m_hypertextActive;
+    bool m_isShownAsIs = false;
 };
 
 } // namespace productTree

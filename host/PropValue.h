@@ -30,6 +30,10 @@ public:
     bool SharesTree(const PropValue& other) const noexcept {
         return HasTree() && other.HasTree() && m_extra->tree == other.m_extra->tree;
     }
+    /// Both are copies of one value with structure or format: a test that looks at neither.
+    bool SharesExtra(const PropValue& other) const noexcept {
+        return m_extra && m_extra == other.m_extra;
+    }
 
     /// What the value holds, to be looked at for as long as the value stands.
     struct PropData {

@@ -112,15 +112,26 @@ bool ProductTreeItemImpl::CanSetBySource(const std::wstring& columnId) const {
 void ProductTreeItemImpl::UpdateRow() {
     m_row->SetReadOnly(m_data->IsReadOnly());
     // Rows that stand for others go by what those have worked out.
-    ForEachChildItem([](ProductTreeItemImpl& child) {
-        child.UpdateRow();
-        return true;
-    });
+    UpdateChildRows();
     UpdateActual();
     UpdateCells();
     UpdateIcon();
     m_row->SetRegWithDescState(0);
     m_row->SetAggrIntoProductState(0);
+}
+
+// While a row is being read, the memory of the next one is on its way.
+void ProductTreeItemImpl::UpdateChildRows() {
+    ProductTreeItemImpl* previous = nullptr;
+    ForEachChildItem([&](ProductTreeItemImpl& child) {
+        if (child.m_arena)
+            child.m_arena->FetchAhead();
+        if (ProductTreeItemImpl* const item = std::exchange(previous, &child))
+            item->UpdateRow();
+        return true;
+    });
+    if (previous)
+        previous->UpdateRow();
 }
 
 void ProductTreeItemImpl::UpdateCells() {

@@ -146,6 +146,7 @@ protected:
     static SharedText MakeShownMarking(const VariantMarking& marking, const std::set<int>& locked);
 
     void RebuildChildCells(const std::list<ColumnInfo>& columns);
+    void UpdateChildRows();
     /// Where the row's cells are made; a new one from each rebuild on.
     CellArena& GetArena() { return *m_arena; }
 

@@ -20,7 +20,8 @@ void ObjectEntry::ReadName() {
 }
 
 void ObjectEntry::ReadMarking() {
-    marking = record->marking.IsEmpty() ? PropValue() : record->marking.GetPropValue();
+    hasMarking = !record->marking.IsEmpty();
+    marking = hasMarking ? record->marking.GetPropValue() : PropValue();
 }
 
 void ObjectEntry::ReadSection(SharedSections& sections) {

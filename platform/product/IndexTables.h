@@ -36,6 +36,7 @@ struct ObjectEntry {
     const PropertyValues::value_type* values = nullptr;
     const PropertyLayout* layout = nullptr;
     std::uint32_t valueCount = 0;
+    bool hasMarking = false;
     /// Place of its first use among all uses, and how many they are.
     std::uint32_t firstUse = 0;
     std::uint32_t useCount = 0;

@@ -31,13 +31,14 @@ public:
             return;
         }
         // What leads to a value is there by the time that its address is needed.
-        if (const PartEntry* const third = At(part.walkPlace, 3))
-            Fetch(third, sizeof(*third));
-        if (const PartEntry* const second = At(part.walkPlace, 2))
-            Fetch(second->object, sizeof(*second->object));
-        const PartEntry* const next = At(part.walkPlace, 1);
-        if (next && next->object != part.object)
-            Fetch(next->object->values, next->object->valueCount * sizeof(*next->object->values));
+        if (const PartEntry* const sixth = At(part.walkPlace, 6))
+            Fetch(sixth, sizeof(*sixth));
+        if (const PartEntry* const fourth = At(part.walkPlace, 4))
+            Fetch(fourth->object, sizeof(*fourth->object));
+        const PartEntry* const second = At(part.walkPlace, 2);
+        if (second && second->object != At(part.walkPlace, 1)->object)
+            Fetch(second->object->values,
+                  second->object->valueCount * sizeof(*second->object->values));
     }
 
 private:

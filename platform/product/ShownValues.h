@@ -50,7 +50,7 @@ private:
         if (number == ProductProperties::nameId)
             return HeldBy(object.name);
         if (number == ProductProperties::markingId)
-            return HeldBy(object.marking);
+            return object.hasMarking ? &object.marking : nullptr;
         if (number == number::section)
             return HeldBy(object.section);
         return object.FindProperty(number);
