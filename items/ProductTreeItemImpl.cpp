@@ -123,16 +123,22 @@ void ProductTreeItemImpl::UpdateRow() {
 // While a row is being read, the memory of the next one is on its way.
 void ProductTreeItemImpl::UpdateChildRows() {
     ProductTreeItemImpl* previous = nullptr;
+    const auto update = [this](ProductTreeItemImpl& child) {
+        child.UpdateRow();
+        OnChildRowUpdated(child);
+    };
     ForEachChildItem([&](ProductTreeItemImpl& child) {
         if (child.m_arena)
             child.m_arena->FetchAhead();
         if (ProductTreeItemImpl* const item = std::exchange(previous, &child))
-            item->UpdateRow();
+            update(*item);
         return true;
     });
     if (previous)
-        previous->UpdateRow();
+        update(*previous);
 }
+
+void ProductTreeItemImpl::OnChildRowUpdated(const ProductTreeItemImpl&) {}
 
 void ProductTreeItemImpl::UpdateCells() {
     // Not reset where it is set again: a row that stays as it is has no news for the front end.

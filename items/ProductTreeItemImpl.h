@@ -147,6 +147,8 @@ protected:
 
     void RebuildChildCells(const std::list<ColumnInfo>& columns);
     void UpdateChildRows();
+    /// A child row has just been updated, and what belongs to it is at hand.
+    virtual void OnChildRowUpdated(const ProductTreeItemImpl& child);
     /// Where the row's cells are made; a new one from each rebuild on.
     CellArena& GetArena() { return *m_arena; }
 

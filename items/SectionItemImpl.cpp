@@ -96,10 +96,10 @@ bool SectionItemImpl::CanSetBySource(const std::wstring&) const {
 }
 
 void SectionItemImpl::UpdateRow() {
+    m_updatedCount = 0;
     SubTreeItemImpl::UpdateRow();
     m_row->SetSectionRowStyle(true);
-    // Billets are left out here; the group rows below count them.
-    const SharedText suffix = GetCountSuffix(0);
+    const SharedText suffix = MakeCountSuffix(m_updatedCount);
     const SharedText raw = JoinTexts(m_row->GetNameValue(), {m_label.Str(), L" ", suffix.Str()});
     const SharedText shown =
         format_label_utils::RemoveNewLineSymbols(format_label_utils::FormatLabelForDisplay(raw));
@@ -116,6 +116,11 @@ void SectionItemImpl::UpdateRow() {
         editor->SetIcon({});
         editor->SetColumn(keys::marking);
     }
+}
+
+// Billets are left out here; the group rows below count them.
+void SectionItemImpl::OnChildRowUpdated(const ProductTreeItemImpl& child) {
+    m_updatedCount += child.GetCount(0);
 }
 
 void SectionItemImpl::UpdateIcon() {

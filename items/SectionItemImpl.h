@@ -30,9 +30,14 @@ public:
     void UpdateRow() override;
     void UpdateIcon() override;
 
+protected:
+    void OnChildRowUpdated(const ProductTreeItemImpl& child) override;
+
 private:
     SPCSection m_section;
     SharedText m_label;
+    /// Added up while the rows are at hand: a section may have most of a product below it.
+    unsigned m_updatedCount = 0;
 };
 
 } // namespace productTree

@@ -56,9 +56,13 @@ void SubTreeItemImpl::ClearPosition(ProductInfObjChangesResult& changes) {
 }
 
 SharedText SubTreeItemImpl::GetCountSuffix(int withBillets) const {
+    return MakeCountSuffix(GetCount(withBillets));
+}
+
+SharedText SubTreeItemImpl::MakeCountSuffix(unsigned count) const {
     std::array<wchar_t, std::numeric_limits<unsigned>::digits10 + 1> digits{};
     auto begin = digits.end();
-    unsigned rest = GetCount(withBillets);
+    unsigned rest = count;
     do {
         *--begin = static_cast<wchar_t>(L'0' + rest % 10);
         rest /= 10;

@@ -23,6 +23,7 @@ public:
     unsigned GetCount(int withBillets) const override;
 
 protected:
+    SharedText MakeCountSuffix(unsigned count) const;
     /// What the child rows transmit, in their order.
     std::vector<std::pair<Key, PropValue>> JoinValuesToTransmit(const std::wstring& columnId) const;
 
