@@ -228,8 +228,8 @@ bool ProductTreeItemImpl::IsMarkingCodeIn(const std::set<int>& lockedParts) {
 
 SharedText ProductTreeItemImpl::MakeShownMarking(const VariantMarking& marking,
                                                  const std::set<int>& locked) {
-    const auto type = IsMarkingCodeIn(locked) ? VariantMarkingData::MakeWithoutCode
-                                              : VariantMarkingData::MakeAll;
+    const auto type =
+        IsMarkingCodeIn(locked) ? VariantMarkingData::MakeWithoutCode : VariantMarkingData::MakeAll;
     return format_label_utils::FormatLabelForDisplay(marking.Make(type, false, false));
 }
 
