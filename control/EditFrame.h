@@ -1,6 +1,7 @@
 // The frame that every edit and every command runs in.
 #pragma once
 
+#include "cells/TreeActionResult.h"
 #include "control/ProductTreeCtrl.h"
 #include "control/SyncGuard.h"
 

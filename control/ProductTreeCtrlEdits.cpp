@@ -47,13 +47,17 @@ std::vector<std::wstring> GetEntryIds(const ITreeTableModel& view) {
     return ids;
 }
 
+// For as long as an edit works on it: whatever that leads to may give the row another item.
+std::shared_ptr<ProductTreeItemImpl> HoldItem(const ProductTreeItemData& data) {
+    return data.GetImpl();
+}
+
 } // namespace
 
 template <class Work>
 void ProductTreeCtrl::RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId,
                                   const Work& work) {
-    // Held, since whatever the work leads to may give the row another item.
-    const std::shared_ptr<ProductTreeItemImpl> impl = item.GetImpl();
+    const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
     RunEdit([&] {
         TreeActionResult result;
         if (ProductTreeCellImpl* const cell = impl ? impl->FindCell(columnId) : nullptr) {
@@ -90,13 +94,13 @@ void ProductTreeCtrl::OnCellSourceIconClicked(ProductTreeItemData& item,
 
 void ProductTreeCtrl::OnItemPopupCommand(ProductTreeItemData& item, const std::wstring& columnId,
                                          int command) {
-    const std::shared_ptr<ProductTreeItemImpl> impl = item.GetImpl();
+    const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
     RunEdit(
         [&] { return impl ? impl->OnCellPopupCommand(columnId, command) : TreeActionResult(); });
 }
 
 void ProductTreeCtrl::OnEditDocCode(ProductTreeItemData& item) {
-    const std::shared_ptr<ProductTreeItemImpl> impl = item.GetImpl();
+    const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
     bool isChanged = false;
     {
         const SyncGuard guard(*this, m_wrapper);

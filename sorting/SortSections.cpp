@@ -56,6 +56,7 @@ private:
     }
 
     // `parent` by value: it may stand in the list that grows here.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
     void AddBlocks(SortSection parent, Levels levels, bool deep, const SpcBlockArray* blocks,
                    const SpcTuningBlockArray* tunings) {
         if (!blocks || !tunings)

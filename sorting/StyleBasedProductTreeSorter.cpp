@@ -310,6 +310,7 @@ void StyleBasedProductTreeSorter::BilletRows(const std::set<Key>& keys, Rows& ro
         return;
     const IfProductDataAggregator& aggregator = m_data->GetAggregator();
     std::vector<ConstProductPart> parts;
+    parts.reserve(keys.size());
     for (const Key& key : keys)
         parts.push_back({&aggregator.GetMetaData(), key});
     std::ranges::stable_sort(parts, [&](const ConstProductPart& a, const ConstProductPart& b) {

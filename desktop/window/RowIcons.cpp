@@ -116,6 +116,7 @@ const QIcon& RowIcons::Get(int number) const {
 
 std::vector<int> RowIcons::GetNumbers() {
     std::vector<int> numbers;
+    numbers.reserve(c_icons.size());
     for (const IconRow& icon : c_icons)
         numbers.push_back(icon.number);
     return numbers;

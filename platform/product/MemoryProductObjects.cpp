@@ -143,7 +143,7 @@ UniqueMetaObjectKey MemoryProduct::AddBillet(const UniqueMetaObjectKey& key) {
     if (!CanAddBillet(key))
         return {};
     const PartEntry& owner = *m_state->index.Find(key)->owner;
-    const UniqueMetaObjectKey billet = MakeFreeKey(m_state->index, owner.key);
+    UniqueMetaObjectKey billet = MakeFreeKey(m_state->index, owner.key);
     StructureChange change;
     change.objects = RecordsSwap<ObjectRecord>(MakeBillet(*owner.object->record, billet),
                                                m_state->index.GetPlace(owner).object + 1);

@@ -73,18 +73,18 @@ std::string_view GroupingRecord::GetNameKey() const {
     return std::string_view(keys).substr(designationKeySize);
 }
 
-GroupingRecord MakeGroupingRecord(SPCSection section, SharedText designation, SharedText name,
-                                  SharedText material, std::optional<double> mass,
-                                  TextOptions options) {
-    const auto seen = [&](SharedText text) {
+GroupingRecord MakeGroupingRecord(SPCSection section, const SharedText& designation,
+                                  const SharedText& name, const SharedText& material,
+                                  std::optional<double> mass, TextOptions options) {
+    const auto seen = [&](const SharedText& text) {
         return options.ignoresCase ? SharedText(FoldCase(text.Str())) : text;
     };
     const auto makeKey = options.numbersAsNumbers ? MakeNaturalKey : MakePlainKey;
     GroupingRecord record;
     record.section = std::move(section);
-    record.designation = seen(std::move(designation));
-    record.name = seen(std::move(name));
-    record.material = seen(std::move(material));
+    record.designation = seen(designation);
+    record.name = seen(name);
+    record.material = seen(material);
     record.mass = Normalised(mass);
     record.numbersAsNumbers = options.numbersAsNumbers;
     record.keys = makeKey(record.designation.Str());

@@ -45,9 +45,9 @@ struct GroupingRecord {
 };
 
 /// Texts, the section's name apart, are taken as `options` see them.
-GroupingRecord MakeGroupingRecord(SPCSection section, SharedText designation, SharedText name,
-                                  SharedText material, std::optional<double> mass,
-                                  TextOptions options = {});
+GroupingRecord MakeGroupingRecord(SPCSection section, const SharedText& designation,
+                                  const SharedText& name, const SharedText& material,
+                                  std::optional<double> mass, TextOptions options = {});
 
 /// By designation, name, section, material, mass. Both records were made with the same options.
 int CompareRecords(const GroupingRecord& a, const GroupingRecord& b);

@@ -42,7 +42,7 @@ CellTraitsPtr CellTraitsTable::GetTraits(NameId column, const CellTraits& traits
         known.items, [&](const CellTraitsPtr& item) { return item && *item == traits; });
     if (found != known.items.end())
         return *found;
-    const CellTraitsPtr made(new SharedCellTraits(traits));
+    CellTraitsPtr made(new SharedCellTraits(traits));
     known.Add(made);
     return made;
 }
@@ -56,7 +56,7 @@ CellListPtr CellTraitsTable::GetList(NameId column, const std::list<SimplePropVa
         known.items, [&](const CellListPtr& item) { return item && item->IsEqual(values, epoch); });
     if (found != known.items.end())
         return *found;
-    const CellListPtr made(new CellList(values));
+    CellListPtr made(new CellList(values));
     known.Add(made);
     return made;
 }

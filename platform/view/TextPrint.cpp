@@ -89,7 +89,7 @@ public:
             std::wstring text = OnOneLine(GetShownText(row, head).Str());
             if (head.kind == HeadKind::Name) {
                 const wchar_t* const fold = !hasChildren ? L"  " : goesOn ? L"- " : L"+ ";
-                text = std::wstring(2 * depth, L' ') + fold + text;
+                text.insert(0, fold).insert(0, 2 * depth, L' ');
             }
             line.push_back(std::move(text));
         }

@@ -14,7 +14,6 @@
 namespace {
 
 using desktop::TreeItemModel;
-using platform::ObjectRecord;
 using platform::ProductModel;
 
 class TreeItemModelTest : public testing::Test {

@@ -8,7 +8,6 @@
 
 namespace {
 
-using desktop::step::StepOptions;
 using tests::DumpText;
 using tests::StepFileText;
 

@@ -13,7 +13,6 @@ namespace {
 
 using platform::CellInput;
 using platform::CellKind;
-using platform::HeadKind;
 using platform::HostFrame;
 using platform::OccurrenceRecord;
 using platform::ProductModel;

@@ -15,7 +15,6 @@ namespace {
 
 using platform::CellInput;
 using platform::ListIndex;
-using platform::ProductModel;
 using platform::PropertyRecord;
 using platform::TreeTableRow;
 using support::Key;

@@ -16,7 +16,6 @@
 namespace {
 
 using platform::SectionDecision;
-using platform::StyleBlockRecord;
 using platform::StyleRecord;
 using platform::TreeCell;
 using platform::TreeTableRow;
