@@ -2,24 +2,30 @@
 
 #include "cells/ProductTreeCellImpl.h"
 
+#include <new>
+
 namespace productTree {
 
 namespace {
 
-// Most classes add nothing to the base, or fit into what alignment leaves of it. Each cell is
-// listed for its destruction.
-constexpr std::size_t c_usualCellSize = CellArena::c_alignment + sizeof(void*);
-static_assert(sizeof(void*) != 8 || sizeof(ProductTreeCellImpl) <= CellArena::c_alignment);
+// One cell of each row, that of the designation, remembers more than the others.
+constexpr std::size_t c_spare = 32;
 
-// One cell of each row remembers more than the others; the list of cells ends anywhere.
-constexpr std::size_t c_spare = 2 * CellArena::c_alignment;
+// Most classes add nothing to the base, or fit into what alignment leaves of it. A refresh reads
+// each cell once, and they are most of what it reads.
+static_assert(sizeof(void*) != 8 || sizeof(ProductTreeCellImpl) <= 64);
 
-void* Allocate(std::size_t size) {
-    return ::operator new(size, std::align_val_t(CellArena::c_alignment));
+constexpr std::size_t RoundUp(std::size_t size) {
+    return (size + CellArena::c_alignment - 1) / CellArena::c_alignment * CellArena::c_alignment;
 }
 
-void Free(void* piece) noexcept {
-    ::operator delete(piece, std::align_val_t(CellArena::c_alignment));
+std::size_t GetListSize(std::size_t cellCount) {
+    return RoundUp(cellCount * sizeof(ProductTreeCellImpl*));
+}
+
+/// What stands behind an arena.
+std::size_t MeasureRoom(std::size_t cellCount) {
+    return GetListSize(cellCount) + cellCount * RoundUp(sizeof(ProductTreeCellImpl)) + c_spare;
 }
 
 // Hands out again what was given back, as long as it is asked for in the same size: another size
@@ -38,14 +44,14 @@ public:
             Drop();
             m_size = size;
         }
-        return m_first ? std::exchange(m_first, m_first->next) : Allocate(size);
+        return m_first ? std::exchange(m_first, m_first->next) : ::operator new(size);
     }
 
     void GiveBack(void* piece, std::size_t size) noexcept {
         if (m_isKeeping && size == m_size)
             m_first = new (piece) Piece{m_first};
         else
-            Free(piece);
+            ::operator delete(piece);
     }
 
 private:
@@ -55,7 +61,7 @@ private:
 
     void Drop() noexcept {
         while (m_first)
-            Free(std::exchange(m_first, m_first->next));
+            ::operator delete(std::exchange(m_first, m_first->next));
     }
 
     bool m_isKeeping = false;
@@ -70,24 +76,59 @@ KeptPieces& GetKeptPieces() {
 
 } // namespace
 
-CellArena::CellArena(std::size_t cellCount)
-    : m_pieceSize(cellCount * c_usualCellSize + c_spare),
-      m_piece(GetKeptPieces().Take(m_pieceSize)), m_memory(m_piece, m_pieceSize),
-      m_cells(&m_memory) {
-    m_cells.reserve(cellCount);
+/// Gives the arena, with what its pointers count, room for its cells behind it.
+template <class T>
+class CellArena::PieceAllocator {
+public:
+    using value_type = T;
+
+    explicit PieceAllocator(std::size_t room) : m_room(room) {}
+    template <class U>
+    PieceAllocator(const PieceAllocator<U>& other) : m_room(other.GetRoom()) {}
+
+    std::size_t GetRoom() const { return m_room; }
+    T* allocate(std::size_t) {
+        static_assert(alignof(T) <= c_alignment);
+        return static_cast<T*>(GetKeptPieces().Take(sizeof(T) + m_room));
+    }
+    void deallocate(T* piece, std::size_t) noexcept {
+        GetKeptPieces().GiveBack(piece, sizeof(T) + m_room);
+    }
+
+private:
+    std::size_t m_room;
+};
+
+struct CellArena::Overflow {
+    alignas(c_alignment) Overflow* next;
+};
+
+std::shared_ptr<CellArena> CellArena::Create(std::size_t cellCount) {
+    return std::allocate_shared<CellArena>(PieceAllocator<CellArena>(MeasureRoom(cellCount)),
+                                           Token(), cellCount);
 }
 
+CellArena::CellArena(Token, std::size_t cellCount)
+    : m_free(reinterpret_cast<char*>(this + 1) + GetListSize(cellCount)),
+      m_end(reinterpret_cast<char*>(this + 1) + MeasureRoom(cellCount)), m_limit(cellCount) {}
+
 CellArena::~CellArena() {
-    for (ProductTreeCellImpl* const cell : m_cells)
+    for (ProductTreeCellImpl* const cell : GetCells())
         cell->~ProductTreeCellImpl();
-    // Nothing of the memory is touched by what goes after this.
-    GetKeptPieces().GiveBack(m_piece, m_pieceSize);
+    while (m_overflow)
+        ::operator delete(std::exchange(m_overflow, m_overflow->next));
+}
+
+void* CellArena::TakeBeside(std::size_t size) {
+    m_overflow = new (::operator new(sizeof(Overflow) + size)) Overflow{m_overflow};
+    return m_overflow + 1;
 }
 
 void CellArena::FetchAhead() const {
-    const auto* const piece = static_cast<const char*>(m_piece);
-    for (std::size_t i = 0; i < m_pieceSize; i += c_alignment)
-        __builtin_prefetch(piece + i, 1);
+    constexpr std::size_t line = 64;
+    const auto* const begin = reinterpret_cast<const char*>(this);
+    for (const char* memory = begin; memory < m_free; memory += line)
+        __builtin_prefetch(memory, 1);
 }
 
 CellArena::KeptMemory::KeptMemory() {

@@ -1,26 +1,28 @@
-// Room for all cells of one row in one piece. A hundred thousand rows of sixteen cells are made
+// The cells of one row, in one piece of memory. A hundred thousand rows of sixteen cells are made
 // anew at each full build: cells that are allocated one by one would cost more than everything else
 // in it. A build that replaces rows makes the new cells in the memory of the old ones.
 #pragma once
 
 #include <cstddef>
 #include <memory>
-#include <memory_resource>
-#include <new>
+#include <span>
 #include <utility>
-#include <vector>
 
 namespace productTree {
 
 class ProductTreeCellImpl;
 
-class CellArena : public std::enable_shared_from_this<CellArena> {
-public:
-    /// A cell is a line of the processor's cache: a refresh reads each once.
-    static constexpr std::size_t c_alignment = 64;
+class alignas(std::max_align_t) CellArena final {
+    struct Token {};
 
-    /// Room for that many cells of the usual size; it grows where that was too little.
-    explicit CellArena(std::size_t cellCount);
+public:
+    /// Of each cell; the cells stand one behind the other.
+    static constexpr std::size_t c_alignment = alignof(std::max_align_t);
+
+    /// Room for at most that many cells.
+    static std::shared_ptr<CellArena> Create(std::size_t cellCount);
+    /// For Create alone.
+    CellArena(Token, std::size_t cellCount);
     CellArena(const CellArena&) = delete;
     CellArena& operator=(const CellArena&) = delete;
     /// Destroys the cells.
@@ -35,23 +37,50 @@ public:
         ~KeptMemory();
     };
 
-    /// The cell's life is that of the arena, which each pointer to one of its cells keeps.
+    /// The cell's life is that of the arena, which each pointer to one of its cells keeps. Without
+    /// an arena, or behind the last cell of a closed one, the cell stands by itself.
     template <class Cell, class... Args>
-    std::shared_ptr<ProductTreeCellImpl> Make(Args&&... args) {
-        m_cells.reserve(m_cells.size() + 1);
-        void* place = m_memory.allocate(sizeof(Cell), c_alignment);
-        m_cells.push_back(new (place) Cell(std::forward<Args>(args)...));
-        return {shared_from_this(), m_cells.back()};
+    static std::shared_ptr<ProductTreeCellImpl> Make(const std::shared_ptr<CellArena>& arena,
+                                                     Args&&... args) {
+        static_assert(alignof(Cell) <= c_alignment);
+        if (!arena || arena->m_count == arena->m_limit)
+            return std::make_shared<Cell>(std::forward<Args>(args)...);
+        ProductTreeCellImpl* const cell =
+            new (arena->Take(sizeof(Cell))) Cell(std::forward<Args>(args)...);
+        arena->GetList()[arena->m_count++] = cell;
+        return {arena, cell};
     }
 
+    /// The row has all its cells.
+    void Close() { m_limit = m_count; }
+    /// In the order in which they were made.
+    std::span<ProductTreeCellImpl* const> GetCells() const { return {GetList(), m_count}; }
     /// Has the memory of the cells fetched while something else is done.
     void FetchAhead() const;
 
 private:
-    std::size_t m_pieceSize;
-    void* m_piece;
-    std::pmr::monotonic_buffer_resource m_memory;
-    std::pmr::vector<ProductTreeCellImpl*> m_cells;
+    template <class T>
+    class PieceAllocator;
+    struct Overflow;
+
+    /// Behind the arena itself: the list of its cells, then the cells.
+    ProductTreeCellImpl** GetList() const {
+        return reinterpret_cast<ProductTreeCellImpl**>(const_cast<CellArena*>(this + 1));
+    }
+    void* Take(std::size_t size) {
+        const std::size_t rounded = (size + c_alignment - 1) / c_alignment * c_alignment;
+        if (rounded > static_cast<std::size_t>(m_end - m_free))
+            return TakeBeside(rounded);
+        return std::exchange(m_free, m_free + rounded);
+    }
+    void* TakeBeside(std::size_t size);
+
+    char* m_free;
+    char* m_end;
+    std::size_t m_count = 0;
+    std::size_t m_limit;
+    /// What did not fit.
+    Overflow* m_overflow = nullptr;
 };
 
 } // namespace productTree

@@ -14,6 +14,7 @@
 #include <iterator>
 #include <set>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace productTree {
@@ -30,12 +31,12 @@ struct CellRow {
 
 template <class Cell>
 CellPtr Make(const ColumnInfo& column, const CellOrigin& origin) {
-    return origin.arena.Make<Cell>(origin.data, origin.row, column, origin.key);
+    return CellArena::Make<Cell>(origin.arena, origin.data, origin.row, column, origin.key);
 }
 
 template <class Cell, GroupMode mode>
 CellPtr MakeGroup(const ColumnInfo& column, const CellOrigin& origin) {
-    return origin.arena.Make<Cell>(origin.data, origin.row, column, mode, origin.key);
+    return CellArena::Make<Cell>(origin.arena, origin.data, origin.row, column, mode, origin.key);
 }
 
 constexpr auto c_all = GroupMode::AllValues;
@@ -57,8 +58,8 @@ using Embodiments = std::set<UniqueMetaObjectKey>;
 CellPtr MakeCountOf(const Embodiments& embodiments, const ColumnInfo& column,
                     const CellOrigin& origin) {
     const bool inGroup = FindItemOfRow(*origin.row)->IsParentGroup();
-    return origin.arena.Make<CountCellImpl>(
-        origin.data, origin.row, column, origin.key,
+    return CellArena::Make<CountCellImpl>(
+        origin.arena, origin.data, origin.row, column, origin.key,
         origin.data->GetCountKey(origin.key, embodiments, inGroup));
 }
 
@@ -70,14 +71,14 @@ CellPtr MakeEmbodimentCount(const Embodiments& embodiments, const ColumnInfo& co
                             const CellOrigin& origin) {
     if (embodiments.size() > 1)
         return MakeCountOf(embodiments, column, origin);
-    return origin.arena.Make<CountCellImpl>(origin.data, origin.row, column, origin.key,
-                                            *embodiments.begin());
+    return CellArena::Make<CountCellImpl>(origin.arena, origin.data, origin.row, column, origin.key,
+                                          *embodiments.begin());
 }
 
 CellPtr MakeEmbodimentGroupCount(const Embodiments& embodiments, const ColumnInfo& column,
                                  const CellOrigin& origin) {
-    return origin.arena.Make<CountGroupCellImpl>(origin.data, origin.row, column, origin.key,
-                                                 embodiments);
+    return CellArena::Make<CountGroupCellImpl>(origin.arena, origin.data, origin.row, column,
+                                               origin.key, embodiments);
 }
 
 CellPtr MakeGroupCount(const ColumnInfo& column, const CellOrigin& origin) {
@@ -171,66 +172,73 @@ const CellTable c_groupTable{c_groupCells, MakeEmbodimentGroupCount, Make<ListGr
 // same few in the same order.
 class MakerMemory {
 public:
+    explicit MakerMemory(const CellTable& table) : m_table(table) {}
+
+    CellPtr Make(const ColumnInfo& column, const CellOrigin& origin) {
+        const Entry& entry = Find(column);
+        if (entry.make)
+            return entry.make(column, origin);
+        return entry.embodiments.empty()
+                   ? nullptr
+                   : m_table.embodimentCount(entry.embodiments, column, origin);
+    }
+
+private:
     struct Entry {
-        /// Held, so that no other text can come to stand at its address.
-        SharedText columnId;
-        /// Null for a column that the table does not name.
-        CellMaker make;
+        /// Held, so that no other column can come to be taken for it.
+        ColumnInfo column;
+        /// Null for a column without cells, and for one that counts for embodiments.
+        CellMaker make = nullptr;
         /// Those of a count column; empty for any other.
         Embodiments embodiments;
     };
 
-    explicit MakerMemory(std::span<const CellRow> table) : m_table(table) {}
-
-    /// Good until the next call.
-    const Entry& Find(const SharedText& columnId) {
+    const Entry& Find(const ColumnInfo& column) {
         for (std::size_t i = 0; i < m_entries.size(); ++i) {
-            m_next = (m_next + 1) % m_entries.size();
-            if (m_entries[m_next].columnId.IsSame(columnId))
+            m_next = m_next + 1 < m_entries.size() ? m_next + 1 : 0;
+            if (m_entries[m_next].column.IsSame(column))
                 return m_entries[m_next];
         }
-        const auto row = std::ranges::find_if(
-            m_table, [&](const CellRow& r) { return r.columnId == columnId.Str(); });
-        const CellMaker make = row == m_table.end() ? nullptr : row->make;
-        // Those of columns that are gone would only be searched.
+        // The same column as it was before, and columns that are gone, would only be searched.
+        std::erase_if(m_entries,
+                      [&](const Entry& entry) { return entry.column.GetId() == column.GetId(); });
         if (m_entries.size() == c_most)
             m_entries.clear();
         m_next = m_entries.size();
-        return m_entries.emplace_back(
-            Entry{columnId, make, ColumnInfo::ConvertGroupCountFromId(columnId)});
+        return m_entries.emplace_back(LookUp(column));
     }
 
-private:
+    Entry LookUp(const ColumnInfo& column) const {
+        const auto row = std::ranges::find_if(
+            m_table.byId, [&](const CellRow& r) { return r.columnId == column.GetId(); });
+        if (row != m_table.byId.end())
+            return {column, row->make, {}};
+        Embodiments embodiments = ColumnInfo::ConvertGroupCountFromId(column.GetId());
+        if (!embodiments.empty())
+            return {column, nullptr, std::move(embodiments)};
+        if (!column.GetStoredList().empty())
+            return {column, m_table.list, {}};
+        const unsigned type = column.GetType();
+        return {column, type < m_table.byType.size() ? m_table.byType[type] : nullptr, {}};
+    }
+
     static constexpr std::size_t c_most = 64;
 
-    std::span<const CellRow> m_table;
+    const CellTable& m_table;
     std::vector<Entry> m_entries;
     std::size_t m_next = 0;
 };
 
-CellPtr CreateFrom(const CellTable& table, MakerMemory& memory, const ColumnInfo& column,
-                   const CellOrigin& origin) {
-    const MakerMemory::Entry& entry = memory.Find(column.GetSharedId());
-    if (entry.make)
-        return entry.make(column, origin);
-    if (!entry.embodiments.empty())
-        return table.embodimentCount(entry.embodiments, column, origin);
-    if (!column.GetStoredList().empty())
-        return table.list(column, origin);
-    const unsigned type = column.GetType();
-    return type < table.byType.size() ? table.byType[type](column, origin) : nullptr;
-}
-
 } // namespace
 
 CellPtr CreateObjectCell(const ColumnInfo& column, const CellOrigin& origin) {
-    static MakerMemory memory(c_objectCells);
-    return CreateFrom(c_objectTable, memory, column, origin);
+    static MakerMemory memory(c_objectTable);
+    return memory.Make(column, origin);
 }
 
 CellPtr CreateGroupCell(const ColumnInfo& column, const CellOrigin& origin) {
-    static MakerMemory memory(c_groupCells);
-    return CreateFrom(c_groupTable, memory, column, origin);
+    static MakerMemory memory(c_groupTable);
+    return memory.Make(column, origin);
 }
 
 } // namespace productTree

@@ -14,7 +14,7 @@ namespace productTree {
 
 /// What every cell is made with, beside its column.
 struct CellOrigin {
-    CellArena& arena;
+    const std::shared_ptr<CellArena>& arena;
     IfProductTreeData* data;
     const TreeRowPtr& row;
     const UniqueMetaObjectKey& key;

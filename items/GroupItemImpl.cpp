@@ -139,7 +139,7 @@ void GroupItemImpl::UpdateIcon() {
 }
 
 std::shared_ptr<ProductTreeCellImpl> GroupItemImpl::CreateCell(const ColumnInfo& column) {
-    return CreateGroupCell(column, {GetArena(), m_data, m_row, m_key});
+    return CreateGroupCell(column, {m_cells, m_data, m_row, m_key});
 }
 
 } // namespace productTree

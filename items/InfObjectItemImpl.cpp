@@ -165,7 +165,7 @@ void InfObjectItemImpl::UpdateIcon() {
 }
 
 std::shared_ptr<ProductTreeCellImpl> InfObjectItemImpl::CreateCell(const ColumnInfo& column) {
-    return CreateObjectCell(column, {GetArena(), m_data, m_row, m_key});
+    return CreateObjectCell(column, {m_cells, m_data, m_row, m_key});
 }
 
 bool RootItemImpl::CanHighlight() const {
@@ -215,7 +215,7 @@ UniqueMetaObjectKey RootItemImpl::GetObjectKey() const {
 std::shared_ptr<ProductTreeCellImpl> RootItemImpl::CreateCell(const ColumnInfo& column) {
     if (column.GetId() == keys::count ||
         !ColumnInfo::ConvertGroupCountFromId(column.GetId()).empty())
-        return GetArena().Make<EmptyDisabledCellImpl>(m_data, m_row, column, m_key);
+        return CellArena::Make<EmptyDisabledCellImpl>(m_cells, m_data, m_row, column, m_key);
     return InfObjectItemImpl::CreateCell(column);
 }
 

@@ -128,8 +128,8 @@ void ProductTreeItemImpl::UpdateChildRows() {
         OnChildRowUpdated(child);
     };
     ForEachChildItem([&](ProductTreeItemImpl& child) {
-        if (child.m_arena)
-            child.m_arena->FetchAhead();
+        if (child.m_cells)
+            child.m_cells->FetchAhead();
         if (ProductTreeItemImpl* const item = std::exchange(previous, &child))
             update(*item);
         return true;
@@ -145,7 +145,7 @@ void ProductTreeItemImpl::UpdateCells() {
     const bool hasCurrent = m_data->IsEmbodimentMode() && m_data->HasActiveEmbodiment();
     if (!hasCurrent)
         m_row->ResetCurrentCountColumn();
-    for (const auto& cell : m_cells)
+    for (ProductTreeCellImpl* const cell : GetCells())
         cell->Update();
     if (hasCurrent)
         m_row->SetCurrentCountColumn(GetCountColumnOf(m_data->GetActiveEmbodiment()));
@@ -156,22 +156,24 @@ std::shared_ptr<ProductTreeCellImpl> ProductTreeItemImpl::CreateCell(const Colum
 }
 
 ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const std::wstring& columnId) const {
-    const auto found =
-        std::ranges::find_if(m_cells, [&](const auto& cell) { return cell->IsColumn(columnId); });
-    return found == m_cells.end() ? nullptr : found->get();
+    const std::span cells = GetCells();
+    const auto found = std::find_if(cells.begin(), cells.end(),
+                                    [&](const auto* cell) { return cell->IsColumn(columnId); });
+    return found == cells.end() ? nullptr : *found;
 }
 
 ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const SharedText& columnId) const {
     // A group asks all its members for one column, which mostly stands at one place in them.
     static std::size_t s_lastPlace = 0;
-    const auto isIt = [&](const auto& cell) { return cell->GetColumnId().IsSame(columnId); };
-    if (s_lastPlace < m_cells.size() && isIt(m_cells[s_lastPlace]))
-        return m_cells[s_lastPlace].get();
-    const auto found = std::ranges::find_if(m_cells, isIt);
-    if (found == m_cells.end())
+    const std::span cells = GetCells();
+    const auto isIt = [&](const auto* cell) { return cell->GetColumnId().IsSame(columnId); };
+    if (s_lastPlace < cells.size() && isIt(cells[s_lastPlace]))
+        return cells[s_lastPlace];
+    const auto found = std::find_if(cells.begin(), cells.end(), isIt);
+    if (found == cells.end())
         return FindCell(columnId.Str());
-    s_lastPlace = static_cast<std::size_t>(found - m_cells.begin());
-    return found->get();
+    s_lastPlace = static_cast<std::size_t>(found - cells.begin());
+    return *found;
 }
 
 const SimplePropVal& ProductTreeItemImpl::GetCellValue(const SharedText& columnId) const {
@@ -215,7 +217,7 @@ SharedText ProductTreeItemImpl::SetMarkingToRow(const VariantMarking& marking) c
     editor->SetCode(marking.GetCode());
 
     const std::set<int> locked = GetLockedMarkingParts();
-    const SharedText text = MakeShownMarking(marking, locked);
+    SharedText text = MakeShownMarking(marking, locked);
     editor->SetDisplayText(text);
     editor->SetLockedParts(locked);
     editor->SetColumn(keys::marking);
@@ -249,27 +251,24 @@ void ProductTreeItemImpl::RebuildChildCells(const std::list<ColumnInfo>& columns
 void ProductTreeItemImpl::RebuildCells(const std::list<ColumnInfo>& columns) {
     RebuildChildCells(columns);
 
-    m_cells.clear();
-    m_cells.reserve(columns.size() + c_fixedCells);
-    m_arena = std::make_shared<CellArena>(columns.size() + c_fixedCells);
-    for (const ColumnInfo* fixed : {&GetNameColumn(), &GetMarkingColumn()}) {
-        if (auto cell = CreateCell(*fixed))
-            m_cells.push_back(std::move(cell));
-    }
+    m_cells.reset();
+    m_cells = CellArena::Create(columns.size() + c_fixedCells);
+    CreateCell(GetNameColumn());
+    CreateCell(GetMarkingColumn());
 
     std::size_t slot = 0;
     for (const ColumnInfo& column : columns) {
-        auto cell = CreateCell(column);
+        const auto cell = CreateCell(column);
         if (!cell)
             continue;
-        m_cells.push_back(std::move(cell));
         // A row kept from the last build keeps its slots with their editors.
         if (slot < m_row->GetCellCount())
             m_row->SetCellColumn(slot, column.GetId());
         else
-            m_cells.back()->InitEditor();
+            cell->InitEditor();
         ++slot;
     }
+    m_cells->Close();
     m_row->SetCellCount(slot);
 }
 

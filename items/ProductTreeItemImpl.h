@@ -13,6 +13,7 @@
 #include <list>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -149,16 +150,16 @@ protected:
     void UpdateChildRows();
     /// A child row has just been updated, and what belongs to it is at hand.
     virtual void OnChildRowUpdated(const ProductTreeItemImpl& child);
-    /// Where the row's cells are made; a new one from each rebuild on.
-    CellArena& GetArena() { return *m_arena; }
+    /// Empty before the first rebuild.
+    std::span<ProductTreeCellImpl* const> GetCells() const {
+        return m_cells ? m_cells->GetCells() : std::span<ProductTreeCellImpl* const>();
+    }
 
-    std::vector<std::shared_ptr<ProductTreeCellImpl>> m_cells;
+    /// A new one from each rebuild on.
+    std::shared_ptr<CellArena> m_cells;
     bool m_actual = true;
     TreeRowPtr m_row;
     IfProductTreeData* m_data;
-
-private:
-    std::shared_ptr<CellArena> m_arena;
 };
 
 } // namespace productTree
