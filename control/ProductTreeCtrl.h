@@ -90,7 +90,9 @@ private:
 
     void RebuildRows();
     ITreeTableRow& MakeRootRow(const UniqueMetaObjectKey& rootKey);
-    void UpdateChildRows(const std::vector<ProductTreeRowInfo>& nodes, ITreeTableRow& parent);
+    /// Adds the keys of the rows to `keys`, in the order in which rows are read.
+    void UpdateChildRows(const std::vector<ProductTreeRowInfo>& nodes, ITreeTableRow& parent,
+                         std::vector<UniqueMetaObjectKey>& keys);
     void GiveItem(ITreeTableRow& row, std::shared_ptr<ProductTreeItemImpl> item);
     std::shared_ptr<ProductTreeItemImpl> CreateItem(const ProductTreeRowInfo& node,
                                                     const TreeRowPtr& row) const;

@@ -2,6 +2,7 @@
 // used again by position so that the view keeps its row objects.
 
 #include "cells/CellArena.h"
+#include "columns/PropertyKeys.h"
 #include "control/Bracket.h"
 #include "control/ProductTreeCtrl.h"
 #include "host/data/IfProductTreeData.h"
@@ -60,9 +61,11 @@ void ProductTreeCtrl::RebuildRows() {
     const UniqueMetaObjectKey rootKey = m_data->GetRootKey();
 
     ITreeTableRow& root = MakeRootRow(rootKey);
-    UpdateChildRows(nodes, root);
+    std::vector<UniqueMetaObjectKey> keys;
+    UpdateChildRows(nodes, root, keys);
     FindItemOfRow(root)->RebuildCells(
         GetCurrentColumns().GetShownColumns(m_data->IsEmbodimentMode()));
+    m_data->ExpectReads(keys);
     UpdateRows(root);
     m_rowStates.Restore(*m_tree, rootKey, m_data->IsEmbodimentMode());
 }
@@ -79,7 +82,8 @@ ITreeTableRow& ProductTreeCtrl::MakeRootRow(const UniqueMetaObjectKey& rootKey) 
 }
 
 void ProductTreeCtrl::UpdateChildRows(const std::vector<ProductTreeRowInfo>& nodes,
-                                      ITreeTableRow& parent) {
+                                      ITreeTableRow& parent,
+                                      std::vector<UniqueMetaObjectKey>& keys) {
     parent.SetChildCount(nodes.size());
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         const bool isNew = i >= parent.GetChildCount();
@@ -88,7 +92,9 @@ void ProductTreeCtrl::UpdateChildRows(const std::vector<ProductTreeRowInfo>& nod
         // A row joins the tree with its item: whoever meets it there finds one.
         if (isNew)
             parent.AppendChild(row);
-        UpdateChildRows(nodes[i].children, *row);
+        UpdateChildRows(nodes[i].children, *row, keys);
+        if (!nodes[i].key.IsEmpty())
+            keys.push_back(nodes[i].key);
     }
 }
 
@@ -97,7 +103,7 @@ void ProductTreeCtrl::GiveItem(ITreeTableRow& row, std::shared_ptr<ProductTreeIt
         data->SetImpl(std::move(item));
         return;
     }
-    row.SetData(new ProductTreeItemData(*this, std::move(item)), L"name", L"marking");
+    row.SetData(new ProductTreeItemData(*this, std::move(item)), keys::name, keys::marking);
 }
 
 std::shared_ptr<ProductTreeItemImpl> ProductTreeCtrl::CreateItem(const ProductTreeRowInfo& node,

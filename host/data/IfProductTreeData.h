@@ -39,6 +39,11 @@ public:
     virtual void BeginRebuild() = 0;
     /// Called before the objects are sorted into rows.
     virtual void PrepareData() = 0;
+    /// The objects of the rows that a full build has made, in the order in which they will be read
+    /// from now on; of several rows of one object the first is meant. Called before the BeginRead
+    /// of each full build. A host need not do anything with it: it is for having at hand what will
+    /// be asked for next.
+    virtual void ExpectReads(const std::vector<UniqueMetaObjectKey>&) {}
     /// Bracket each walk that reads the values of all rows.
     virtual void BeginRead() = 0;
     virtual void EndRead() = 0;

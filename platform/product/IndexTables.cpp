@@ -103,6 +103,13 @@ std::uint32_t IndexTables::FindPlace(const UniqueMetaObjectKey& key) const {
     return place != none && parts[place].key == key ? place : FindInSlots(key);
 }
 
+void IndexTables::FetchAhead(const UniqueMetaObjectKey& key) const {
+    const std::uint32_t number = key.GetHint();
+    const std::uint32_t place = number < places.size() ? places[number] : none;
+    if (place != none)
+        __builtin_prefetch(&parts[place], 1);
+}
+
 std::uint32_t IndexTables::FindInSlots(const UniqueMetaObjectKey& key) const {
     const std::size_t mask = slots.size() - 1;
     const std::uint32_t hash = HashOf(key);

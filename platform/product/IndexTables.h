@@ -160,6 +160,8 @@ struct IndexTables {
     Links billets;
 
     std::uint32_t FindPlace(const UniqueMetaObjectKey& key) const;
+    /// Has the part fetched that FindPlace will most likely find.
+    void FetchAhead(const UniqueMetaObjectKey& key) const;
 
     /// Makes room for all parts to be entered anew.
     void ClearSlots();

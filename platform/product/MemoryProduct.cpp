@@ -91,6 +91,10 @@ void MemoryProduct::BeginRebuild() {
 
 void MemoryProduct::PrepareData() {}
 
+void MemoryProduct::ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) {
+    m_state->index.ExpectReads(keys);
+}
+
 void MemoryProduct::BeginRead() {
     m_state->index.BeginWalk();
 }

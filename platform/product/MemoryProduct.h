@@ -57,6 +57,7 @@ public:
     bool IsRebuildRequired() const override;
     void BeginRebuild() override;
     void PrepareData() override;
+    void ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) override;
     void BeginRead() override;
     void EndRead() override;
 

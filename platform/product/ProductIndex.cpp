@@ -110,6 +110,18 @@ const PartEntry* ProductIndex::FindAnew(const UniqueMetaObjectKey& key) const {
     return m_last;
 }
 
+void ProductIndex::ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) {
+    constexpr std::size_t distance = 8;
+    m_readAhead.Forget();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (i + distance < keys.size())
+            m_tables.FetchAhead(keys[i + distance]);
+        const std::uint32_t place = m_tables.FindPlace(keys[i]);
+        if (place != IndexTables::none)
+            m_readAhead.Tell(m_tables.parts[place]);
+    }
+}
+
 PartPlace ProductIndex::GetPlace(const PartEntry& part) const {
     const auto owner = PlaceOf(*part.owner);
     PartPlace place;

@@ -44,6 +44,8 @@ public:
         // A panel asks about one row many times before it comes to the next.
         return m_last && m_last->key.IsSame(key) ? m_last : FindAnew(key);
     }
+    /// The parts that will be read next, in their order.
+    void ExpectReads(const std::vector<UniqueMetaObjectKey>& keys);
     /// Bracket a walk over all rows.
     void BeginWalk() { m_readAhead.Begin(); }
     void EndWalk() { m_readAhead.End(); }

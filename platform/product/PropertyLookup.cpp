@@ -40,6 +40,13 @@ void PropertyLookup::Forget() {
     m_last = m_entries.data();
 }
 
+PropertyLookup::Entry& PropertyLookup::FindNext(const SharedText& path) {
+    Entry& last = *m_last;
+    Entry& found = FindOrAdd(path);
+    last.next = &found;
+    return found;
+}
+
 PropertyLookup::Entry& PropertyLookup::FindOrAdd(const SharedText& path) {
     const auto address = reinterpret_cast<std::uintptr_t>(&path.Str());
     std::size_t i = ((address >> 4) ^ (address >> 12)) % m_entries.size();
@@ -54,7 +61,7 @@ PropertyLookup::Entry& PropertyLookup::FindOrAdd(const SharedText& path) {
         return FindOrAdd(path);
     }
     ++m_entryCount;
-    entry = {path, Get(NumberOf(path))};
+    entry = {path, Get(NumberOf(path)), nullptr};
     return entry;
 }
 

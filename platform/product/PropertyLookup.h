@@ -39,9 +39,11 @@ public:
 
     /// Good until the next call of anything here.
     const PropertyTraits& Get(const SharedText& path) {
-        // What is asked about a property of a part is asked in one go.
+        // What is asked about a property of a part is asked in one go, and the next property is
+        // mostly the one that was next last time.
         if (!m_last->path.IsSame(path))
-            m_last = &FindOrAdd(path);
+            m_last = m_last->next && m_last->next->path.IsSame(path) ? m_last->next
+                                                                     : &FindNext(path);
         return m_last->traits;
     }
     PropertyTraits Get(unsigned long number) const;
@@ -51,16 +53,19 @@ private:
         /// Held, so that no other text can come to stand at its address.
         SharedText path;
         PropertyTraits traits;
+        /// The one that was asked for after it.
+        Entry* next = nullptr;
     };
 
     void Forget();
+    Entry& FindNext(const SharedText& path);
     Entry& FindOrAdd(const SharedText& path);
 
     const PropertyDescriptions* m_descriptions = nullptr;
     /// By the texts' addresses. The empty text, which is no path, marks a free entry.
     std::array<Entry, 256> m_entries;
     std::size_t m_entryCount = 0;
-    const Entry* m_last = m_entries.data();
+    Entry* m_last = m_entries.data();
 };
 
 } // namespace platform

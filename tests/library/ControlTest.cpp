@@ -36,6 +36,33 @@ Product ThreeParts() {
                          .Uses(2));
 }
 
+/// Writes down of which objects a full build says that they will be read, and which are.
+class ReadOrder final : public platform::MemoryProduct {
+public:
+    using MemoryProduct::MemoryProduct;
+
+    void ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) override {
+        for (const UniqueMetaObjectKey& key : keys)
+            Add(told, key);
+    }
+    PropertyReading ReadProperty(const UniqueMetaObjectKey& key,
+                                 const SharedText& id) const override {
+        Add(asked, key);
+        return MemoryProduct::ReadProperty(key, id);
+    }
+
+    std::string told;
+    mutable std::string asked;
+
+private:
+    /// Of several times the first counts.
+    static void Add(std::string& keys, const UniqueMetaObjectKey& key) {
+        const std::string text = key.String() + ' ';
+        if (!keys.ends_with(text) && keys.find(' ' + text) == std::string::npos)
+            keys += text;
+    }
+};
+
 void Rename(ProductModel& model, const wchar_t* name) {
     model.objects[0].name = name;
 }
@@ -57,6 +84,13 @@ TEST(Control, TellsTheViewWhatThePanelIsCalledAndWhereItsToolsAre) {
     EXPECT_EQ(state.toolbar, "PRODUCT_TREE_TOOLBAR");
     EXPECT_EQ(state.additionalToolbar, "PRODUCT_TREE_ADDITIONAL_TOOLBAR");
     EXPECT_TRUE(panel.View().GetControl());
+}
+
+TEST(Control, AFullBuildTellsInWhichOrderItWillRead) {
+    const auto data = std::make_shared<ReadOrder>(ThreeParts());
+    const platform::HostFrame frame(data);
+    EXPECT_EQ(data->told, "a#1 a#2 a b#1 c#1 c#2 c ");
+    EXPECT_EQ(data->asked, "a#1 a#2 b#1 c#1 c#2 root ") << "groups show what their members do";
 }
 
 TEST(Control, AHiddenPanelOwesItsWorkAndPaysOnce) {

@@ -42,6 +42,7 @@ public:
     bool IsRebuildRequired() const override { return Note("IsRebuildRequired"), Base::IsRebuildRequired(); }
     void BeginRebuild() override { Note("BeginRebuild"), Base::BeginRebuild(); }
     void PrepareData() override { Note("PrepareData"), Base::PrepareData(); }
+    void ExpectReads(const std::vector<Key>& keys) override { Note("ExpectReads"), Base::ExpectReads(keys); }
     void BeginRead() override { Note("BeginRead"), Base::BeginRead(); }
     void EndRead() override { Note("EndRead"), Base::EndRead(); }
     IfProductDataAggregator& GetAggregator() const override { return Note("GetAggregator"), Base::GetAggregator(); }
