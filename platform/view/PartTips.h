@@ -24,12 +24,12 @@ public:
 
     const PartTips& Get(PartTipsId id) const { return m_sets[id].tips; }
     /// The set that has another tip in that place. Sets are kept for good.
-    PartTipsId With(PartTipsId id, std::size_t place, NameId tip);
+    PartTipsId With(PartTipsId id, std::size_t place, const SharedText& tip, NameTable& names);
 
 private:
     /// Where a change of one tip led last: each row takes the same way to its set.
     struct Step {
-        NameId tip = 0;
+        SharedText tip;
         PartTipsId to = 0;
     };
     struct Set {

@@ -165,7 +165,7 @@ void TreeRowMarking::SetPartTip(const SharedText& text, int part) {
     const auto place = static_cast<std::size_t>(part - 1);
     PartTipsTable& tips = Hub().GetPartTips();
     if (!(Hub().NameOf(tips.Get(m_tips)[place]) == text))
-        Change(m_tips, tips.With(m_tips, place, Hub().GetNames().IdOf(text)));
+        Change(m_tips, tips.With(m_tips, place, text, Hub().GetNames()));
 }
 
 SharedText TreeRowMarking::GetPartTip(int part) const {

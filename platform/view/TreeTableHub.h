@@ -11,6 +11,7 @@
 #include "platform/view/PartTips.h"
 #include "platform/view/RowInput.h"
 #include "platform/view/TreeTableObserver.h"
+#include "platform/view/UsualCells.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -82,6 +83,7 @@ public:
     const SharedText& NameOf(NameId id) const { return m_names.NameOf(id); }
     CellTraitsTable& GetTraits() { return m_traits; }
     PartTipsTable& GetPartTips() { return m_partTips; }
+    UsualCells& GetUsualCells() { return m_usualCells; }
     /// Counts the updates.
     std::uint64_t GetEpoch() const { return m_epoch; }
     /// Where the last cell was looked for: rows are written and read cell by cell.
@@ -110,6 +112,7 @@ private:
     NameTable m_names;
     CellTraitsTable m_traits;
     PartTipsTable m_partTips;
+    UsualCells m_usualCells;
     std::uint64_t m_epoch = 1;
     std::size_t m_lastSlot = 0;
     std::size_t m_usualCellCount = 0;

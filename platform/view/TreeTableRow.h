@@ -127,9 +127,11 @@ public:
     const TreeCell* FindCell(const std::wstring& columnId) const;
     bool HasCell(const std::wstring& columnId) const { return FindCell(columnId) != nullptr; }
     /// Of a cell of this row; empty for a cell that has none.
-    const SharedText& GetColumnOf(const TreeCell& cell) const;
+    const SharedText& GetColumnOf(const TreeCell& cell) const {
+        return m_hub->NameOf(cell.m_column);
+    }
     /// The resource name of the by-source icon of a cell of this row; empty for none.
-    const SharedText& GetIconOf(const TreeCell& cell) const;
+    const SharedText& GetIconOf(const TreeCell& cell) const { return m_hub->NameOf(cell.m_icon); }
     const std::wstring& GetCurrentCountColumn() const;
     bool IsReadOnly() const { return HasFlag(Flag::ReadOnly); }
     bool IsNameEditable() const { return HasFlag(Flag::NameEditable); }
@@ -185,8 +187,11 @@ private:
     /// As FindCell, for the library, which asks for the same texts over and over.
     TreeCell* CellOf(const SharedText& columnId);
     const TreeCell* CellOf(const SharedText& columnId) const;
+    bool IsSlotOf(std::size_t slot, const SharedText& columnId) const;
+    const TreeCell* SearchCell(const SharedText& columnId) const;
     /// The first cell without column, or a new one; it has the column then.
     TreeCell& TakeCell(const SharedText& columnId);
+    TreeCell& AddCell(NameId column);
     /// A column has one cell: whoever had it loses it.
     void GiveColumn(TreeCell& cell, NameId column);
     /// What the user has left in the cell's editor; null for nothing.

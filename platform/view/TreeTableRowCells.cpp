@@ -12,6 +12,7 @@ void TreeTableRow::SetCellCount(std::size_t count) {
     m_hub->SetUsualCellCount(count);
     if (count == m_cells.size())
         return;
+    m_hub->GetUsualCells().Stop();
     m_cells.resize(count);
     m_hub->NoteValues(*this);
 }
@@ -27,14 +28,6 @@ void TreeTableRow::SetCellColumn(std::size_t index, const std::wstring& columnId
     m_hub->NoteValues(*this);
 }
 
-const SharedText& TreeTableRow::GetColumnOf(const TreeCell& cell) const {
-    return m_hub->NameOf(cell.m_column);
-}
-
-const SharedText& TreeTableRow::GetIconOf(const TreeCell& cell) const {
-    return m_hub->NameOf(cell.m_icon);
-}
-
 const TreeCell* TreeTableRow::FindCell(const std::wstring& columnId) const {
     const NameId column = m_hub->GetNames().Find(columnId);
     const auto found = std::ranges::find_if(
@@ -43,21 +36,28 @@ const TreeCell* TreeTableRow::FindCell(const std::wstring& columnId) const {
 }
 
 TreeCell* TreeTableRow::CellOf(const SharedText& columnId) {
-    return const_cast<TreeCell*>(std::as_const(*this).CellOf(columnId));
+    // Rows are written cell by cell.
+    const std::size_t last = m_hub->GetLastSlot();
+    const std::size_t next = last + 1 < m_cells.size() ? last + 1 : 0;
+    if (!IsSlotOf(next, columnId))
+        return const_cast<TreeCell*>(std::as_const(*this).CellOf(columnId));
+    m_hub->SetLastSlot(next);
+    return &m_cells[next];
 }
 
 const TreeCell* TreeTableRow::CellOf(const SharedText& columnId) const {
-    // Rows are written cell by cell, and read down a column: the slot behind the last one, then the
-    // same again.
-    const std::size_t last = m_hub->GetLastSlot();
-    const std::size_t next = last + 1 < m_cells.size() ? last + 1 : 0;
-    for (const std::size_t slot : {next, last}) {
-        if (slot < m_cells.size() && m_cells[slot].m_column != 0 &&
-            GetColumnOf(m_cells[slot]).IsSame(columnId)) {
-            m_hub->SetLastSlot(slot);
-            return &m_cells[slot];
-        }
-    }
+    // Rows are read down a column.
+    if (IsSlotOf(m_hub->GetLastSlot(), columnId))
+        return &m_cells[m_hub->GetLastSlot()];
+    return SearchCell(columnId);
+}
+
+bool TreeTableRow::IsSlotOf(std::size_t slot, const SharedText& columnId) const {
+    return slot < m_cells.size() && m_cells[slot].m_column != 0 &&
+           GetColumnOf(m_cells[slot]).IsSame(columnId);
+}
+
+const TreeCell* TreeTableRow::SearchCell(const SharedText& columnId) const {
     const NameId column = m_hub->GetNames().IdOf(columnId);
     const auto found = std::ranges::find_if(
         m_cells, [column](const TreeCell& cell) { return cell.m_column == column; });
@@ -68,6 +68,7 @@ const TreeCell* TreeTableRow::CellOf(const SharedText& columnId) const {
 }
 
 void TreeTableRow::GiveColumn(TreeCell& cell, NameId column) {
+    m_hub->GetUsualCells().Stop();
     for (TreeCell& other : m_cells) {
         if (other.m_column == column)
             other.m_column = 0;
@@ -76,9 +77,12 @@ void TreeTableRow::GiveColumn(TreeCell& cell, NameId column) {
 }
 
 TreeCell& TreeTableRow::TakeCell(const SharedText& columnId) {
-    const NameId column = m_hub->GetNames().IdOf(columnId);
     if (m_cells.empty())
         m_cells.reserve(m_hub->GetUsualCellCount());
+    UsualCells& usual = m_hub->GetUsualCells();
+    if (const NameId next = usual.TakeNext(*this, m_cells.size(), columnId))
+        return AddCell(next);
+    const NameId column = m_hub->GetNames().IdOf(columnId);
     const auto isFree = [column](const TreeCell& cell) {
         return cell.m_column == 0 || cell.m_column == column;
     };
@@ -87,6 +91,11 @@ TreeCell& TreeTableRow::TakeCell(const SharedText& columnId) {
         GiveColumn(*free, column);
         return *free;
     }
+    usual.Learn(*this, m_cells.size(), columnId, column);
+    return AddCell(column);
+}
+
+TreeCell& TreeTableRow::AddCell(NameId column) {
     TreeCell& cell = m_cells.emplace_back();
     cell.m_column = column & NameTable::c_maxId;
     return cell;

@@ -56,6 +56,37 @@ TEST_F(ViewCells, EachKindKeepsWhatItWasGiven) {
     EXPECT_FALSE(source.OpensEditor());
 }
 
+TEST_F(ViewCells, RowsGetTheirCellsInWhateverOrder) {
+    const SharedText a = L"a";
+    const SharedText b = L"b";
+    const SharedText c = L"c";
+    const auto fill = [&](std::initializer_list<SharedText> columns) {
+        const auto row = boost::static_pointer_cast<platform::TreeTableRow>(m_view->CreateRow());
+        for (const SharedText& column : columns)
+            row->InitTextEditor(column, column, true, {}, nullptr);
+        return row;
+    };
+    const auto list = [](const platform::TreeTableRow& row) {
+        std::wstring cells;
+        for (std::size_t i = 0; i < row.GetCellCount(); ++i)
+            cells += row.GetColumnOf(row.GetCell(i)).Str() + row.GetCell(i).GetText().Str() + L' ';
+        return cells;
+    };
+    EXPECT_EQ(list(*fill({a, b, c})), L"aa bb cc ");
+    EXPECT_EQ(list(*fill({a, b, c})), L"aa bb cc ") << "as the row before";
+    EXPECT_EQ(list(*fill({a, c, b})), L"aa cc bb ") << "in another order";
+    EXPECT_EQ(list(*fill({a, c, a, b})), L"aa cc bb ") << "one of them twice";
+    EXPECT_EQ(list(*fill({a, SharedText(L"c"), b})), L"aa cc bb ") << "an equal text";
+
+    const auto row = fill({a});
+    row->SetCellColumn(0, c);
+    row->InitTextEditor(c, L"new", true, {}, nullptr);
+    EXPECT_EQ(list(*row), L"cnew ") << "the column was given to a cell meanwhile";
+    row->SetCellCount(2);
+    row->InitTextEditor(b, b, true, {}, nullptr);
+    EXPECT_EQ(list(*row), L"cnew bb ") << "a cell without column was there";
+}
+
 TEST_F(ViewCells, AnEmptyValueShowsNothing) {
     m_row.SetCellText(columns::note, {}, {});
     m_row.SetIntValue(columns::count, {});
