@@ -29,12 +29,6 @@ void ChooseFromBook(IfProductTreeData& data, const ProductTreeItemImpl& item,
         out.action = TreeActionResult::ValuesChanged;
 }
 
-void RestoreMarking(const ProductTreeItemImpl& item, const PropValue& shown) {
-    VariantMarking marking;
-    marking.FromPropertyTree(shown.GetPropertyTree());
-    item.SetMarkingToRow(marking);
-}
-
 void AddReferenceBook(ITreeTableRow& row, std::set<int>& available) {
     const auto editor = row.GetMarkingEditor();
     if (editor && !editor->IsChoiceLocked())
@@ -82,7 +76,11 @@ void MarkingCellImpl::Update() {
 TreeActionResult MarkingCellImpl::OnValueEdited() {
     const PropValue value = GetItem().GetMarkingFromRow().GetPropValue();
     return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise,
-                      [this] { RestoreMarking(GetItem(), m_propValue); });
+                      [this] {
+                          VariantMarking marking;
+                          marking.FromPropertyTree(m_propValue.GetPropertyTree());
+                          GetItem().SetMarkingToRow(marking);
+                      });
 }
 
 bool MarkingCellImpl::ExecCommand(int command, TreeActionResult& out) {
@@ -106,7 +104,7 @@ std::set<int> MarkingCellImpl::GetAvailableCommands() {
 
 MarkingGroupCellImpl::MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
                                            const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : CellWithPropValue(data, std::move(row), column, GroupMode::NoValue, key) {}
+    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
 
 void MarkingGroupCellImpl::InitEditor() {}
 
@@ -133,11 +131,12 @@ void MarkingGroupCellImpl::Update() {
     const std::set<int> lockedParts = GetItem().GetLockedMarkingParts();
     const bool isCodeLocked = ProductTreeItemImpl::IsMarkingCodeIn(lockedParts);
     const auto editor = m_row->GetMarkingEditor();
-    const bool isShown = !m_propValue.IsEmpty() && isCodeLocked == m_isCodeLocked &&
+    const bool isShown = m_isShown && isCodeLocked == m_isCodeLocked &&
                          marking == GetItem().GetMarkingFromRow();
     if (!isShown) {
         m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));
-        m_propValue = marking.GetPropValue();
+        m_marking = marking;
+        m_isShown = true;
         m_isCodeLocked = isCodeLocked;
     } else if (editor) {
         editor->SetLockedParts(lockedParts);
@@ -156,7 +155,7 @@ void MarkingGroupCellImpl::Update() {
 TreeActionResult MarkingGroupCellImpl::OnValueEdited() {
     const PropValue value = GetItem().GetMarkingFromRow().GetPropValue();
     return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise,
-                      [this] { RestoreMarking(GetItem(), m_propValue); });
+                      [this] { GetItem().SetMarkingToRow(m_marking); });
 }
 
 bool MarkingGroupCellImpl::ExecCommand(int command, TreeActionResult& out) {

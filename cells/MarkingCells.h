@@ -4,6 +4,7 @@
 
 #include "cells/CellWithPropValue.h"
 #include "cells/GroupCellImpl.h"
+#include "host/VariantMarking.h"
 
 namespace productTree {
 
@@ -27,7 +28,7 @@ private:
 };
 
 /// The members' common designation, or none.
-class MarkingGroupCellImpl final : public CellWithPropValue<GroupCellImpl> {
+class MarkingGroupCellImpl final : public GroupCellImpl {
 public:
     MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
                          const UniqueMetaObjectKey& key);
@@ -37,8 +38,11 @@ public:
     TreeActionResult OnValueEdited() override;
     bool ExecCommand(int command, TreeActionResult& out) override;
     std::set<int> GetAvailableCommands() override;
+    PropValue GetShownPropValue() const override { return m_marking.GetPropValue(); }
 
 private:
+    VariantMarking m_marking;
+    bool m_isShown = false;
     bool m_isCodeLocked = false;
 };
 

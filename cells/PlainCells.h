@@ -8,7 +8,7 @@
 namespace productTree {
 
 /// Text. It shows and remembers the label of whatever type the property has.
-class StringCellImpl : public ProductTreeCellImpl {
+class StringCellImpl final : public ProductTreeCellImpl {
 public:
     using ProductTreeCellImpl::ProductTreeCellImpl;
 
@@ -58,7 +58,7 @@ public:
 };
 
 /// One of the values that the property may take.
-class ListCellImpl : public ProductTreeCellImpl {
+class ListCellImpl final : public ProductTreeCellImpl {
 public:
     using ProductTreeCellImpl::ProductTreeCellImpl;
 

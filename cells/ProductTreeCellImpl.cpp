@@ -21,13 +21,6 @@ constexpr int c_liveLink = 2;
 
 } // namespace
 
-const SharedText& FindSourceIcon(std::optional<bool> bySource) {
-    static const SharedText none;
-    if (!bySource)
-        return none;
-    return *bySource ? sourceIcons::bySource : sourceIcons::notBySource;
-}
-
 void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes) {
     all += changes;
     all.changedProperties.insert(changes.changedProperties.begin(),
@@ -40,15 +33,13 @@ ProductTreeCellImpl::ProductTreeCellImpl(IfProductTreeData* data, TreeRowPtr row
 
 ProductTreeCellImpl::~ProductTreeCellImpl() = default;
 
-bool ProductTreeCellImpl::IsEditable() {
-    if (!m_editable)
-        m_editable = !m_key.IsEmpty() && !m_data->IsReadOnly(MakeRef());
+bool ProductTreeCellImpl::AskEditable() {
+    m_editable = !m_key.IsEmpty() && !m_data->IsReadOnly(MakeRef());
     return *m_editable;
 }
 
-bool ProductTreeCellImpl::HasHypertext() {
-    if (!m_hasHypertext)
-        m_hasHypertext = m_key != UniqueMetaObjectKey::null && m_data->IsHypertext(MakeRef());
+bool ProductTreeCellImpl::AskHypertext() {
+    m_hasHypertext = m_key != UniqueMetaObjectKey::null && m_data->IsHypertext(MakeRef());
     return *m_hasHypertext;
 }
 

@@ -29,6 +29,7 @@ class ProductTreeItemImpl;
 /// name stands for a property without source.
 namespace sourceIcons {
 
+inline const SharedText none;
 inline const SharedText bySource = L"PRODUCTTREE_VALUE_BY_SOURCE";
 inline const SharedText notBySource = L"PRODUCTTREE_VAL_NOT_BY_SRC";
 /// The members of a group row differ.
@@ -37,7 +38,11 @@ inline const SharedText mixed = L"PRODUCTTREE_BY_SRC_MIXED";
 } // namespace sourceIcons
 
 /// Of what the product data says; empty for a property without source.
-const SharedText& FindSourceIcon(std::optional<bool> bySource);
+inline const SharedText& FindSourceIcon(std::optional<bool> bySource) {
+    if (!bySource)
+        return sourceIcons::none;
+    return *bySource ? sourceIcons::bySource : sourceIcons::notBySource;
+}
 
 /// Adds `changes` to `all`.
 void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes);
@@ -52,7 +57,7 @@ public:
 
     /// Cached until the next Update, as are the two questions about the link: rows and menus ask
     /// them many times, and each is a search in the product data.
-    virtual bool IsEditable();
+    virtual bool IsEditable() { return m_editable ? *m_editable : AskEditable(); }
     /// Declares the cell's editor to the row. Name and designation have theirs in the row itself.
     virtual void InitEditor() = 0;
     /// The change set for a new value, in stored units; empty when the value is not acceptable.
@@ -62,7 +67,7 @@ public:
     /// Reads the value again and shows it. Overrides begin with ResetCaches or Read.
     virtual void Update() = 0;
     /// The value is shown as a link.
-    virtual bool HasHypertext();
+    virtual bool HasHypertext() { return m_hasHypertext ? *m_hasHypertext : AskHypertext(); }
     virtual bool CanInsertHypertext();
     virtual bool CanInsertExtendedReference();
     virtual bool CanEditHypertext();
@@ -157,6 +162,11 @@ protected:
         return result;
     }
 
+private:
+    bool AskEditable();
+    bool AskHypertext();
+
+protected:
     SimplePropVal m_value;
     IfProductTreeData* m_data;
     TreeRowPtr m_row;

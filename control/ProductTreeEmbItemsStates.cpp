@@ -13,6 +13,11 @@ std::shared_ptr<ProductTreeItemId> GetRowId(const ITreeTableRow& row) {
     return item ? item->GetId() : nullptr;
 }
 
+bool HasKey(const ITreeTableRow& row, const UniqueMetaObjectKey& key) {
+    const ProductTreeItemImpl* const item = FindItemOfRow(row);
+    return item && item->HasKey(key);
+}
+
 bool Contains(const RowIdIndex& ids, const ITreeTableRow& row) {
     if (ids.IsEmpty())
         return false;
@@ -79,17 +84,24 @@ void ProductTreeEmbItemsStates::Store(ITreeTableModel& tree, const UniqueMetaObj
 
 void ProductTreeEmbItemsStates::Restore(ITreeTableModel& tree, const UniqueMetaObjectKey& rootKey,
                                         bool embodimentMode) {
-    const auto [entry, isNew] = GetExpanded(embodimentMode).try_emplace(rootKey);
+    const auto [entry, wasMade] = GetExpanded(embodimentMode).try_emplace(rootKey);
     ITreeTableRow* root = tree.GetRootRow(0);
     if (root) {
-        if (isNew) {
-            if (auto id = GetRowId(*root))
-                entry->second.push_back(std::move(id));
+        const bool isNew = wasMade;
+        UniqueMetaObjectKey keyOfRoot;
+        if (const ProductTreeItemImpl* const item = isNew ? FindItemOfRow(*root) : nullptr) {
+            entry->second.push_back(item->GetId());
+            keyOfRoot = item->GetDocumentKey();
         }
         const RowIdIndex expanded(entry->second);
+        // Only the root is expanded in a tree that was never seen, and it is known by its key: the
+        // other rows need not say who they are.
+        const auto isExpanded = [&](const ITreeTableRow& row) {
+            return (!isNew || HasKey(row, keyOfRoot)) && Contains(expanded, row);
+        };
         WalkPostOrder(*root, [&](ITreeTableRow& row) {
             const bool alwaysOpen = !row.IsCollapsible() && row.GetChildCount() > 0;
-            row.SetExpanded(alwaysOpen || Contains(expanded, row));
+            row.SetExpanded(alwaysOpen || isExpanded(row));
         });
     }
     tree.ClearSelection();

@@ -1,7 +1,9 @@
 #include "host/VariantMarking.h"
 
 #include <algorithm>
+#include <array>
 #include <boost/property_tree/ptree.hpp>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -25,16 +27,37 @@ const std::wstring c_additionalNum = L"additionalNumber";
 const std::wstring c_codeDelim = L"codeDelimiter";
 const std::wstring c_code = L"documentNumber";
 
-SharedText ReadText(const PropValue::Tree& tree, const std::wstring& name) {
-    const auto found = tree.find(name);
-    return found == tree.not_found() ? SharedText() : SharedText(found->second.data());
+// How a part is taken out of a tree, by its name there.
+struct PartReader {
+    const std::wstring& name;
+    void (*read)(VariantMarking&, const std::wstring&);
+};
+
+wchar_t FirstCharacter(const std::wstring& text) {
+    return text.empty() ? L'\0' : text.front();
 }
 
-wchar_t ReadDelim(const PropValue::Tree& tree, const std::wstring& name) {
-    const auto found = tree.find(name);
-    return found == tree.not_found() || found->second.data().empty() ? L'\0'
-                                                                     : found->second.data().front();
+template <void (VariantMarking::*set)(SharedText)>
+void ReadText(VariantMarking& marking, const std::wstring& text) {
+    (marking.*set)(text);
 }
+
+template <void (VariantMarking::*set)(wchar_t)>
+void ReadDelim(VariantMarking& marking, const std::wstring& text) {
+    (marking.*set)(FirstCharacter(text));
+}
+
+// clang-format off
+const PartReader c_readers[] = {
+    {c_base,            ReadText<&VariantMarking::SetBase>},
+    {c_embodimentDelim, ReadDelim<&VariantMarking::SetEmbodimentNumDelim>},
+    {c_embodimentNum,   ReadText<&VariantMarking::SetEmbodimentNum>},
+    {c_additionalDelim, ReadDelim<&VariantMarking::SetAdditionalNumDelim>},
+    {c_additionalNum,   ReadText<&VariantMarking::SetAdditionalNum>},
+    {c_codeDelim,       ReadDelim<&VariantMarking::SetCodeDelim>},
+    {c_code,            ReadText<&VariantMarking::SetCode>},
+};
+// clang-format on
 
 void WriteText(PropValue::Tree& tree, const std::wstring& name, const std::wstring& text) {
     if (!text.empty())
@@ -118,10 +141,6 @@ SharedText Shared(std::wstring_view text) {
     return std::wstring(text);
 }
 
-wchar_t FirstCharacter(const std::wstring& text) {
-    return text.empty() ? L'\0' : text.front();
-}
-
 } // namespace
 
 bool VariantMarking::IsEmpty() const noexcept {
@@ -130,13 +149,18 @@ bool VariantMarking::IsEmpty() const noexcept {
 }
 
 void VariantMarking::FromPropertyTree(const PropValue::Tree& tree) {
-    m_base = ReadText(tree, c_base);
-    m_embodimentDelim = ReadDelim(tree, c_embodimentDelim);
-    m_embodimentNum = ReadText(tree, c_embodimentNum);
-    m_additionalDelim = ReadDelim(tree, c_additionalDelim);
-    m_additionalNum = ReadText(tree, c_additionalNum);
-    m_codeDelim = ReadDelim(tree, c_codeDelim);
-    m_code = ReadText(tree, c_code);
+    *this = {};
+    // Most trees have one or two parts. Of several of one name the first counts.
+    std::array<bool, std::size(c_readers)> isRead{};
+    for (const auto& [name, part] : tree) {
+        for (std::size_t i = 0; i < isRead.size(); ++i) {
+            if (isRead[i] || c_readers[i].name != name)
+                continue;
+            isRead[i] = true;
+            c_readers[i].read(*this, part.data());
+            break;
+        }
+    }
 }
 
 PropValue VariantMarking::GetPropValue() const {
