@@ -3,7 +3,6 @@
 #include "columns/PropertyKeys.h"
 #include "host/FormatLabelUtils.h"
 #include "host/data/IfProductTreeData.h"
-#include "items/ProductTreeItemData.h"
 #include "resources/ProductTreeResources.h"
 
 #include <algorithm>
@@ -60,11 +59,6 @@ const std::wstring& GetCountColumnOf(const UniqueMetaObjectKey& embodiment) {
 constexpr std::size_t c_fixedCells = 2;
 
 } // namespace
-
-ProductTreeItemImpl* FindItemOfRow(const ITreeTableRow& row) {
-    const ProductTreeItemData* data = row.GetData();
-    return data ? data->GetImpl().get() : nullptr;
-}
 
 ProductTreeItemImpl::ProductTreeItemImpl(TreeRowPtr row, IfProductTreeData* data)
     : m_row(std::move(row)), m_data(data) {

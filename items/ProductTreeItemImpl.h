@@ -8,6 +8,7 @@
 #include "columns/ColumnInfo.h"
 #include "host/VariantMarking.h"
 #include "host/view/ITreeTableRow.h"
+#include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemId.h"
 
 #include <list>
@@ -25,7 +26,10 @@ namespace productTree {
 class ProductTreeItemImpl;
 
 /// The item of a row; null for a row without one.
-ProductTreeItemImpl* FindItemOfRow(const ITreeTableRow& row);
+inline ProductTreeItemImpl* FindItemOfRow(const ITreeTableRow& row) {
+    const ProductTreeItemData* const data = row.GetData();
+    return data ? data->GetImpl().get() : nullptr;
+}
 
 class ProductTreeItemImpl {
 public:

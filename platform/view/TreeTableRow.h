@@ -187,7 +187,10 @@ private:
     /// As FindCell, for the library, which asks for the same texts over and over.
     TreeCell* CellOf(const SharedText& columnId);
     const TreeCell* CellOf(const SharedText& columnId) const;
-    bool IsSlotOf(std::size_t slot, const SharedText& columnId) const;
+    bool IsSlotOf(std::size_t slot, const SharedText& columnId) const {
+        return slot < m_cells.size() && m_cells[slot].m_column != 0 &&
+               GetColumnOf(m_cells[slot]).IsSame(columnId);
+    }
     const TreeCell* SearchCell(const SharedText& columnId) const;
     /// The first cell without column, or a new one; it has the column then.
     TreeCell& TakeCell(const SharedText& columnId);

@@ -52,11 +52,6 @@ const TreeCell* TreeTableRow::CellOf(const SharedText& columnId) const {
     return SearchCell(columnId);
 }
 
-bool TreeTableRow::IsSlotOf(std::size_t slot, const SharedText& columnId) const {
-    return slot < m_cells.size() && m_cells[slot].m_column != 0 &&
-           GetColumnOf(m_cells[slot]).IsSame(columnId);
-}
-
 const TreeCell* TreeTableRow::SearchCell(const SharedText& columnId) const {
     const NameId column = m_hub->GetNames().IdOf(columnId);
     const auto found = std::ranges::find_if(
