@@ -5,8 +5,8 @@
 
 namespace productTree {
 
-/// Most cells show their property value as it is, and the row has one line of memory for each.
-/// Those that show something made of it remember it beside.
+/// Most cells show their property value as it is. Those that show something made of it remember it
+/// beside.
 template <class Base>
 class CellWithPropValue : public Base {
 public:

@@ -1,6 +1,6 @@
 #include "desktop/import/ProductSelection.h"
 
-#include "desktop/import/Utf8.h"
+#include "desktop/import/MessageTexts.h"
 
 #include <algorithm>
 #include <unordered_map>

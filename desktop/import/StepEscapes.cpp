@@ -1,7 +1,7 @@
 #include "desktop/import/StepEscapes.h"
 
 #include "desktop/import/CharacterConverter.h"
-#include "desktop/import/Utf8.h"
+#include "platform/values/Utf8.h"
 
 #include <cstdint>
 #include <optional>
@@ -123,7 +123,7 @@ private:
         if (code >= 0xD800 && code <= 0xDBFF)
             high = code;
         else
-            m_decoded += IsUnicode(code) ? static_cast<wchar_t>(code) : replacement;
+            m_decoded += platform::IsCodePoint(code) ? static_cast<wchar_t>(code) : replacement;
     }
 
     /// A first half without its second is no character.

@@ -1,13 +1,13 @@
 #include "desktop/import/StepImport.h"
 
 #include "desktop/import/ImportedDocument.h"
+#include "desktop/import/MessageTexts.h"
 #include "desktop/import/ProductSelection.h"
 #include "desktop/import/StepContents.h"
 #include "desktop/import/StepFile.h"
 #include "desktop/import/StepReader.h"
 #include "desktop/import/StepText.h"
 #include "desktop/import/TextDecoder.h"
-#include "desktop/import/Utf8.h"
 
 #include <new>
 #include <optional>

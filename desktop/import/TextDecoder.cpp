@@ -2,7 +2,7 @@
 
 #include "desktop/import/CharacterConverter.h"
 #include "desktop/import/StepEscapes.h"
-#include "desktop/import/Utf8.h"
+#include "platform/values/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -99,7 +99,7 @@ std::wstring TextDecoder::Decode(std::string_view text) const {
 }
 
 std::wstring TextDecoder::ToWide(std::string_view text) const {
-    if (std::optional<std::wstring> unicode = FromUtf8(text))
+    if (std::optional<std::wstring> unicode = platform::FromUtf8(text))
         return *std::move(unicode);
     std::wstring wide;
     wide.reserve(text.size());

@@ -3,7 +3,7 @@
 #include "desktop/store/MarkingParts.h"
 #include "desktop/store/PropertyValues.h"
 #include "desktop/store/SectionNames.h"
-#include "desktop/store/Texts.h"
+#include "platform/values/Utf8.h"
 
 #include <algorithm>
 
@@ -31,16 +31,16 @@ JsonData Encode(double value) {
     return EncodeNumber(value).data;
 }
 JsonData Encode(wchar_t value) {
-    return ToUtf8(value == 0 ? std::wstring() : std::wstring(1, value));
+    return platform::ToUtf8(value == 0 ? std::wstring() : std::wstring(1, value));
 }
 JsonData Encode(const std::string& value) {
     return value;
 }
 JsonData Encode(const std::wstring& value) {
-    return ToUtf8(value);
+    return platform::ToUtf8(value);
 }
 JsonData Encode(const SharedText& value) {
-    return ToUtf8(value.Str());
+    return platform::ToUtf8(value.Str());
 }
 JsonData Encode(const UniqueMetaObjectKey& value) {
     return value.String();

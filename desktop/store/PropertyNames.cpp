@@ -9,7 +9,7 @@ namespace desktop::store {
 PropertyNames::PropertyNames(const std::vector<platform::PropertyRecord>& definitions) {
     for (const platform::PropertyRecord& record : definitions) {
         m_types.emplace(record.number, static_cast<ValueType>(record.type));
-        std::string name = ToUtf8(record.caption);
+        std::string name = platform::ToUtf8(record.caption);
         if (name.empty() || NumberOfPath(name) != 0)
             continue;
         const auto [entry, isNew] = m_numbers.emplace(std::move(name), record.number);
@@ -24,7 +24,7 @@ PropertyNames::PropertyNames(const std::vector<platform::PropertyRecord>& defini
 }
 
 std::string PropertyNames::PathOf(unsigned long number) {
-    return ToUtf8(ProductProperties::GetPath(number));
+    return platform::ToUtf8(ProductProperties::GetPath(number));
 }
 
 unsigned long PropertyNames::NumberOfPath(const std::string& path) {

@@ -144,7 +144,7 @@ JsonValue Bare(const SimplePropVal& value, bool isTyped) {
     case SimplePropVal::TypeNone:
         return {};
     case SimplePropVal::TypeText:
-        return {{}, ToUtf8(value.to_wstring().Str())};
+        return {{}, platform::ToUtf8(value.to_wstring().Str())};
     case SimplePropVal::TypeBool:
         return {{}, value.to_bool()};
     case SimplePropVal::TypeInt:

@@ -1,5 +1,7 @@
-// Between the UTF-8 of the product file and the wide texts of the product.
+// The UTF-8 of the product file as the wide texts of the product.
 #pragma once
+
+#include "platform/values/Utf8.h"
 
 #include <string>
 #include <string_view>
@@ -7,8 +9,8 @@
 namespace desktop::store {
 
 /// `utf8` must be valid, as the JSON parser guarantees.
-std::wstring ToWide(std::string_view utf8);
-/// What is no Unicode character becomes U+FFFD.
-std::string ToUtf8(std::wstring_view wide);
+inline std::wstring ToWide(std::string_view utf8) {
+    return platform::FromUtf8(utf8).value_or(std::wstring());
+}
 
 } // namespace desktop::store

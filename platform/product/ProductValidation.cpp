@@ -5,6 +5,7 @@
 #include "platform/product/ModelPath.h"
 #include "platform/product/PropertyLookup.h"
 #include "platform/product/ReferenceValidation.h"
+#include "platform/values/Utf8.h"
 
 #include <algorithm>
 #include <boost/property_tree/ptree.hpp>
@@ -30,10 +31,8 @@ constexpr std::int64_t c_minMoment = -62135596800;
 constexpr std::int64_t c_maxMoment = 253402300799;
 
 bool IsUnicode(std::wstring_view text) {
-    return std::ranges::all_of(text, [](wchar_t c) {
-        const auto code = static_cast<char32_t>(c);
-        return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
-    });
+    return std::ranges::all_of(text,
+                               [](wchar_t c) { return IsCodePoint(static_cast<char32_t>(c)); });
 }
 
 using Tree = boost::property_tree::wptree;

@@ -1,8 +1,8 @@
 #include "platform/product/ReferenceValidation.h"
 
 #include "platform/product/ModelPath.h"
+#include "platform/values/Utf8.h"
 
-#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -13,39 +13,6 @@ namespace platform {
 namespace {
 
 using Keys = std::vector<UniqueMetaObjectKey>;
-
-/// Bytes that are left to read behind the first byte of a character; -1 for a byte that can't be
-/// the first.
-int FollowingBytes(unsigned char first) {
-    if (first < 0x80)
-        return 0;
-    if (first >= 0xC2 && first <= 0xDF)
-        return 1;
-    if (first >= 0xE0 && first <= 0xEF)
-        return 2;
-    return first >= 0xF0 && first <= 0xF4 ? 3 : -1;
-}
-
-bool IsUtf8(std::string_view text) {
-    constexpr std::uint32_t smallest[] = {0, 0x80, 0x800, 0x10000};
-    for (std::size_t i = 0; i < text.size();) {
-        const auto first = static_cast<unsigned char>(text[i]);
-        const int count = FollowingBytes(first);
-        if (count < 0 || text.size() - i <= static_cast<std::size_t>(count))
-            return false;
-        std::uint32_t code = count == 0 ? first : first & (0x3FU >> count);
-        for (const char c : text.substr(i + 1, static_cast<std::size_t>(count))) {
-            const auto byte = static_cast<unsigned char>(c);
-            if ((byte & 0xC0U) != 0x80U)
-                return false;
-            code = code << 6U | (byte & 0x3FU);
-        }
-        if (code < smallest[count] || (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF)
-            return false;
-        i += static_cast<std::size_t>(count) + 1;
-    }
-    return true;
-}
 
 class ReferenceValidator final {
 public:
@@ -75,7 +42,7 @@ private:
             return Fail(path, "a key is needed");
         if (key.String().find('|') != std::string::npos)
             return Fail(path, "a key must not hold '|'");
-        if (!IsUtf8(key.String()))
+        if (!FromUtf8(key.String()))
             return Fail(path, "the key is not UTF-8");
         if (!known.insert(key).second)
             Fail(path, "the key '" + key.String() + "' is taken already");
@@ -112,7 +79,7 @@ private:
     void CheckLinks(const ModelPath& path, const PartRecord& part) {
         const ModelPath links(path, "links");
         for (std::size_t i = 0; i < part.links.size(); ++i) {
-            if (!IsUtf8(part.links[i].target.String()))
+            if (!FromUtf8(part.links[i].target.String()))
                 Fail({links, i}, "the key is not UTF-8");
         }
     }

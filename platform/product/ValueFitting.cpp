@@ -1,5 +1,7 @@
 #include "platform/product/ValueFitting.h"
 
+#include "platform/values/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <boost/property_tree/ptree.hpp>
@@ -13,8 +15,7 @@ namespace {
 enum ValueType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
 
 bool IsGoodCharacter(wchar_t c) {
-    const auto code = static_cast<char32_t>(c);
-    return code != 0 && (code < 0xD800 || code > 0xDFFF) && code <= 0x10FFFF;
+    return c != 0 && IsCodePoint(static_cast<char32_t>(c));
 }
 
 bool IsGoodText(const std::wstring& text) {

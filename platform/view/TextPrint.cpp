@@ -1,7 +1,7 @@
 #include "platform/view/TextPrint.h"
 
+#include "platform/values/Utf8.h"
 #include "platform/view/TreeTableView.h"
-#include "platform/view/Utf8.h"
 
 #include <algorithm>
 #include <array>

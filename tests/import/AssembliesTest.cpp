@@ -1,7 +1,7 @@
 #include "desktop/Document.h"
-#include "desktop/import/Utf8.h"
 #include "host/ProductProperties.h"
 #include "platform/product/MemoryProduct.h"
+#include "platform/values/Utf8.h"
 #include "tests/import/StepFileText.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ using desktop::step::MeasuredParts;
 using desktop::step::Measures;
 using desktop::step::StepDocument;
 using desktop::step::StepOptions;
-using desktop::step::ToUtf8;
+using platform::ToUtf8;
 
 /// Real assemblies stand outside the repository; without them their tests are skipped.
 class Assemblies : public testing::Test {

@@ -1,6 +1,6 @@
 #include "tests/import/StepFileText.h"
 
-#include "desktop/import/Utf8.h"
+#include "platform/values/Utf8.h"
 
 #include <atomic>
 #include <fstream>
@@ -16,9 +16,9 @@ std::string Ref(int number) {
 }
 
 std::string Shown(const platform::ObjectRecord& object) {
-    std::string text = desktop::step::ToUtf8(object.name.Str());
+    std::string text = platform::ToUtf8(object.name.Str());
     if (!object.marking.IsEmpty())
-        text += " [" + desktop::step::ToUtf8(object.marking.GetBase().Str()) + "]";
+        text += " [" + platform::ToUtf8(object.marking.GetBase().Str()) + "]";
     return text;
 }
 

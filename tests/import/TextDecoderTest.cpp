@@ -1,13 +1,13 @@
 #include "desktop/import/TextDecoder.h"
 
-#include "desktop/import/Utf8.h"
+#include "platform/values/Utf8.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 using desktop::step::TextDecoder;
-using desktop::step::ToUtf8;
+using platform::ToUtf8;
 
 struct TextCase {
     const char* what;

@@ -5,7 +5,7 @@
 #include "host/SPCSection.h"
 #include "items/ProductTreeItemImpl.h"
 #include "platform/services/UserDecisions.h"
-#include "platform/view/Utf8.h"
+#include "platform/values/Utf8.h"
 #include "tests/library/PanelTest.h"
 
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 
 #include "control/IfProductTreeCtrl.h"
 #include "items/ProductTreeItemData.h"
-#include "platform/view/Utf8.h"
+#include "platform/values/Utf8.h"
 #include "tests/platform/ViewBuilder.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 // A front end of a test: it writes down what it is told.
 #pragma once
 
+#include "platform/values/Utf8.h"
 #include "platform/view/TreeTableView.h"
-#include "platform/view/Utf8.h"
 
 #include <algorithm>
 #include <string>

@@ -1,6 +1,6 @@
 #include "columns/ColumnInfo.h"
+#include "platform/values/Utf8.h"
 #include "platform/view/TextPrint.h"
-#include "platform/view/Utf8.h"
 #include "tests/platform/ViewBuilder.h"
 #include "tests/platform/ViewControl.h"
 
