@@ -28,6 +28,8 @@ constexpr int c_smallestEditor = 150;
 constexpr int c_smallestNumberEditor = 80;
 constexpr int c_iconSize = 16;
 constexpr int c_iconRoom = 4;
+/// In a narrower cell the value has all the room, and the icon none.
+constexpr int c_narrowestWithIcon = c_iconSize + 2 * c_iconRoom + 20;
 constexpr float c_columnLine = 0.09F;
 /// How much of the colour of selected letters is left where they are read-only.
 constexpr float c_dimmed = 0.65F;
@@ -37,6 +39,10 @@ constexpr double c_plateRound = 3;
 constexpr QChar c_differs(0x2260);
 /// How much of a box is seen that has no value.
 constexpr double c_absent = 0.3;
+
+bool HasRoomForIcon(const QStyleOptionViewItem& option) {
+    return option.rect.width() >= c_narrowestWithIcon;
+}
 
 QStyle& StyleOf(const QStyleOptionViewItem& option) {
     return option.widget ? *option.widget->style() : *QApplication::style();
@@ -140,7 +146,8 @@ QRect RowDelegate::IconRoom(const QStyleOptionViewItem& option) {
 }
 
 QRect RowDelegate::IconOf(const QStyleOptionViewItem& option, const CellLook& look) const {
-    return m_sourceIcons.Find(look.sourceIcon) ? IconRoom(option) : QRect();
+    const bool hasIcon = m_sourceIcons.Find(look.sourceIcon) && HasRoomForIcon(option);
+    return hasIcon ? IconRoom(option) : QRect();
 }
 
 QRect RowDelegate::ContentOf(const QStyleOptionViewItem& option, const QModelIndex& index,
@@ -149,8 +156,8 @@ QRect RowDelegate::ContentOf(const QStyleOptionViewItem& option, const QModelInd
     if (index.column() > 0)
         content.adjust(c_cellRoom, 0, -c_cellRoom, 0);
     // Numbers stand below each other, whether their cell has an icon or not.
-    const bool keepsRoom =
-        TreeItemModel::HeadOf(index).IsNumeric() && TreeItemModel::HasSources(index);
+    const bool keepsRoom = TreeItemModel::HeadOf(index).IsNumeric() &&
+                           TreeItemModel::HasSources(index) && HasRoomForIcon(option);
     if (keepsRoom || IconOf(option, look).isValid())
         content.setRight(IconRoom(option).left() - 1);
     return content;
@@ -193,10 +200,10 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     cell.rect = ContentOf(option, index, look);
     QStyledItemDelegate::paint(painter, cell, index);
     PaintBox(*painter, cell, index, look);
-    if (const QIcon* icon = m_sourceIcons.Find(look.sourceIcon)) {
+    if (const QRect icon = IconOf(option, look); icon.isValid()) {
         if (option.state.testFlag(QStyle::State_Selected))
-            PaintPlate(*painter, option, IconOf(option, look));
-        icon->paint(painter, IconOf(option, look));
+            PaintPlate(*painter, option, icon);
+        m_sourceIcons.Find(look.sourceIcon)->paint(painter, icon);
     }
     QColor line = option.palette.color(QPalette::WindowText);
     line.setAlphaF(c_columnLine);

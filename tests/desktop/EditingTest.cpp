@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QLocale>
 #include <QStatusBar>
@@ -317,6 +318,17 @@ TEST_F(EditingTest, TheSourceIconUntiesAValueAndTiesItAgain) {
     Shoot("not-by-source");
     ClickFromRight(At({0, 0}, m_teeth), 12);
     EXPECT_EQ(icon(), L"PRODUCTTREE_VALUE_BY_SOURCE");
+}
+
+TEST_F(EditingTest, ANarrowColumnHasRoomForItsValueAlone) {
+    constexpr int narrow = 36;
+    Tree().header()->resizeSection(m_teeth, narrow);
+    Shoot("narrow-column");
+    ClickFromRight(At({0, 0}, m_teeth), 12);
+    EXPECT_FALSE(m_window->isWindowModified()) << "where the icon was there is the value";
+    Tree().header()->resizeSection(m_teeth, 2 * narrow);
+    ClickFromRight(At({0, 0}, m_teeth), 12);
+    EXPECT_TRUE(m_window->isWindowModified());
 }
 
 TEST_F(EditingTest, AHeadGivesItsValueToAllSelectedRows) {
