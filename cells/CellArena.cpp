@@ -20,7 +20,7 @@ constexpr std::size_t RoundUp(std::size_t size) {
 }
 
 std::size_t GetListSize(std::size_t cellCount) {
-    return RoundUp(cellCount * sizeof(ProductTreeCellImpl*));
+    return RoundUp(cellCount * sizeof(void*));
 }
 
 /// What stands behind an arena.

@@ -57,12 +57,14 @@ void ProductTreeCtrl::RebuildRows() {
     m_rowStates.Store(*m_tree, m_rootKey, m_embodimentMode);
     m_rootKey = UniqueMetaObjectKey::null;
     m_tree->ClearSelection();
-    const std::vector<ProductTreeRowInfo> nodes = m_sorter->Sort();
+    std::vector<ProductTreeRowInfo> nodes = m_sorter->Sort();
     const UniqueMetaObjectKey rootKey = m_data->GetRootKey();
 
     ITreeTableRow& root = MakeRootRow(rootKey);
     std::vector<UniqueMetaObjectKey> keys;
     UpdateChildRows(nodes, root, keys);
+    // Cells can have their memory.
+    nodes = {};
     FindItemOfRow(root)->RebuildCells(
         GetCurrentColumns().GetShownColumns(m_data->IsEmbodimentMode()));
     m_data->ExpectReads(keys);

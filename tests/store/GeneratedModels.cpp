@@ -239,7 +239,7 @@ StyleRecord Style() {
 
 ProductModel GenerateModel() {
     ProductModel model;
-    const auto objectCount = static_cast<std::size_t>(1 + Number(5));
+    const auto objectCount = 1 + static_cast<std::size_t>(Number(5));
     const auto embodimentCount = static_cast<std::size_t>(Number(4));
     model.styleId = 1 + Number(3);
     model.isReadOnly = Flag();
