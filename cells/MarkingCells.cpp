@@ -75,12 +75,11 @@ void MarkingCellImpl::Update() {
 
 TreeActionResult MarkingCellImpl::OnValueEdited() {
     const PropValue value = GetItem().GetMarkingFromRow().GetPropValue();
-    return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise,
-                      [this] {
-                          VariantMarking marking;
-                          marking.FromPropertyTree(m_propValue.GetPropertyTree());
-                          GetItem().SetMarkingToRow(marking);
-                      });
+    return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::Synchronise, [this] {
+        VariantMarking marking;
+        marking.FromPropertyTree(m_propValue.GetPropertyTree());
+        GetItem().SetMarkingToRow(marking);
+    });
 }
 
 bool MarkingCellImpl::ExecCommand(int command, TreeActionResult& out) {
@@ -131,8 +130,8 @@ void MarkingGroupCellImpl::Update() {
     const std::set<int> lockedParts = GetItem().GetLockedMarkingParts();
     const bool isCodeLocked = ProductTreeItemImpl::IsMarkingCodeIn(lockedParts);
     const auto editor = m_row->GetMarkingEditor();
-    const bool isShown = m_isShown && isCodeLocked == m_isCodeLocked &&
-                         marking == GetItem().GetMarkingFromRow();
+    const bool isShown =
+        m_isShown && isCodeLocked == m_isCodeLocked && marking == GetItem().GetMarkingFromRow();
     if (!isShown) {
         m_value = SimplePropVal(GetItem().SetMarkingToRow(marking));
         m_marking = marking;

@@ -42,8 +42,8 @@ public:
         // What is asked about a property of a part is asked in one go, and the next property is
         // mostly the one that was next last time.
         if (!m_last->path.IsSame(path))
-            m_last = m_last->next && m_last->next->path.IsSame(path) ? m_last->next
-                                                                     : &FindNext(path);
+            m_last =
+                m_last->next && m_last->next->path.IsSame(path) ? m_last->next : &FindNext(path);
         return m_last->traits;
     }
     PropertyTraits Get(unsigned long number) const;
