@@ -15,19 +15,6 @@ constexpr std::size_t c_spare = 32;
 // each cell once, and they are most of what it reads.
 static_assert(sizeof(void*) != 8 || sizeof(ProductTreeCellImpl) <= 64);
 
-constexpr std::size_t RoundUp(std::size_t size) {
-    return (size + CellArena::c_alignment - 1) / CellArena::c_alignment * CellArena::c_alignment;
-}
-
-std::size_t GetListSize(std::size_t cellCount) {
-    return RoundUp(cellCount * sizeof(void*));
-}
-
-/// What stands behind an arena.
-std::size_t MeasureRoom(std::size_t cellCount) {
-    return GetListSize(cellCount) + cellCount * RoundUp(sizeof(ProductTreeCellImpl)) + c_spare;
-}
-
 // Hands out again what was given back, as long as it is asked for in the same size: another size
 // comes with other columns, and what is kept of the old one is of no use any more.
 class KeptPieces {
@@ -106,6 +93,14 @@ struct CellArena::Overflow {
 std::shared_ptr<CellArena> CellArena::Create(std::size_t cellCount) {
     return std::allocate_shared<CellArena>(PieceAllocator<CellArena>(MeasureRoom(cellCount)),
                                            Token(), cellCount);
+}
+
+std::size_t CellArena::GetListSize(std::size_t cellCount) {
+    return RoundUp(cellCount * sizeof(void*));
+}
+
+std::size_t CellArena::MeasureRoom(std::size_t cellCount) {
+    return GetListSize(cellCount) + cellCount * RoundUp(sizeof(ProductTreeCellImpl)) + c_spare;
 }
 
 CellArena::CellArena(Token, std::size_t cellCount)

@@ -67,8 +67,14 @@ private:
     ProductTreeCellImpl** GetList() const {
         return reinterpret_cast<ProductTreeCellImpl**>(const_cast<CellArena*>(this + 1));
     }
+    static constexpr std::size_t RoundUp(std::size_t size) {
+        return (size + c_alignment - 1) / c_alignment * c_alignment;
+    }
+    static std::size_t GetListSize(std::size_t cellCount);
+    /// What stands behind an arena.
+    static std::size_t MeasureRoom(std::size_t cellCount);
     void* Take(std::size_t size) {
-        const std::size_t rounded = (size + c_alignment - 1) / c_alignment * c_alignment;
+        const std::size_t rounded = RoundUp(size);
         if (rounded > static_cast<std::size_t>(m_end - m_free))
             return TakeBeside(rounded);
         return std::exchange(m_free, m_free + rounded);

@@ -13,6 +13,9 @@ public:
 
     // `asked` is whose use counts; billets are used where their owner is.
     void Add(const UniqueMetaObjectKey& key, const UniqueMetaObjectKey& asked) {
+        // The first that is used in the style is taken, whatever comes behind it.
+        if (m_used != UniqueMetaObjectKey::null)
+            return;
         if (meta_data::SP::IsSPUsed(m_aggregator, asked, m_style))
             TakeFirst(m_used, key);
         else if (meta_data::SP::IsSPUsed(m_aggregator, asked, meta_data::SP::AllStyleId()))
