@@ -48,6 +48,7 @@ void PlainSort(benchmark::State& state) {
     const auto product = GetProduct(static_cast<std::size_t>(state.range(0)));
     const std::vector<Record> records = MakeRecords(*product);
     std::vector<const Record*> documentOrder;
+    documentOrder.reserve(records.size());
     for (const Record& record : records)
         documentOrder.push_back(&record);
     Measure(state, [&] {
@@ -80,7 +81,7 @@ void CopyCell(const TreeTableRow& from, const TreeCell& cell, ITreeTableRow& to)
 }
 
 TreeRowPtr CopyRow(const TreeTableRow& from, TreeTableView& view) {
-    const TreeRowPtr row = view.CreateRow();
+    TreeRowPtr row = view.CreateRow();
     row->SetReadOnly(from.IsReadOnly());
     row->SetName(from.GetNameText(), from.GetShownName(), L"name");
     row->SetNameEditable(from.IsNameEditable());

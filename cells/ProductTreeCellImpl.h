@@ -162,11 +162,6 @@ protected:
         return result;
     }
 
-private:
-    bool AskEditable();
-    bool AskHypertext();
-
-protected:
     SimplePropVal m_value;
     IfProductTreeData* m_data;
     TreeRowPtr m_row;
@@ -176,6 +171,10 @@ protected:
     std::optional<bool> m_hasHypertext;
     std::optional<bool> m_hypertextActive;
     bool m_isShownAsIs = false;
+
+private:
+    bool AskEditable();
+    bool AskHypertext();
 };
 
 } // namespace productTree

@@ -84,16 +84,17 @@ void ProductTreeEmbItemsStates::Store(ITreeTableModel& tree, const UniqueMetaObj
 
 void ProductTreeEmbItemsStates::Restore(ITreeTableModel& tree, const UniqueMetaObjectKey& rootKey,
                                         bool embodimentMode) {
-    const auto [entry, wasMade] = GetExpanded(embodimentMode).try_emplace(rootKey);
+    const auto made = GetExpanded(embodimentMode).try_emplace(rootKey);
+    Ids& remembered = made.first->second;
+    const bool isNew = made.second;
     ITreeTableRow* root = tree.GetRootRow(0);
     if (root) {
-        const bool isNew = wasMade;
         UniqueMetaObjectKey keyOfRoot;
         if (const ProductTreeItemImpl* const item = isNew ? FindItemOfRow(*root) : nullptr) {
-            entry->second.push_back(item->GetId());
+            remembered.push_back(item->GetId());
             keyOfRoot = item->GetDocumentKey();
         }
-        const RowIdIndex expanded(entry->second);
+        const RowIdIndex expanded(remembered);
         // Only the root is expanded in a tree that was never seen, and it is known by its key: the
         // other rows need not say who they are.
         const auto isExpanded = [&](const ITreeTableRow& row) {

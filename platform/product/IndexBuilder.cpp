@@ -125,7 +125,6 @@ PartEntry& IndexBuilder::AddPart(const PartRecord& record, const ObjectEntry& ob
     } else {
         m_placesNow[before] = static_cast<std::uint32_t>(m_tables.parts.size() - 1);
         part = std::move(m_previous.parts[before]);
-        part.walkPlace = IndexTables::none;
     }
     if (!part.recordKey.IsSame(record.key))
         part.recordKey = record.key;

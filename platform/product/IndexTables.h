@@ -79,7 +79,7 @@ struct alignas(64) PartEntry {
     const ProductPart* part = nullptr;
     std::int32_t kind = 0;
     std::int32_t iconType = 0;
-    /// For ReadAhead alone.
+    /// For ReadAhead alone, which does not take it for true.
     mutable std::uint32_t walkPlace = static_cast<std::uint32_t>(-1);
     /// Its properties have the values of its object, and can be changed where their columns can.
     bool isPlain : 1 = false;
