@@ -40,10 +40,12 @@ public:
     void FromPropertyTree(const PropValue::Tree& tree);
     PropValue GetPropValue() const;
     /// Takes the parts from a whole designation's text. What does not look like a number or a code
-    /// belongs to the base.
+    /// belongs to the base. From a text that Make has made `spaced` comes the very code that it was
+    /// made of, whatever that is, also none.
     void Parse(const SharedText& text);
-    /// The text of the parts that `type` names. `spaced` puts a blank before the document code;
-    /// `emptyParts` writes the delimiters of empty parts too.
+    /// The text of the parts that `type` names. `spaced` puts a blank and a mark before the place
+    /// of the document code, by which Parse finds it again; such a text is for the dialog of
+    /// document codes. `emptyParts` writes the delimiters of empty parts too.
     SharedText Make(VariantMarkingData::MakeType type, bool spaced, bool emptyParts) const;
 
     friend bool operator==(const VariantMarking&, const VariantMarking&) = default;

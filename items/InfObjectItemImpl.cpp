@@ -105,8 +105,12 @@ void InfObjectItemImpl::ClearPosition(ProductInfObjChangesResult& changes) {
 // to see what he changes.
 bool InfObjectItemImpl::EditDocCode() {
     VariantMarking marking = GetMarkingFromRow();
-    SharedText text = marking.Make(VariantMarkingData::MakeAll, true, false);
+    const SharedText made = marking.Make(VariantMarkingData::MakeAll, true, false);
+    SharedText text = made;
     TeDocCodeMaker::SetDocCode(text, true, false, nullptr);
+    // A cancelled dialog changes nothing, however the host takes its text apart.
+    if (text == made)
+        return false;
     VariantMarking edited;
     edited.Parse(text);
     marking.SetCode(edited.GetCode());

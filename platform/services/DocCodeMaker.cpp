@@ -17,13 +17,6 @@ platform::TextRequest MakeRequest(const VariantMarking& marking, const SharedTex
             format_label_utils::FormatText(pattern, {designation}).value_or(SharedText()), code};
 }
 
-/// The code is one only when it comes back from the text that it becomes part of.
-bool IsReadBack(const SharedText& text, const SharedText& code) {
-    VariantMarking marking;
-    marking.Parse(text);
-    return marking.GetCode() == code;
-}
-
 } // namespace
 
 void TeDocCodeMaker::SetDocCode(SharedText& text, bool withDelimiter, bool onlyCode,
@@ -47,7 +40,5 @@ void TeDocCodeMaker::SetDocCode(SharedText& text, bool withDelimiter, bool onlyC
     marking.SetCode(*code);
     if (!withDelimiter)
         marking.SetCodeDelim(0);
-    const SharedText made = marking.Make(VariantMarkingData::MakeAll, true, false);
-    if (IsReadBack(made, *code))
-        text = made;
+    text = marking.Make(VariantMarkingData::MakeAll, true, false);
 }

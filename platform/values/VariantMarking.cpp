@@ -81,6 +81,8 @@ constexpr std::wstring_view c_numberDelims = L"-";
 constexpr std::wstring_view c_additionalDelims = L".";
 constexpr std::wstring_view c_codeDelims = L"-./_";
 constexpr std::size_t c_maxCodeSize = 8;
+// Stands before the code in a text made for Parse to find it. Nobody types an invisible separator.
+constexpr std::wstring_view c_codeMark = L" \u2063";
 
 bool IsDigit(wchar_t c) {
     return c >= L'0' && c <= L'9';
@@ -119,9 +121,28 @@ std::optional<Tail> TakeNumber(std::wstring_view& text, std::wstring_view delims
     return tail;
 }
 
+/// Takes what stands behind the mark of a code off the end, whatever it is.
+std::optional<Tail> TakeMarkedCode(std::wstring_view& text) {
+    const std::size_t mark = text.rfind(c_codeMark);
+    if (mark == std::wstring_view::npos)
+        return std::nullopt;
+    Tail tail{0, text.substr(mark + c_codeMark.size())};
+    text = text.substr(0, mark);
+    const bool hasDelim =
+        !tail.text.empty() && !text.empty() &&
+        (c_codeDelims.find(text.back()) != std::wstring_view::npos || text.back() == L' ');
+    if (hasDelim) {
+        tail.delim = text.back();
+        text.remove_suffix(1);
+    }
+    return tail;
+}
+
 /// Takes a document code off the end. It stands behind a blank, or behind two, or behind a blank
 /// and a delimiter.
 std::optional<Tail> TakeCode(std::wstring_view& text) {
+    if (std::optional<Tail> marked = TakeMarkedCode(text))
+        return marked;
     const std::size_t blank = text.rfind(L' ');
     if (blank == std::wstring_view::npos || blank + 1 == text.size())
         return std::nullopt;
@@ -201,8 +222,8 @@ void VariantMarking::Parse(const SharedText& text) {
 
 SharedText VariantMarking::Make(VariantMarkingData::MakeType type, bool spaced,
                                 bool emptyParts) const {
-    const bool onlyBase =
-        m_embodimentNum.IsEmpty() && m_additionalNum.IsEmpty() && m_code.IsEmpty() && !emptyParts;
+    const bool onlyBase = m_embodimentNum.IsEmpty() && m_additionalNum.IsEmpty() &&
+                          m_code.IsEmpty() && !spaced && !emptyParts;
     if (onlyBase && (type & c_makeBase) != 0)
         return m_base;
 
@@ -213,11 +234,16 @@ SharedText VariantMarking::Make(VariantMarkingData::MakeType type, bool spaced,
         AppendPart(made, m_embodimentDelim, m_embodimentNum, emptyParts);
     if ((type & c_makeAdditional) != 0)
         AppendPart(made, m_additionalDelim, m_additionalNum, emptyParts);
-    if ((type & c_makeCode) != 0) {
-        if (spaced && !m_code.IsEmpty() && !made.empty())
-            made.push_back(L' ');
+    if ((type & c_makeCode) == 0)
+        return made;
+    if (!spaced) {
         AppendPart(made, m_codeDelim, m_code, emptyParts);
+        return made;
     }
+    if (m_codeDelim != 0 && (!m_code.IsEmpty() || emptyParts))
+        made.push_back(m_codeDelim);
+    made += c_codeMark;
+    made += m_code.Str();
     return made;
 }
 

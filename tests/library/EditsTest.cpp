@@ -74,6 +74,40 @@ std::string Shown(const Panel& panel) {
     return {text.begin(), text.end()};
 }
 
+TEST(Edits, TheDialogOfTheDocumentCodeKeepsWhatItIsNotTold) {
+    VariantMarking words;
+    words.SetBase(L"HOUSING LEFT");
+    VariantMarking small;
+    small.SetBase(L"AB.101");
+    small.SetCodeDelim(L' ');
+    small.SetCode(L"sb");
+    const struct {
+        VariantMarking marking;
+        std::optional<SharedText> entered;
+        const wchar_t* begin;
+        const wchar_t* code;
+    } cases[] = {{words, std::nullopt, L"", L""},          {words, SharedText(), L"", L""},
+                 {words, SharedText(L"AD"), L"", L"AD"},   {small, std::nullopt, L"sb", L"sb"},
+                 {small, SharedText(L"sb"), L"sb", L"sb"}, {small, SharedText(), L"sb", L""},
+                 {small, SharedText(L"lp"), L"sb", L"lp"}};
+    for (const auto& sample : cases) {
+        const Panel panel(Product().Object("a").Marking(sample.marking).Uses());
+        platform::ScriptedDecisions decisions;
+        const platform::UserDecisionsSlot slot(decisions);
+        decisions.EnterNext(sample.entered);
+        panel.View().EditDocCodeByUser(panel.View().GetRoot()->GetChildRow(0).GetChildRow(0));
+        EXPECT_EQ(decisions.GetTextRequests().at(0).present.Str(), sample.begin);
+        VariantMarking expected = sample.marking;
+        expected.SetCode(sample.code);
+        const PropValue stored =
+            panel.data->GetValue({Key("a"), {}, SharedText(L"marking"), std::nullopt});
+        VariantMarking marking;
+        marking.FromPropertyTree(stored.GetPropertyTree());
+        EXPECT_EQ(marking, expected);
+        EXPECT_EQ(panel.data->CanUndo(), !(expected == sample.marking));
+    }
+}
+
 struct EditCase {
     const char* what;
     PropertyRecord property;

@@ -23,7 +23,6 @@ VariantMarking MakeFull() {
 TEST(Marking, TextHoldsThePartsThatAreAskedFor) {
     const VariantMarking full = MakeFull();
     EXPECT_EQ(full.Make(c_all, false, false).Str(), L"AB.101-02.7/DRW");
-    EXPECT_EQ(full.Make(c_all, true, false).Str(), L"AB.101-02.7 /DRW");
     EXPECT_EQ(full.Make(c_withoutCode, false, false).Str(), L"AB.101-02.7");
     EXPECT_EQ(full.Make(c_withoutCode, true, false).Str(), L"AB.101-02.7");
 }
@@ -37,18 +36,27 @@ TEST(Marking, DelimitersOfEmptyPartsAreWrittenOnlyOnDemand) {
     EXPECT_EQ(marking.Make(c_all, false, true).Str(), L"AB.101-7/DRW");
 }
 
-TEST(Marking, CodeAloneHasNoBlankBeforeIt) {
-    VariantMarking marking;
-    marking.SetCode(L"DRW");
-    EXPECT_EQ(marking.Make(c_all, true, false).Str(), L"DRW");
-    EXPECT_TRUE(marking.Make(c_withoutCode, true, false).IsEmpty());
+TEST(Marking, ASpacedTextGivesItsCodeBackWhateverItIs) {
+    for (const wchar_t* base : {L"", L"AB.101", L"HOUSING LEFT", L"AB.101 AD", L"AB.101/"}) {
+        for (const wchar_t* code : {L"", L"DRW", L"sb", L"-", L"a code of words", L"/AD"}) {
+            for (const wchar_t delim : {L'\0', L' ', L'/', L'+'}) {
+                VariantMarking marking;
+                marking.SetBase(base);
+                marking.SetCodeDelim(delim);
+                marking.SetCode(code);
+                VariantMarking read;
+                read.Parse(marking.Make(c_all, true, false));
+                EXPECT_EQ(read.GetCode().Str(), code) << base << static_cast<int>(delim);
+            }
+        }
+    }
 }
 
 TEST(Marking, BaseAloneIsNotCopied) {
     VariantMarking marking;
     marking.SetBase(L"AB.101");
     marking.SetCodeDelim(L'/');
-    EXPECT_TRUE(marking.Make(c_all, true, false).IsSame(marking.GetBase()));
+    EXPECT_TRUE(marking.Make(c_all, false, false).IsSame(marking.GetBase()));
     EXPECT_TRUE(marking.Make(c_withoutCode, false, false).IsSame(marking.GetBase()));
 }
 

@@ -86,10 +86,11 @@ TEST(Services, TheDocumentCodeIsEnteredInPlace) {
         bool isOnlyCode;
         std::optional<SharedText> entered;
         const wchar_t* result;
-    } cases[] = {{L"AB.1-02  AD", false, SharedText(L"OM"), L"AB.1-02  OM"},
-                 {L"AB.1-02", false, SharedText(L"AD"), L"AB.1-02 AD"},
-                 {L"AB.1-02  AD", false, SharedText(L""), L"AB.1-02"},
-                 {L"AB.1-02  AD", false, SharedText(L"no code"), L"AB.1-02  AD"},
+    } cases[] = {{L"AB.1-02  AD", false, SharedText(L"OM"), L"AB.1-02  \u2063OM"},
+                 {L"AB.1-02", false, SharedText(L"AD"), L"AB.1-02 \u2063AD"},
+                 {L"AB.1-02  AD", false, SharedText(L""), L"AB.1-02 \u2063"},
+                 {L"AB.1 \u2063sb", false, SharedText(L"no code"), L"AB.1 \u2063no code"},
+                 {L"AB.1-02  AD", false, SharedText(L"AD"), L"AB.1-02  AD"},
                  {L"AB.1-02  AD", false, std::nullopt, L"AB.1-02  AD"},
                  {L"AD", true, SharedText(L"any text"), L"any text"}};
     for (const auto& sample : cases) {
