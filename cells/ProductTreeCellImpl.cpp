@@ -17,8 +17,6 @@ bool IsBySourceWanted(const SharedText& icon) {
     return icon == sourceIcons::notBySource || icon == sourceIcons::mixed;
 }
 
-constexpr int c_liveLink = 2;
-
 } // namespace
 
 void MergeChanges(ProductInfObjChangesResult& all, const ProductInfObjChangesResult& changes) {
@@ -164,7 +162,7 @@ SharedText ProductTreeCellImpl::GetSourceIcon() {
 }
 
 int ProductTreeCellImpl::GetLinkStyle() {
-    return IsHypertextActive() ? c_liveLink : 0;
+    return IsHypertextActive() ? LinkStyleLive : LinkStyleDead;
 }
 
 PropertyRef ProductTreeCellImpl::MakeRef() const {

@@ -16,8 +16,6 @@ namespace productTree {
 
 namespace {
 
-constexpr int c_liveLink = 2;
-
 SPCSection ReadSection(const PropValue& value) {
     SPCSection section;
     spc_section::FromPropertyTree(section, value.GetPropertyTree());
@@ -25,7 +23,7 @@ SPCSection ReadSection(const PropValue& value) {
 }
 
 void InitSectionEditor(ITreeTableRow& row, const SharedText& columnId) {
-    row.InitLinkEditor(columnId, {}, false, {}, true, {}, c_liveLink);
+    row.InitLinkEditor(columnId, {}, false, {}, true, {}, LinkStyleLive);
 }
 
 SectionChoice AskForSection(IfProductTreeData& data, const PropValue& present, bool nameLinked) {
@@ -116,7 +114,7 @@ TreeActionResult SPCSectionCellImpl::OnHypertextActivated() {
 }
 
 int SPCSectionCellImpl::GetLinkStyle() {
-    return c_liveLink;
+    return LinkStyleLive;
 }
 
 SpcSectionGroupCellImpl::SpcSectionGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
@@ -180,7 +178,7 @@ TreeActionResult SpcSectionGroupCellImpl::OnHypertextActivated() {
 }
 
 int SpcSectionGroupCellImpl::GetLinkStyle() {
-    return c_liveLink;
+    return LinkStyleLive;
 }
 
 PropertyRef PosCellImpl::MakePositionRef() const {

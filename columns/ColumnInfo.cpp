@@ -17,7 +17,7 @@ namespace productTree {
 
 namespace {
 
-enum ColumnType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
+using namespace value_type;
 
 enum WidthClass {
     Numbers = 0,

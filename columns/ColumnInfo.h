@@ -52,7 +52,7 @@ public:
     const SharedText& GetSharedId() const { return m_facts->id; }
     /// The caption, with the shown unit where the property has one.
     const std::wstring& GetHeader() const;
-    /// 0 integer, 1 double, 2 string, 3 boolean; others have no cells.
+    /// A value_type::ValueType; others have no cells.
     unsigned GetType() const { return m_facts->type; }
     double GetWidth() const;
     void SetWidth(double width);

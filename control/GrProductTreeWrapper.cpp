@@ -7,15 +7,6 @@
 
 #include <utility>
 
-namespace {
-
-// The place of the panel's parts in their owner.
-constexpr int c_panel = 6;
-
-constexpr int c_treeType = 14;
-
-} // namespace
-
 GrProductTreeWrapper::GrProductTreeWrapper() {
     m_treeId = std::make_shared<TreeModelId>();
     m_ctrl = std::make_unique<productTree::ProductTreeCtrl>(*this);
@@ -89,8 +80,8 @@ void GrProductTreeWrapper::InitTree() {
         owner->MakeSlideBoxModel(m_ctrl.get());
     if (!data || !view || !slideBox)
         return;
-    owner->RegisterTreeModel(*view, c_panel);
-    owner->RegisterSlideBox(*slideBox, c_panel);
+    owner->RegisterTreeModel(*view, ITreeOwner::c_productTreePanel);
+    owner->RegisterSlideBox(*slideBox, ITreeOwner::c_productTreePanel);
     m_ctrl->Init(std::move(data), *view, *slideBox);
 }
 
@@ -99,7 +90,7 @@ bool GrProductTreeWrapper::IsUpdatedByItems() const {
 }
 
 int GrProductTreeWrapper::GetType() const {
-    return c_treeType;
+    return c_productTreeType;
 }
 
 void GrProductTreeWrapper::SetVisible(bool visible, bool activate) {

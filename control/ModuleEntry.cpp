@@ -9,12 +9,11 @@
 
 namespace {
 
-constexpr int c_factoryKey = 3;
-
 const bool c_registered = [] {
     productTree::GetResourceModule();
-    TreeWrapperRegistrar::Get().insert_or_assign(
-        c_factoryKey, [] { return std::unique_ptr<ITreeWrapper>(new GrProductTreeWrapper); });
+    TreeWrapperRegistrar::Get().insert_or_assign(TreeWrapperRegistrar::c_productTree, [] {
+        return std::unique_ptr<ITreeWrapper>(new GrProductTreeWrapper);
+    });
     return true;
 }();
 

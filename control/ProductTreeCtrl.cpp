@@ -3,6 +3,7 @@
 #include "columns/headers/ProductTreeHeaderImpl.h"
 #include "control/Bracket.h"
 #include "control/GrProductTreeWrapper.h"
+#include "host/DocumentEvents.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemImpl.h"
 #include "resources/ProductTreeResources.h"
@@ -12,20 +13,10 @@
 
 namespace productTree {
 
-namespace {
-
-constexpr EventsRouterID c_router{0, 7};
-
-// The one message of the bus that the panel listens to: the document has changed outside of it.
-constexpr unsigned c_documentChanged = 0x601;
-constexpr unsigned long c_structureChanged = 15;
-
-} // namespace
-
 ProductTreeCtrl::ProductTreeCtrl(GrProductTreeWrapper& wrapper) : m_wrapper(wrapper) {
-    Connect(c_router);
-    SetHandler(c_documentChanged, [this](unsigned long wParam, long lParam) {
-        if (wParam == c_structureChanged && lParam == 0)
+    Connect(document_events::c_router);
+    SetHandler(document_events::c_changed, [this](unsigned long wParam, long lParam) {
+        if (wParam == document_events::c_structure && lParam == 0)
             Synchronize();
         else
             Refresh();

@@ -16,10 +16,6 @@ namespace productTree {
 
 namespace {
 
-// The view's two columns of check boxes beside the name.
-constexpr int c_aggrIntoProductColumn = 200;
-constexpr int c_regWithDescColumn = 201;
-
 constexpr int c_embodimentWidthClass = 5;
 
 std::wstring GetCaption(const IfPropertyDescription& description) {
@@ -203,16 +199,16 @@ std::list<ColumnInfo> ProductTreeCtrl::MakeEmbodimentColumns() const {
 void ProductTreeCtrl::UpdateAttributeColumns() {
     if (!m_columnSetKey.empty())
         m_attributeColumns[m_columnSetKey] = {
-            m_tree->IsAttributeColumnShown(c_aggrIntoProductColumn),
-            m_tree->IsAttributeColumnShown(c_regWithDescColumn)};
+            m_tree->IsAttributeColumnShown(AttributeColumnAggrIntoProduct),
+            m_tree->IsAttributeColumnShown(AttributeColumnRegWithDesc)};
 
     const AttributeColumns offered{m_data->IsAggrIntoProductShown(), m_data->IsRegWithDescShown()};
     const AttributeColumns& shown =
         m_attributeColumns.try_emplace(m_data->GetColumnSetKey(), offered).first->second;
-    m_tree->SetAttributeColumnEnabled(c_aggrIntoProductColumn, offered.aggrIntoProduct);
-    m_tree->SetAttributeColumnShown(c_aggrIntoProductColumn, shown.aggrIntoProduct);
-    m_tree->SetAttributeColumnEnabled(c_regWithDescColumn, offered.regWithDesc);
-    m_tree->SetAttributeColumnShown(c_regWithDescColumn, shown.regWithDesc);
+    m_tree->SetAttributeColumnEnabled(AttributeColumnAggrIntoProduct, offered.aggrIntoProduct);
+    m_tree->SetAttributeColumnShown(AttributeColumnAggrIntoProduct, shown.aggrIntoProduct);
+    m_tree->SetAttributeColumnEnabled(AttributeColumnRegWithDesc, offered.regWithDesc);
+    m_tree->SetAttributeColumnShown(AttributeColumnRegWithDesc, shown.regWithDesc);
 }
 
 } // namespace productTree

@@ -1,4 +1,5 @@
-// The host's events bus and the receiver of menu commands.
+// The host's events bus and the receiver of menu commands. Everything runs at once, on the UI
+// thread.
 #pragma once
 
 #include <compare>
@@ -47,3 +48,9 @@ public:
 private:
     std::unordered_map<unsigned, Handler> m_handlers;
 };
+
+/// Posts a message on a router, which is the host's side of the bus: everybody who listens there
+/// gets it inside the call, in the order in which they have connected. A handler may connect,
+/// disconnect and destroy listeners, itself included, and post again: who has left gets nothing
+/// more, who has come gets the next message.
+void PostEvent(EventsRouterID router, unsigned message, unsigned long wParam, long lParam);

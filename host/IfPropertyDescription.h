@@ -5,6 +5,13 @@
 
 #include <list>
 
+/// The types of values that a property can have.
+namespace value_type {
+
+enum ValueType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
+
+} // namespace value_type
+
 class IfPropertyDescription {
 public:
     virtual ~IfPropertyDescription() = default;
@@ -12,7 +19,7 @@ public:
     /// The property's number, which ProductProperties::GetPath turns into a column id. Above 999: a
     /// property of the user's own.
     virtual unsigned long GetId() const = 0;
-    /// 0 integer, 1 double, 2 string, 3 boolean.
+    /// A value_type::ValueType. A column of any other type has no cells and no head.
     virtual unsigned GetType() const = 0;
     /// May be null, which stands for an empty caption. Lives as long as the description.
     virtual const wchar_t* GetCaption() const = 0;

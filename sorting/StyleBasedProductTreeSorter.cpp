@@ -2,6 +2,7 @@
 
 #include "columns/PropertyKeys.h"
 #include "host/data/IfProductTreeData.h"
+#include "host/data/PartKinds.h"
 #include "sorting/GroupKeyChoice.h"
 #include "sorting/PartPlaces.h"
 
@@ -22,14 +23,9 @@ using Key = UniqueMetaObjectKey;
 // Sorts behind every real first index.
 constexpr std::uint64_t c_noPlace = std::numeric_limits<std::uint64_t>::max();
 
-enum PartKind { Unknown = 0, View = 2, Assembly = 4, Other = 7, Service = 8 };
-
-// The kinds of parts that make rows.
-const std::set<int> c_rowKinds = {4, 5, 6, 7};
-
-bool IsRowKind(int kind) {
-    return kind >= Assembly && kind <= Other;
-}
+// The kinds of parts that are collected.
+const std::set<int> c_collectedKinds = {PartKindAssembly, PartKindDetail, PartKindStandard,
+                                        PartKindOther};
 
 const PartAttributes& GetAttributes(const PartHandler& handler) {
     return handler.IsValid() ? handler.GetProductPart().attributes : PartHandler::c_defaultAttrs;
@@ -78,7 +74,7 @@ void StyleBasedProductTreeSorter::CollectObjects() {
     // A host that threw in the middle of the last sort has left rows in them.
     m_loose.Clear();
     m_children.Clear();
-    m_orderedParts = aggregator.GetPrimaryMetaData().GetOrderedPartsOfKinds(c_rowKinds);
+    m_orderedParts = aggregator.GetPrimaryMetaData().GetOrderedPartsOfKinds(c_collectedKinds);
     m_topKeys = m_data->GetTopKeys();
 
     struct Met {};
@@ -89,7 +85,7 @@ void StyleBasedProductTreeSorter::CollectObjects() {
     };
     for (const Key& topKey : m_topKeys)
         std::ranges::for_each(metaData.GetDirectParts(topKey), add);
-    for (const Key& key : metaData.GetPartsOfKinds(c_rowKinds)) {
+    for (const Key& key : metaData.GetPartsOfKinds(c_collectedKinds)) {
         if (!met.Find(key) && metaData.GetParentParts(key).empty())
             add(key);
     }
@@ -403,11 +399,11 @@ StyleBasedProductTreeSorter::Uses StyleBasedProductTreeSorter::GetUses(std::uint
 bool StyleBasedProductTreeSorter::IsShownInTree(const Key& occurrence) const {
     const IfMetaProductData& metaData = m_data->GetAggregator().GetPartMetaData(occurrence);
     const int kind = metaData.GetPartKind(occurrence);
-    if (kind == Unknown || kind == View || kind == Service)
+    if (IsRowlessKind(kind))
         return false;
     if (metaData.GetProperty(occurrence, keys::isPhantom).to_bool())
         return false;
-    if (IsRowKind(kind)) {
+    if (IsSpecificationKind(kind)) {
         const PartHandler handler = metaData.GetPartHandler(occurrence);
         const PartAttributes& attributes = GetAttributes(handler);
         if (attributes.hiddenB || !IsInProduct(handler) || attributes.hiddenA)

@@ -11,14 +11,14 @@ namespace {
 
 /// What a component is for the panel.
 struct ComponentKind {
-    platform::PartKind kind;
+    PartKind kind;
     int section;
     int iconType;
 };
 
-constexpr ComponentKind assemblyKind{platform::PartKindAssembly, 15, 0};
-constexpr ComponentKind detailKind{platform::PartKindDetail, 20, 1};
-constexpr ComponentKind standardKind{platform::PartKindStandard, 25, 2};
+constexpr ComponentKind assemblyKind{PartKindAssembly, 15, 0};
+constexpr ComponentKind detailKind{PartKindDetail, 20, 1};
+constexpr ComponentKind standardKind{PartKindStandard, 25, 2};
 
 constexpr const wchar_t* sectionPath = L"SPCSection";
 constexpr const wchar_t* positionPath = L"position";

@@ -35,11 +35,11 @@ using In = std::conditional_t<Archive::c_isReading, Record&, const Record&>;
 /// The icon type of an object that names none.
 inline int PlainIcon(int kind) {
     switch (kind) {
-    case platform::PartKindAssembly:
+    case PartKindAssembly:
         return 0;
-    case platform::PartKindDetail:
+    case PartKindDetail:
         return 1;
-    case platform::PartKindStandard:
+    case PartKindStandard:
         return 2;
     default:
         return 26;

@@ -20,9 +20,6 @@ using platform::TreeCell;
 using platform::TreeRowMarking;
 using platform::TreeTableRow;
 
-/// The style of a link that leads somewhere.
-constexpr int c_liveLink = 2;
-
 struct HeadEditor {
     HeadKind head;
     EditKind editor;
@@ -47,7 +44,7 @@ QString ToQString(const SharedText& text) {
 LinkLook LinkOf(bool isLink, int style) {
     if (!isLink)
         return LinkLook::None;
-    return style == c_liveLink ? LinkLook::Live : LinkLook::Dead;
+    return style == LinkStyleLive ? LinkLook::Live : LinkLook::Dead;
 }
 
 EditKind EditKindOf(CellKind kind) {

@@ -5,6 +5,7 @@
 #include "host/SimplePropVal.h"
 #include "host/UniqueMetaObjectKey.h"
 #include "host/data/PartHandler.h"
+#include "host/data/PartKinds.h"
 #include "host/data/SpecificationStyles.h"
 
 #include <set>
@@ -13,13 +14,17 @@
 
 class IfDocumentType;
 
+namespace meta_data::grouping {
+struct GroupingRecord;
+}
+
 /// One body of meta data. An aggregator has at least two: the document's parts (occurrences, in the
 /// document's order) and its objects. Keys that a body does not know have neutral answers.
 class IfMetaProductData {
 public:
     virtual ~IfMetaProductData() = default;
 
-    /// 0 to 8; the parts of a specification are of the kinds 4 to 7.
+    /// A PartKind; unknown for a key of another body.
     virtual int GetPartKind(const UniqueMetaObjectKey& key) const = 0;
     virtual SimplePropVal GetProperty(const UniqueMetaObjectKey& key,
                                       const std::wstring& property) const = 0;
@@ -40,6 +45,11 @@ public:
     /// The same parts in the host's order.
     virtual std::vector<UniqueMetaObjectKey>
     GetOrderedPartsOfKinds(const std::set<int>& kinds) const = 0;
+    /// What the order of objects compares of the part, made by MakeGroupingRecord with the default
+    /// options. Good until anything in the document changes. Null: the part is like no other, and
+    /// stands by the document's order alone.
+    virtual const meta_data::grouping::GroupingRecord*
+    GetGroupingRecord(const UniqueMetaObjectKey& key) const = 0;
 };
 
 class IfProductDataAggregator {

@@ -51,6 +51,7 @@ public:
     virtual bool IsUpdatedByItems() const = 0;
     /// The host's number of this kind of tree.
     virtual int GetType() const = 0;
+    static constexpr int c_productTreeType = 14;
     virtual void SetVisible(bool visible, bool activate) = 0;
     virtual bool IsVisible() const = 0;
     virtual bool CanBeDetached() const = 0;

@@ -51,6 +51,20 @@ public:
 /// The running application; null before it is up and after it is gone.
 IGuiApp* GuiApp();
 
+/// The place that GuiApp answers from. A host fills it for as long as it runs.
+class GuiAppSlot {
+public:
+    /// `app` is the running application until this object goes, then the one before it is again;
+    /// several slots go in the reverse order of their coming.
+    explicit GuiAppSlot(IGuiApp& app);
+    GuiAppSlot(const GuiAppSlot&) = delete;
+    GuiAppSlot& operator=(const GuiAppSlot&) = delete;
+    ~GuiAppSlot();
+
+private:
+    IGuiApp* m_previous;
+};
+
 /// The caption of a usual button in the user's language: 8 agrees, 1 cancels. Empty for a number
 /// that has none.
 SharedText GetButtonCaption(int button);

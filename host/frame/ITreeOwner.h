@@ -18,6 +18,7 @@ public:
     /// Puts a part of the panel in its place; parts of one panel share a number.
     virtual void RegisterTreeModel(ITreeTableModel& model, int panel) = 0;
     virtual void RegisterSlideBox(IParamSlideBoxModel& slideBox, int panel) = 0;
+    static constexpr int c_productTreePanel = 6;
 };
 
 /// The box below the tree. It gets its operations with the document list.

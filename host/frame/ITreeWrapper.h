@@ -34,4 +34,7 @@ public:
     using Factories = std::unordered_map<int, Factory>;
 
     static Factories& Get();
+
+    /// The key of the product tree's maker.
+    static constexpr int c_productTree = 3;
 };

@@ -37,7 +37,7 @@ public:
     /// The column id under which edits are reported.
     virtual void SetColumn(const std::wstring& columnId) = 0;
     virtual void SetReadOnly(bool readOnly) = 0;
-    /// Whether the text is shown as a link; the style counts only then (2: a live link).
+    /// Whether the text is shown as a link; the style, a LinkStyle, counts only then.
     virtual void SetHypertext(bool hypertext) = 0;
     virtual void SetLinkStyle(int style) = 0;
     /// The resource name of the by-source icon; empty for none.

@@ -2,6 +2,7 @@
 // A view may call the control back from inside a call only where that is said.
 #pragma once
 
+#include "host/view/AttributeColumns.h"
 #include "host/view/IMenuItems.h"
 #include "host/view/ITreeTableRow.h"
 
@@ -116,8 +117,8 @@ public:
     virtual int GetHeaderListIndex(const SharedText& columnId) const = 0;
 };
 
-/// The two columns of check boxes beside the name: 200 aggregate into product, 201 register with
-/// description. The view keeps whether they are shown.
+/// The two columns of check boxes beside the name, by their AttributeColumnId: aggregate into
+/// product, register with description. The view keeps whether they are shown.
 class ITreeViewAttributeColumns {
 public:
     virtual ~ITreeViewAttributeColumns() = default;

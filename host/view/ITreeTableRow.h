@@ -7,6 +7,7 @@
 #include "host/SimplePropVal.h"
 #include "host/view/IMarkingEditor.h"
 #include "host/view/IMenuItems.h"
+#include "host/view/LinkStyles.h"
 
 #include <cstddef>
 #include <list>
@@ -155,8 +156,8 @@ public:
 
     /// A text that can be clicked, which comes back by OnCellHypertextActivated, and not typed.
     /// `opensEditor`: the click opens an editor of the host rather than following a link.
-    /// `outdated` marks a value that does not agree with its source any more. `style` 2: a live
-    /// link.
+    /// `outdated` marks a value that does not agree with its source any more. `style` is a
+    /// LinkStyle.
     virtual void SetLinkCell(const SharedText& columnId, const SharedText& shown, bool opensEditor,
                              const SharedText& tip, bool editable, bool recalculable, bool outdated,
                              const SharedText& icon, int style) = 0;
@@ -179,7 +180,7 @@ public:
     /// The raw text last given, whatever stands in the editor.
     virtual SharedText GetNameValue() const = 0;
     virtual void SetNameEditable(bool editable) = 0;
-    /// Whether the name is shown as a link; the style counts only then (2: a live link).
+    /// Whether the name is shown as a link; the style, a LinkStyle, counts only then.
     virtual void SetNameHypertext(bool hypertext) = 0;
     virtual void SetNameLinkStyle(int style) = 0;
     /// The resource name of the by-source icon; empty for none.

@@ -44,7 +44,7 @@ void ObjectEntry::ReadGrouping() {
 
 GroupingRecord MakeGrouping(const ObjectRecord& record, const SharedText& name,
                             const PropValue& material, const PropValue& mass) {
-    return MakeGroupingRecord(
+    return meta_data::grouping::MakeGroupingRecord(
         record.section, record.marking.Make(VariantMarkingData::MakeAll, false, false), name,
         material.to_wstring(), mass.IsEmpty() ? std::nullopt : std::optional(mass.to_double()));
 }

@@ -2,8 +2,8 @@
 // most. Made by IndexBuilder.
 #pragma once
 
+#include "host/data/GroupingRecord.h"
 #include "platform/product/PropertyLayout.h"
-#include "platform/values/GroupingKeys.h"
 
 #include <cstdint>
 #include <unordered_map>
@@ -11,6 +11,8 @@
 #include <vector>
 
 namespace platform {
+
+using meta_data::grouping::GroupingRecord;
 
 /// The sections that objects stand in as values, each of them once: a few for all objects.
 class SharedSections {

@@ -1,5 +1,6 @@
 #include "platform/product/LinkDialog.h"
 
+#include "host/IfPropertyDescription.h"
 #include "host/ProductProperties.h"
 #include "platform/product/ProductTexts.h"
 #include "platform/services/UserDecisions.h"
@@ -10,7 +11,7 @@ namespace platform {
 
 namespace {
 
-enum ValueType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
+using namespace value_type;
 
 /// A property of that type can show values of the other. Every value has a text.
 bool CanShowType(unsigned type, unsigned target) {

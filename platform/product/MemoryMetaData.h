@@ -5,12 +5,11 @@
 
 #include "host/data/IfProductDataAggregator.h"
 #include "platform/product/ProductIndex.h"
-#include "platform/values/GroupingKeys.h"
 
 namespace platform {
 
 /// What both bodies answer alike.
-class MemoryMetaData : public IfMetaProductData, public IGroupingKeys {
+class MemoryMetaData : public IfMetaProductData {
 public:
     int GetPartKind(const UniqueMetaObjectKey& key) const override;
     SimplePropVal GetProperty(const UniqueMetaObjectKey& key,
@@ -22,7 +21,6 @@ public:
     std::vector<UniqueMetaObjectKey> GetPartsOfKinds(const std::set<int>& kinds) const override;
     std::vector<UniqueMetaObjectKey>
     GetOrderedPartsOfKinds(const std::set<int>& kinds) const override;
-
     const GroupingRecord* GetGroupingRecord(const UniqueMetaObjectKey& key) const override;
 
 protected:

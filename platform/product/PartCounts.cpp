@@ -178,12 +178,10 @@ bool PartCounts::HasRow(const PartEntry& use) const {
     if (BilletKindOf(use) != BilletKind::None)
         return use.isUsedInAnyStyle;
     const PartAttributes& attributes = AttributesOf(use);
-    const bool isKnownKind =
-        use.kind != PartKindUnknown && use.kind != PartKindFeature && use.kind != PartKindService;
-    const bool isPart = use.kind >= PartKindAssembly && use.kind <= PartKindOther;
-    const bool isHidden = isPart && (attributes.hiddenA || attributes.hiddenB || !IsInProduct(use));
+    const bool isHidden = IsSpecificationKind(use.kind) &&
+                          (attributes.hiddenA || attributes.hiddenB || !IsInProduct(use));
     const bool isObjectGone = use.owner->hasHandler && !IsInProduct(*use.owner);
-    return use.isShown && isKnownKind && !use.isPhantom && !isHidden && !isObjectGone;
+    return use.isShown && !IsRowlessKind(use.kind) && !use.isPhantom && !isHidden && !isObjectGone;
 }
 
 PropValue PartCounts::Sum(const PartEntry& object, const CountOf& count) const {

@@ -3,11 +3,13 @@
 // (ProductValidation.h) says whether a model makes sense.
 #pragma once
 
+#include "host/IfPropertyDescription.h"
 #include "host/PropValue.h"
 #include "host/SPCSection.h"
 #include "host/UniqueMetaObjectKey.h"
 #include "host/VariantMarking.h"
 #include "host/data/PartHandler.h"
+#include "host/data/PartKinds.h"
 
 #include <optional>
 #include <set>
@@ -16,19 +18,6 @@
 #include <vector>
 
 namespace platform {
-
-/// The kinds of parts. Those from Assembly to Other make rows.
-enum PartKind {
-    PartKindUnknown = 0,
-    PartKindDocument = 1,
-    PartKindFeature = 2,
-    PartKindView = 3,
-    PartKindAssembly = 4,
-    PartKindDetail = 5,
-    PartKindStandard = 6,
-    PartKindOther = 7,
-    PartKindService = 8,
-};
 
 enum class BilletKind { None, Manual, Associative };
 
@@ -136,7 +125,7 @@ struct PropertyRecord {
     unsigned long number = 0;
     std::wstring caption;
     /// 0 integer, 1 double, 2 string, 3 boolean.
-    unsigned type = 2;
+    unsigned type = value_type::String;
     double min = 0;
     double max = 0;
     std::vector<SimplePropVal> list;

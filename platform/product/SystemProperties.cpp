@@ -1,5 +1,6 @@
 #include "platform/product/SystemProperties.h"
 
+#include "host/IfPropertyDescription.h"
 #include "host/ProductProperties.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace platform {
 
 namespace {
 
-enum ValueType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
+using namespace value_type;
 
 struct Row {
     std::wstring_view path;

@@ -1,5 +1,6 @@
 #include "platform/product/ValueFitting.h"
 
+#include "host/IfPropertyDescription.h"
 #include "platform/values/Utf8.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace platform {
 
 namespace {
 
-enum ValueType : unsigned { Integer = 0, Double = 1, String = 2, Boolean = 3 };
+using namespace value_type;
 
 bool IsGoodCharacter(wchar_t c) {
     return c != 0 && IsCodePoint(static_cast<char32_t>(c));

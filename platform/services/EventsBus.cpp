@@ -1,8 +1,34 @@
-#include "platform/services/EventsBus.h"
+#include "host/EventsBus.h"
 
 #include <algorithm>
+#include <map>
+#include <vector>
 
-namespace platform {
+namespace {
+
+class EventsBus {
+public:
+    static EventsBus& Get();
+
+    EventsBus(const EventsBus&) = delete;
+    EventsBus& operator=(const EventsBus&) = delete;
+
+    void Post(EventsRouterID router, unsigned message, unsigned long wParam, long lParam);
+    void Connect(EventsBusSubscriber& subscriber, EventsRouterID router);
+    void Disconnect(EventsBusSubscriber& subscriber);
+
+private:
+    using Listeners = std::vector<EventsBusSubscriber*>;
+
+    class Delivery;
+
+    EventsBus() = default;
+
+    void DropGone();
+
+    std::map<EventsRouterID, Listeners> m_routers;
+    int m_deliveries = 0;
+};
 
 /// While it lives, places of listeners who leave stay, emptied, so that the walk over them goes on.
 class EventsBus::Delivery {
@@ -58,18 +84,18 @@ void EventsBus::DropGone() {
     std::erase_if(m_routers, [](const auto& router) { return router.second.empty(); });
 }
 
-} // namespace platform
+} // namespace
 
 EventsBusSubscriber::~EventsBusSubscriber() {
     Disconnect();
 }
 
 void EventsBusSubscriber::Connect(EventsRouterID router) {
-    platform::EventsBus::Get().Connect(*this, router);
+    EventsBus::Get().Connect(*this, router);
 }
 
 void EventsBusSubscriber::Disconnect() {
-    platform::EventsBus::Get().Disconnect(*this);
+    EventsBus::Get().Disconnect(*this);
 }
 
 void EventsBusSubscriber::SetHandler(unsigned message, Handler handler) {
@@ -83,4 +109,8 @@ void EventsBusSubscriber::Receive(unsigned message, unsigned long wParam, long l
     // A copy, since the handler may replace itself or end this subscriber.
     const Handler handler = found->second;
     handler(wParam, lParam);
+}
+
+void PostEvent(EventsRouterID router, unsigned message, unsigned long wParam, long lParam) {
+    EventsBus::Get().Post(router, message, wParam, lParam);
 }

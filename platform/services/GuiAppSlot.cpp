@@ -1,4 +1,4 @@
-#include "platform/services/GuiAppSlot.h"
+#include "host/frame/GuiApp.h"
 
 #include <utility>
 
@@ -12,12 +12,8 @@ IGuiApp* GuiApp() {
     return s_app;
 }
 
-namespace platform {
-
 GuiAppSlot::GuiAppSlot(IGuiApp& app) : m_previous(std::exchange(s_app, &app)) {}
 
 GuiAppSlot::~GuiAppSlot() {
     s_app = m_previous;
 }
-
-} // namespace platform

@@ -7,8 +7,8 @@
 
 #include "host/data/Grouping.h"
 
+#include "host/data/GroupingRecord.h"
 #include "host/data/IfProductDataAggregator.h"
-#include "platform/values/GroupingKeys.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -17,57 +17,39 @@ namespace meta_data::grouping {
 
 namespace {
 
-using platform::GroupingRecord;
-using platform::IGroupingKeys;
-
 template <class T>
 int Order(const T& a, const T& b) {
     return a < b ? -1 : b < a ? 1 : 0;
 }
 
-/// Finds the records of parts: a body is looked at once, and under options for which the product's
-/// own records do not serve each is made anew once.
+/// Finds the records of parts. Under options for which the product's own records do not serve each
+/// is made anew once.
 class RecordSource {
 public:
-    void SetOptions(platform::TextOptions options) {
+    void SetOptions(TextOptions options) {
         m_options = options;
         m_remade.clear();
     }
 
     const GroupingRecord& Get(const ConstProductPart& part) const {
         static const GroupingRecord unknown;
-        const IGroupingKeys* const keys = FindKeys(part.metaData);
-        const GroupingRecord* const record = keys ? keys->GetGroupingRecord(part.key) : nullptr;
+        const GroupingRecord* const record =
+            part.metaData ? part.metaData->GetGroupingRecord(part.key) : nullptr;
         if (!record)
             return unknown;
         return m_options.numbersAsNumbers && !m_options.ignoresCase ? *record : Remade(*record);
     }
 
 private:
-    const IGroupingKeys* FindKeys(const IfMetaProductData* body) const {
-        if (body == m_lastBody)
-            return m_lastKeys;
-        const auto [found, isNew] = m_bodies.try_emplace(body, nullptr);
-        if (isNew)
-            found->second = dynamic_cast<const IGroupingKeys*>(body);
-        m_lastBody = body;
-        m_lastKeys = found->second;
-        return m_lastKeys;
-    }
-
     const GroupingRecord& Remade(const GroupingRecord& record) const {
         const auto [found, isNew] = m_remade.try_emplace(&record);
         if (isNew)
-            found->second =
-                platform::MakeGroupingRecord(record.section, record.designation, record.name,
-                                             record.material, record.mass, m_options);
+            found->second = MakeGroupingRecord(record.section, record.designation, record.name,
+                                               record.material, record.mass, m_options);
         return found->second;
     }
 
-    platform::TextOptions m_options;
-    mutable std::unordered_map<const IfMetaProductData*, const IGroupingKeys*> m_bodies;
-    mutable const IfMetaProductData* m_lastBody = nullptr;
-    mutable const IGroupingKeys* m_lastKeys = nullptr;
+    TextOptions m_options;
     mutable std::unordered_map<const GroupingRecord*, GroupingRecord> m_remade;
 };
 
@@ -90,7 +72,7 @@ public:
                 slot = {record.hash, &record, next};
                 return next;
             }
-            if (slot.hash == record.hash && platform::CompareRecords(record, *slot.record) == 0)
+            if (slot.hash == record.hash && CompareRecords(record, *slot.record) == 0)
                 return slot.number;
         }
     }
@@ -148,9 +130,9 @@ public:
                 return order;
         }
         const GroupingRecord& record = m_records.Get(a);
-        if (const int order = platform::CompareRecords(record, m_records.Get(b)))
+        if (const int order = CompareRecords(record, m_records.Get(b)))
             return order;
-        if (platform::HasIdentity(record))
+        if (HasIdentity(record))
             return 0;
         if (const int order = Order(FindIndex(a.key), FindIndex(b.key)))
             return order;
@@ -200,7 +182,7 @@ private:
         for (std::size_t i = 0; i < parts.size(); ++i) {
             const GroupingRecord& record = m_records.Get(parts[i]);
             const auto next = static_cast<std::uint32_t>(entries.size());
-            const bool mayShare = !m_documentOrderFirst && platform::HasIdentity(record);
+            const bool mayShare = !m_documentOrderFirst && HasIdentity(record);
             classes[i] = mayShare ? table.Find(record, next) : next;
             if (classes[i] == next)
                 entries.push_back({&record, &parts[i].key, {}, next});
@@ -217,13 +199,13 @@ private:
         std::sort(entries.begin(), entries.end(), [](const PlaceEntry& a, const PlaceEntry& b) {
             if (a.prefix != b.prefix)
                 return a.prefix < b.prefix;
-            return platform::CompareRecords(*a.record, *b.record) < 0;
+            return CompareRecords(*a.record, *b.record) < 0;
         });
         // The document's order is asked only where it decides.
         for (auto begin = entries.begin(); begin != entries.end();) {
             const auto end = std::find_if(begin + 1, entries.end(), [&](const PlaceEntry& entry) {
                 return entry.prefix != begin->prefix ||
-                       platform::CompareRecords(*begin->record, *entry.record) != 0;
+                       CompareRecords(*begin->record, *entry.record) != 0;
             });
             if (end - begin > 1)
                 SortByDocument(begin, end);
@@ -239,21 +221,21 @@ private:
         std::sort(begin, end, [](const PlaceEntry& a, const PlaceEntry& b) {
             if (const int order = Order(a.index, b.index))
                 return order < 0;
-            if (const int order = platform::CompareRecords(*a.record, *b.record))
+            if (const int order = CompareRecords(*a.record, *b.record))
                 return order < 0;
-            return !platform::HasIdentity(*a.record) && *a.key < *b.key;
+            return !HasIdentity(*a.record) && *a.key < *b.key;
         });
     }
 
     static bool IsOnePlace(const PlaceEntry& a, const PlaceEntry& b) {
         if (a.prefix != b.prefix || !(a.index == b.index) ||
-            platform::CompareRecords(*a.record, *b.record) != 0)
+            CompareRecords(*a.record, *b.record) != 0)
             return false;
-        return platform::HasIdentity(*a.record) || *a.key == *b.key;
+        return HasIdentity(*a.record) || *a.key == *b.key;
     }
 
     bool m_documentOrderFirst = false;
-    platform::TextOptions m_options;
+    TextOptions m_options;
     RecordSource m_records;
     const IfInfObjOrder* m_order = nullptr;
 };

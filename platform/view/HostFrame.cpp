@@ -1,11 +1,10 @@
 #include "platform/view/HostFrame.h"
 
+#include "host/DocumentEvents.h"
 #include "host/frame/FeatureTrees.h"
 #include "host/frame/GuiApp.h"
 #include "host/frame/IfTreeManager.h"
 #include "platform/services/DecisionsQuestionBox.h"
-#include "platform/services/EventsBus.h"
-#include "platform/services/GuiAppSlot.h"
 
 #include <optional>
 #include <stdexcept>
@@ -14,15 +13,6 @@
 namespace platform {
 
 namespace {
-
-/// The product tree's key in the registry of tree makers.
-constexpr int c_productTreeKey = 3;
-
-/// Where the host posts what has happened to documents.
-constexpr EventsRouterID c_documentRouter{0, 7};
-constexpr unsigned c_documentChanged = 0x601;
-/// The message's first parameter for a change of the structure; for values it is 0.
-constexpr unsigned long c_structureChanged = 15;
 
 class SlideBox final : public RcBase<IParamSlideBoxModel> {};
 
@@ -62,7 +52,7 @@ private:
 
 std::unique_ptr<ITreeWrapper> MakeProductTree() {
     const auto& factories = TreeWrapperRegistrar::Get();
-    const auto factory = factories.find(c_productTreeKey);
+    const auto factory = factories.find(TreeWrapperRegistrar::c_productTree);
     if (factory == factories.end())
         throw std::runtime_error("the product tree library is not loaded");
     return factory->second();
@@ -136,8 +126,8 @@ void HostFrame::SetDecisions(IUserDecisions* decisions) {
 }
 
 void HostFrame::TellDocumentChanged(bool structure) const {
-    EventsBus::Get().Post(c_documentRouter, c_documentChanged, structure ? c_structureChanged : 0,
-                          0);
+    PostEvent(document_events::c_router, document_events::c_changed,
+              structure ? document_events::c_structure : document_events::c_values, 0);
 }
 
 } // namespace platform

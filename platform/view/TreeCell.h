@@ -3,6 +3,7 @@
 // one for a text that is shown as it is.
 #pragma once
 
+#include "host/view/LinkStyles.h"
 #include "platform/view/CellTraits.h"
 
 #include <cstdint>
@@ -66,8 +67,8 @@ public:
     int GetListIndex() const;
     /// What can be chosen, as it is shown.
     const std::vector<SharedText>& GetList() const;
-    /// 2 for a live link, else 0.
-    int GetLinkStyle() const { return HasFlag(c_liveLink) ? 2 : 0; }
+    /// A LinkStyle.
+    int GetLinkStyle() const { return HasFlag(c_liveLink) ? LinkStyleLive : LinkStyleDead; }
 
     bool HasLimits() const { return GetMin() != 0 || GetMax() != 0; }
     double GetMin() const { return GetTraits().min; }

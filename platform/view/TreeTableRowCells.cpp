@@ -304,7 +304,7 @@ void TreeTableRow::SetLinkCell(const SharedText& columnId, const SharedText& sho
     cell.Flag(TreeCell::c_outdated, outdated);
     cell.Tip(tip);
     cell.Icon(icon);
-    cell.Flag(TreeCell::c_liveLink, style == 2);
+    cell.Flag(TreeCell::c_liveLink, style == LinkStyleLive);
 }
 
 SharedText TreeTableRow::GetCellSourceIcon(const SharedText& columnId) const {

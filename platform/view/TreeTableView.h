@@ -119,7 +119,7 @@ public:
     const std::vector<ColumnEntry>& GetColumnEntries() const { return m_columns.GetEntries(); }
     /// The id of the marked column; empty for none.
     const std::wstring& GetMarkedColumn() const { return m_markedColumn; }
-    /// An id other than 200 and 201 is that of a column neither enabled nor shown.
+    /// An id that is no AttributeColumnId is that of a column neither enabled nor shown.
     AttributeColumn GetAttributeColumn(int id) const;
     void SetEmbodimentsAllowed(bool allowed) { m_embodimentsAllowed = allowed; }
 
@@ -200,7 +200,8 @@ private:
     /// The heads as they were last announced: a build makes all of them again, mostly the same.
     std::vector<ColumnHead> m_announcedHeads;
     std::wstring m_markedColumn;
-    std::map<int, AttributeColumn> m_attributeColumns{{200, {}}, {201, {}}};
+    std::map<int, AttributeColumn> m_attributeColumns{{AttributeColumnAggrIntoProduct, {}},
+                                                      {AttributeColumnRegWithDesc, {}}};
     /// What the user has left in a head, while the control looks at it.
     const HeadInput* m_headInput = nullptr;
     bool m_isInControl = false;

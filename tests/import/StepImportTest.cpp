@@ -146,7 +146,7 @@ TEST(StepImport, MakesADocumentThatThePanelCanShow) {
         keys.insert(part.key);
         ++count;
         EXPECT_TRUE(part.part.used.IsSPUsed(model.styleId));
-        EXPECT_EQ(part.kind, platform::PartKindDetail);
+        EXPECT_EQ(part.kind, PartKindDetail);
     };
     for (const platform::ObjectRecord& object : model.objects) {
         visit(object);

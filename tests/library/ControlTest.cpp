@@ -1,9 +1,9 @@
 // When the panel builds and when it only reads, and what outlives a build.
 
+#include "host/DocumentEvents.h"
+#include "host/frame/GuiApp.h"
 #include "host/frame/TreeModelId.h"
 #include "items/ProductTreeItemData.h"
-#include "platform/services/EventsBus.h"
-#include "platform/services/GuiAppSlot.h"
 #include "tests/library/PanelTest.h"
 #include "tests/support/RecordingProductData.h"
 
@@ -146,7 +146,7 @@ TEST(Control, TheBusMessageOfAStructureChangeBuildsAndEveryOtherOfItsKindRefresh
         auto data = std::make_shared<RecordingProductData>(ThreeParts());
         const platform::HostFrame frame(data);
         data->TakeCalls();
-        platform::EventsBus::Get().Post({0, 7}, c.message, c.wParam, c.lParam);
+        PostEvent(document_events::c_router, c.message, c.wParam, c.lParam);
         const auto calls = data->TakeCalls();
         EXPECT_EQ(CountCalls(calls, "BeginRebuild"), c.builds ? 1 : 0) << c.wParam << c.lParam;
         EXPECT_EQ(CountCalls(calls, "BeginRead"), c.refreshes ? 1 : 0) << c.wParam << c.lParam;

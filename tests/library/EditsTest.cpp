@@ -2,7 +2,7 @@
 // the rows.
 
 #include "control/IfProductTreeCtrl.h"
-#include "platform/services/EventsBus.h"
+#include "host/DocumentEvents.h"
 #include "platform/services/UserDecisions.h"
 #include "tests/library/PanelTest.h"
 #include "tests/support/RecordingProductData.h"
@@ -396,7 +396,8 @@ TEST(Control, TheEchoOfAWriteIsDroppedAndDebtsStayAsTheyWere) {
         using MemoryProduct::MemoryProduct;
         void CommitChanges(ProductInfObjChangesResult& changes) override {
             MemoryProduct::CommitChanges(changes);
-            platform::EventsBus::Get().Post({0, 7}, 0x601, 15, 0);
+            PostEvent(document_events::c_router, document_events::c_changed,
+                      document_events::c_structure, 0);
             id->SetNeedSyncronize(true);
         }
         void BeginRebuild() override {

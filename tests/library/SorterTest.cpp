@@ -214,7 +214,7 @@ TEST_F(SorterTest, PartsThatAreNotShownHaveNoRow) {
          one().NotInProduct().CalculatedInProduct(true), "r [a]"},
         {"and the other way round", one().CalculatedInProduct(false), "r"},
         {"the product data has the last word", one().NotShown(), "r"},
-        {"kinds that make no rows", one().Kind(platform::PartKindService), "r"},
+        {"kinds that make no rows", one().Kind(PartKindService), "r"},
         {"an object outside of the product", Flat().Object("a").Name(L"a").NotInProduct().Uses(),
          "r"},
         {"one of a group is hidden", Flat().Object("a").Name(L"a").Uses(1).Use("h").HiddenA(),

@@ -1,4 +1,4 @@
-#include "platform/services/EventsBus.h"
+#include "host/EventsBus.h"
 
 #include <gmock/gmock.h>
 #include <memory>
@@ -6,7 +6,6 @@
 
 namespace {
 
-using platform::EventsBus;
 using testing::ElementsAre;
 
 constexpr EventsRouterID c_router{0, 7};
@@ -14,7 +13,7 @@ constexpr EventsRouterID c_otherRouter{0, 8};
 constexpr unsigned c_message = 0x601;
 
 void Post(EventsRouterID router = c_router, unsigned message = c_message) {
-    EventsBus::Get().Post(router, message, 1, 2);
+    PostEvent(router, message, 1, 2);
 }
 
 /// Notes its name when the message comes.
@@ -46,7 +45,7 @@ TEST(EventsBus, ParametersAreHandedOn) {
         gotL = l;
     });
     subscriber.Connect(c_router);
-    EventsBus::Get().Post(c_router, c_message, ~0UL, -5);
+    PostEvent(c_router, c_message, ~0UL, -5);
     EXPECT_EQ(gotW, ~0UL);
     EXPECT_EQ(gotL, -5);
 }

@@ -106,7 +106,7 @@ std::wstring List(const MemoryProduct& product) {
     std::wstring list;
     for (const IfMetaProductData* const body :
          {&product.GetAggregator().GetMetaData(), &product.GetAggregator().GetPrimaryMetaData()}) {
-        for (const UniqueMetaObjectKey& key : body->GetPartsOfKinds({platform::PartKindDetail})) {
+        for (const UniqueMetaObjectKey& key : body->GetPartsOfKinds({PartKindDetail})) {
             const SharedText value = product.GetValue({key, {}, L"note", {}}).to_wstring();
             list += key.WString() + L':' + value.Str() + L' ';
         }

@@ -1,9 +1,9 @@
 #include "host/MeasurementDataBase.h"
 #include "host/ProductProperties.h"
 #include "host/TeDocCodeMaker.h"
+#include "host/frame/GuiApp.h"
 #include "host/frame/TreeModelId.h"
 #include "platform/services/DecisionsQuestionBox.h"
-#include "platform/services/GuiAppSlot.h"
 #include "platform/services/UserDecisions.h"
 
 #include <gtest/gtest.h>
@@ -22,9 +22,9 @@ TEST(Services, TheApplicationRunsWhileItsSlotLives) {
     AppWithoutWindow inner;
     EXPECT_EQ(GuiApp(), nullptr);
     {
-        const platform::GuiAppSlot slot(outer);
+        const GuiAppSlot slot(outer);
         {
-            const platform::GuiAppSlot nested(inner);
+            const GuiAppSlot nested(inner);
             EXPECT_EQ(GuiApp(), &inner);
         }
         EXPECT_EQ(GuiApp(), &outer);

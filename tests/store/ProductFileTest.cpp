@@ -70,7 +70,7 @@ TEST(ProductFile, TakesANumberOfUsesForSoManyPlainOnes) {
     const ObjectRecord& bolt = model.objects.at(0);
     ASSERT_EQ(bolt.occurrences.size(), 3U);
     EXPECT_EQ(bolt.occurrences[2].key.String(), "bolt#3");
-    EXPECT_EQ(bolt.occurrences[2].kind, platform::PartKindStandard);
+    EXPECT_EQ(bolt.occurrences[2].kind, PartKindStandard);
     EXPECT_TRUE(bolt.occurrences[2].part.attributes.separate);
     EXPECT_TRUE(bolt.occurrences[2].part.used.IsSPUsed(model.styleId));
     EXPECT_NE(FormatProduct(model).find("\"uses\": 3"), std::string::npos);
@@ -85,7 +85,7 @@ TEST(ProductFile, CountsUsesThatAreAlike) {
     EXPECT_EQ(uses[1].embodiments.size(), 1U);
     EXPECT_EQ(uses[2].key.String(), "x");
     EXPECT_EQ(uses[3].key.String(), "a#4");
-    EXPECT_EQ(uses[3].kind, platform::PartKindOther);
+    EXPECT_EQ(uses[3].kind, PartKindOther);
     EXPECT_NE(
         FormatProduct(model).find("{\"count\": 2, \"embodiments\": [\"e\"]}, {\"key\": \"x\"}"),
         std::string::npos);

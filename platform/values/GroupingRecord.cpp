@@ -1,13 +1,19 @@
-#include "platform/values/GroupingKeys.h"
+#include "host/data/GroupingRecord.h"
 
 #include "platform/values/NaturalOrder.h"
 
 #include <cmath>
 #include <functional>
 
-namespace platform {
+namespace meta_data::grouping {
 
 namespace {
+
+using platform::CompareNatural;
+using platform::FoldCase;
+using platform::HasLeadingZeros;
+using platform::MakeNaturalKey;
+using platform::MakePlainKey;
 
 constexpr std::int32_t c_standardParts = 25;
 
@@ -120,4 +126,4 @@ bool IsNamedStandardPart(const GroupingRecord& record) {
     return record.designation.IsEmpty() && record.section.numbers[0] == c_standardParts;
 }
 
-} // namespace platform
+} // namespace meta_data::grouping

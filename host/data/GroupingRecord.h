@@ -1,18 +1,18 @@
-// What the host's order of objects reads of an object, and the order itself for two of them. A body
-// of meta data that has it at hand implements IGroupingKeys beside IfMetaProductData; parts of any
-// other body are all different and stand by the document's order alone.
+// What the host's order of objects compares of an object, and that order for two of them. A host
+// makes the record of an object once, by MakeGroupingRecord, and keeps it for as long as the object
+// stays as it is: sorting asks for it many times.
 #pragma once
 
 #include "host/SPCSection.h"
 #include "host/SharedText.h"
-#include "host/UniqueMetaObjectKey.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace meta_data::grouping {
 
 /// How texts compare; the default is what the panel asks for.
 struct TextOptions {
@@ -58,13 +58,4 @@ bool HasIdentity(const GroupingRecord& record);
 /// A standard part that is known by its name alone, whatever its material and mass.
 bool IsNamedStandardPart(const GroupingRecord& record);
 
-class IGroupingKeys {
-public:
-    virtual ~IGroupingKeys() = default;
-
-    /// Made with the default options. Null for a key that the body does not know. Lives as long as
-    /// the body stays unchanged.
-    virtual const GroupingRecord* GetGroupingRecord(const UniqueMetaObjectKey& key) const = 0;
-};
-
-} // namespace platform
+} // namespace meta_data::grouping
