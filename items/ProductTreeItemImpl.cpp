@@ -110,8 +110,8 @@ void ProductTreeItemImpl::UpdateRow() {
     UpdateActual();
     UpdateCells();
     UpdateIcon();
-    m_row->SetRegWithDescState(0);
-    m_row->SetAggrIntoProductState(0);
+    m_row->SetRegWithDescState(AttributeStateNone);
+    m_row->SetAggrIntoProductState(AttributeStateNone);
 }
 
 // While a row is being read, the memory of the next one is on its way.

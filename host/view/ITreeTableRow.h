@@ -5,6 +5,7 @@
 #include "host/RcBase.h"
 #include "host/SharedText.h"
 #include "host/SimplePropVal.h"
+#include "host/view/AttributeColumns.h"
 #include "host/view/IMarkingEditor.h"
 #include "host/view/IMenuItems.h"
 #include "host/view/LinkStyles.h"
@@ -200,8 +201,7 @@ public:
     virtual void SetIcon(int icon, const SharedText& tip) = 0;
     /// 0 until SetIcon.
     virtual int GetIcon() const = 0;
-    /// The two check boxes beside the name: 0 none, 1 on, 2 off, 3 on and read-only, 4 off and
-    /// read-only.
+    /// The two check boxes beside the name, each an AttributeState.
     virtual void SetRegWithDescState(int state) = 0;
     virtual void SetAggrIntoProductState(int state) = 0;
 };
