@@ -2,10 +2,13 @@
 
 #include "columns/ColumnInfo.h"
 #include "desktop/store/ProductFile.h"
+#include "host/IfPropertyDescription.h"
 #include "platform/product/MemoryProduct.h"
 #include "platform/view/HostFrame.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace desktop {
@@ -13,6 +16,13 @@ namespace desktop {
 namespace {
 
 constexpr const char* c_productExtension = ".json";
+
+/// The last number of the type stands for no limit.
+bool IsNoLimit(double limit, unsigned type) {
+    const double last = type == value_type::Integer ? std::numeric_limits<int>::max()
+                                                    : std::numeric_limits<double>::max();
+    return std::abs(limit) >= last;
+}
 
 void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
     row.SetExpanded(expanded);
@@ -81,8 +91,12 @@ std::optional<ValueLimits> Session::FindLimits(const std::wstring& columnId) con
     const bool hasLimits = column.GetMin() != 0 || column.GetMax() != 0;
     if (!hasLimits || column.IsVariable())
         return std::nullopt;
-    return ValueLimits{column.ApplyUnitCoefficient(column.GetMin()),
-                       column.ApplyUnitCoefficient(column.GetMax())};
+    const auto shown = [&](double limit) -> std::optional<double> {
+        if (IsNoLimit(limit, column.GetType()))
+            return std::nullopt;
+        return column.ApplyUnitCoefficient(limit);
+    };
+    return ValueLimits{shown(column.GetMin()), shown(column.GetMax())};
 }
 
 SharedText Session::GetUndoName() const {

@@ -17,10 +17,10 @@ class TreeTableView;
 
 namespace desktop {
 
-/// Both in the unit that the column shows.
+/// Both in the unit that the column shows; no value where there is no limit on that side.
 struct ValueLimits {
-    double min = 0;
-    double max = 0;
+    std::optional<double> min;
+    std::optional<double> max;
 };
 
 class Session {

@@ -130,7 +130,8 @@ void DesignationEdit::GoOn(const QLineEdit& from, int direction) {
 
 void DesignationEdit::CheckFocus() {
     const QWidget* focus = QApplication::focusWidget();
-    const bool isElsewhere = focus && focus != this && !isAncestorOf(focus);
+    const bool isElsewhere =
+        focus && focus != this && !isAncestorOf(focus) && focus->window() == window();
     // A menu of a part is no other place; nor is another window, from which the user comes back.
     if (isVisible() && isElsewhere && !QApplication::activePopupWidget())
         emit Left(QAbstractItemDelegate::NoHint);

@@ -7,11 +7,13 @@
 #include "desktop/window/TreeItemModel.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -23,6 +25,8 @@ namespace {
 
 constexpr QSize c_usualSize(1280, 800);
 constexpr int c_messageMilliseconds = 10'000;
+/// How long what waits for the user waits while a dialog is open.
+constexpr int c_retryMilliseconds = 500;
 constexpr int c_smallestHeight = 420;
 constexpr int c_largestHeight = 1400;
 
@@ -39,6 +43,20 @@ std::size_t CountRows(const platform::TreeTableRow& row) {
 
 QString CountText(std::size_t count, const char* one, const char* many) {
     return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+}
+
+bool IsWithin(const ValueLimits& limits, double number) {
+    return number >= limits.min.value_or(number) && number <= limits.max.value_or(number);
+}
+
+QString LimitsText(const ValueLimits& limits) {
+    if (limits.min && limits.max)
+        return MainWindow::tr(", from %1 to %2 is allowed")
+            .arg(FormatNumber(*limits.min), FormatNumber(*limits.max));
+    if (limits.min)
+        return MainWindow::tr(", %1 or more is allowed").arg(FormatNumber(*limits.min));
+    return limits.max ? MainWindow::tr(", %1 or less is allowed").arg(FormatNumber(*limits.max))
+                      : QString();
 }
 
 /// The action's text with the name of the step it is about, in which nothing is a shortcut.
@@ -87,6 +105,10 @@ void MainWindow::MakeEditMenu() {
     edit->addSeparator();
     edit->addAction(tr("Value of &Selected Rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
                     &PanelTree::EditHead);
+    edit->addAction(tr("&Clear Value"), QKeySequence(Qt::Key_Backspace), m_tree,
+                    &PanelTree::ClearValue);
+    edit->addAction(tr("Value &by Source"), QKeySequence(Qt::CTRL | Qt::Key_Return), m_tree,
+                    &PanelTree::ClickSourceIcon);
     m_number = edit->addAction(tr("&Number Positions"), this, &MainWindow::NumberPositions);
 }
 
@@ -101,8 +123,10 @@ void MainWindow::MakeViewMenu() {
     m_embodiments->setCheckable(true);
     m_embodiments->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
     connect(m_embodiments, &QAction::triggered, this, [this](bool on) {
-        m_tree->CommitEditor();
-        m_session->SetEmbodimentMode(on);
+        if (m_tree->CommitEditor())
+            m_session->SetEmbodimentMode(on);
+        else
+            ShowState();
     });
 }
 
@@ -117,6 +141,11 @@ QWidget* MainWindow::MakePanel() {
     m_tree = new PanelTree;
     connect(m_tree, &PanelTree::SelectedRowsChanged, this, &MainWindow::ShowCounts);
     connect(m_tree, &PanelTree::Edited, this, &MainWindow::ShowState);
+    connect(m_tree, &PanelTree::EditorLeft, this, &MainWindow::DoWhatWaits, Qt::QueuedConnection);
+    connect(m_tree, &PanelTree::TypedInVain, this, [this](const QString& column) {
+        statusBar()->showMessage(tr("%1 can't be edited in this row").arg(column),
+                                 c_messageMilliseconds);
+    });
 
     auto* const head = new QHBoxLayout;
     head->setContentsMargins(10, 7, 10, 7);
@@ -149,6 +178,7 @@ void MainWindow::MakeStatusBar() {
 
 void MainWindow::Show(std::unique_ptr<Session> session) {
     m_masses->Stop();
+    m_waiting.clear();
     m_tree->ShowModel(nullptr);
     m_model.reset();
     m_session = std::move(session);
@@ -201,19 +231,22 @@ void MainWindow::ShowState() {
 }
 
 void MainWindow::Undo() {
-    m_tree->CommitEditor();
+    if (!m_tree->CommitEditor())
+        return;
     m_session->Undo();
     ShowState();
 }
 
 void MainWindow::Redo() {
-    m_tree->CommitEditor();
+    if (!m_tree->CommitEditor())
+        return;
     m_session->Redo();
     ShowState();
 }
 
 void MainWindow::NumberPositions() {
-    m_tree->CommitEditor();
+    if (!m_tree->CommitEditor())
+        return;
     m_session->NumberPositions();
     ShowState();
 }
@@ -224,9 +257,27 @@ void MainWindow::StartMasses() {
 }
 
 void MainWindow::OnMeasured(const step::Measures& measures) {
-    m_tree->CommitEditor();
-    m_session->TakeMeasures(measures);
-    ShowState();
+    WhenIdle([this, measures] {
+        m_session->TakeMeasures(measures);
+        ShowState();
+    });
+}
+
+void MainWindow::WhenIdle(std::function<void()> work) {
+    m_waiting.push_back(std::move(work));
+    DoWhatWaits();
+}
+
+void MainWindow::DoWhatWaits() {
+    if (m_waiting.empty() || m_tree->IsEditing())
+        return;
+    if (QApplication::activeModalWidget()) {
+        // A command waits for an answer about the product as it is.
+        QTimer::singleShot(c_retryMilliseconds, this, &MainWindow::DoWhatWaits);
+        return;
+    }
+    for (const auto& work : std::exchange(m_waiting, {}))
+        work();
 }
 
 void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVariant& input,
@@ -240,10 +291,10 @@ void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVari
     bool isNumber = false;
     const double number = input.toDouble(&isNumber);
     // A number within the limits was refused for another reason.
-    if (limits && !(isNumber && number >= limits->min && number <= limits->max))
-        text = tr("%1, from %2 to %3 is allowed")
-                   .arg(text, FormatNumber(limits->min), FormatNumber(limits->max));
+    if (limits && !(isNumber && IsWithin(*limits, number)))
+        text += LimitsText(*limits);
     statusBar()->showMessage(text, c_messageMilliseconds);
+    m_tree->NoteRefusal(text);
 }
 
 void MainWindow::FitToRows() {

@@ -10,7 +10,9 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 class QLabel;
 
@@ -62,12 +64,17 @@ private:
     /// Whether the product may be left: it is as it was saved, or the user agrees.
     bool MayLeave();
     void OnFileTouched();
+    void TakeFileNews();
     bool MayReload();
     void TellError(const QString& title, const std::filesystem::path& path, const FileError& error);
 
     void Undo();
     void Redo();
     void NumberPositions();
+    /// Does `work` at once, or when no editor and no dialog is open any more: what comes by itself
+    /// waits for the user.
+    void WhenIdle(std::function<void()> work);
+    void DoWhatWaits();
     /// Tells of an input that was not taken, until the next one is.
     void OnInputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
     void OnMeasured(const step::Measures& measures);
@@ -82,8 +89,7 @@ private:
     std::unique_ptr<Session> m_session;
     std::unique_ptr<TreeItemModel> m_model;
     FileWatch m_watch;
-    /// A question about the file on disk is open: further news about it wait.
-    bool m_isAskingToReload = false;
+    std::vector<std::function<void()>> m_waiting;
     QAction* m_save = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;

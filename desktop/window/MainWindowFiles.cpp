@@ -18,9 +18,6 @@ namespace desktop {
 
 namespace {
 
-/// How long news about the file wait while a dialog is open.
-constexpr int c_retryMilliseconds = 500;
-
 QString ToQString(const std::filesystem::path& path) {
     return QFile::decodeName(path.c_str());
 }
@@ -82,12 +79,14 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
 }
 
 bool MainWindow::Save() {
-    m_tree->CommitEditor();
+    if (!m_tree->CommitEditor())
+        return false;
     return m_session->IsProductFile() ? SaveTo(m_session->GetPath()) : SaveAs();
 }
 
 bool MainWindow::SaveAs() {
-    m_tree->CommitEditor();
+    if (!m_tree->CommitEditor())
+        return false;
     platform::FileRequest request;
     request.title = ToText(tr("Save As"));
     request.patterns = {L"*.json"};
@@ -112,7 +111,8 @@ bool MainWindow::SaveTo(const std::filesystem::path& path) {
 bool MainWindow::MayLeave() {
     if (!m_session)
         return true;
-    m_tree->CommitEditor();
+    if (!m_tree->CommitEditor())
+        return false;
     if (!m_session->IsModified())
         return true;
     enum Answer : std::size_t { AnswerSave, AnswerDiscard };
@@ -135,12 +135,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::OnFileTouched() {
-    if (m_isAskingToReload || QApplication::activeModalWidget()) {
-        // A command waits for an answer about the product as it is.
-        QTimer::singleShot(c_retryMilliseconds, this, &MainWindow::OnFileTouched);
-        return;
-    }
-    m_tree->CommitEditor();
+    WhenIdle([this] { TakeFileNews(); });
+}
+
+void MainWindow::TakeFileNews() {
     if (!m_session->NoticeChangeOnDisk() || !MayReload())
         return;
     const QString file = ToQString(m_session->GetPath().filename());
@@ -154,7 +152,6 @@ void MainWindow::OnFileTouched() {
 bool MainWindow::MayReload() {
     if (!m_session->IsModified())
         return true;
-    const QScopedValueRollback asking(m_isAskingToReload, true);
     platform::Question question;
     question.title = ToText(tr("The file has changed"));
     question.text = ToText(tr("%1 was changed by another program. Read it again and lose the "

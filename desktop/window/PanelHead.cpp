@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 
 #include <algorithm>
@@ -39,8 +40,8 @@ PanelHead::PanelHead(QWidget* parent)
     setHighlightSections(false);
     connect(this, &QHeaderView::sectionClicked, this, &PanelHead::OpenEditor);
     // An editor that stays where its column was would be taken for that of another.
-    connect(this, &QHeaderView::geometriesChanged, this, &PanelHead::CloseEditor);
-    connect(this, &QHeaderView::sectionResized, this, &PanelHead::CloseEditor);
+    connect(this, &QHeaderView::geometriesChanged, this, &PanelHead::MoveEditor);
+    connect(this, &QHeaderView::sectionResized, this, &PanelHead::MoveEditor);
 }
 
 const TreeItemModel& PanelHead::Model() const {
@@ -80,6 +81,15 @@ void PanelHead::OpenEditor(int column) {
     }
 }
 
+void PanelHead::MoveEditor() {
+    if (m_editor)
+        m_editor->setGeometry(EditorPlace(m_column, *m_editor));
+}
+
+QLineEdit* PanelHead::GetLine() const {
+    return qobject_cast<QLineEdit*>(m_editor);
+}
+
 void PanelHead::CloseEditor() {
     QWidget* const editor = std::exchange(m_editor, nullptr);
     if (!editor)
@@ -91,6 +101,7 @@ void PanelHead::CloseEditor() {
         parentWidget()->setFocus();
     editor->hide();
     editor->deleteLater();
+    emit EditorClosed();
 }
 
 QRect PanelHead::EditorPlace(int column, const QWidget& editor) const {
@@ -105,10 +116,12 @@ bool PanelHead::eventFilter(QObject* watched, QEvent* event) {
         return QHeaderView::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress)
         return OnEditorKey(static_cast<QKeyEvent*>(event)->key());
+    if (event->type() != QEvent::FocusOut)
+        return false;
     // Leaving is no consent to change many rows at once. A menu or a list of the editor's is no
-    // leaving.
-    if (event->type() == QEvent::FocusOut &&
-        static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+    // leaving, nor is another window that comes to the front.
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
         CloseEditor();
     return false;
 }
@@ -138,9 +151,10 @@ void PanelHead::Give() {
         return;
     const std::optional<QVariant> value = TakeInput(*m_editor);
     const int column = m_column;
+    const QString typed = GetLine() ? GetLine()->text() : QString();
     CloseEditor();
     if (value)
-        emit ValueGiven(column, *value);
+        emit ValueGiven(column, *value, typed);
 }
 
 void PanelHead::OpenNext(int direction) {

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QLineEdit;
+
 namespace desktop {
 
 class TreeItemModel;
@@ -25,10 +27,14 @@ public:
     void OpenEditor(int column);
     /// What was typed is forgotten.
     void CloseEditor();
+    bool IsEditing() const { return m_editor != nullptr; }
+    /// What the user types into; null while there is no such editor.
+    QLineEdit* GetLine() const;
 
 signals:
     /// The editor is closed by then. The columns may be replaced in consequence.
-    void ValueGiven(int column, const QVariant& value);
+    void ValueGiven(int column, const QVariant& value, const QString& typed);
+    void EditorClosed();
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
@@ -38,6 +44,7 @@ protected:
 private:
     const TreeItemModel& Model() const;
     bool IsOffered(int column) const;
+    void MoveEditor();
     QRect EditorPlace(int column, const QWidget& editor) const;
     bool OnEditorKey(int key);
     void Give();

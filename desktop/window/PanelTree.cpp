@@ -2,6 +2,7 @@
 
 #include "columns/ColumnInfo.h"
 #include "desktop/window/PanelHead.h"
+#include "desktop/window/RefusalNote.h"
 #include "desktop/window/TreeItemModel.h"
 
 #include <QHeaderView>
@@ -59,7 +60,8 @@ QItemSelection RangesOf(const TreeItemModel& model, const std::vector<TreeRowPtr
 } // namespace
 
 PanelTree::PanelTree(QWidget* parent)
-    : QTreeView(parent), m_delegate(new RowDelegate(this)), m_head(new PanelHead(this)) {
+    : QTreeView(parent), m_delegate(new RowDelegate(this)), m_head(new PanelHead(this)),
+      m_refusalNote(new RefusalNote(this)) {
     setItemDelegate(m_delegate);
     setHeader(m_head);
     setUniformRowHeights(true);
@@ -87,9 +89,10 @@ PanelTree::PanelTree(QWidget* parent)
             [this](const QModelIndex& index) { OnExpanded(index, false); });
     connect(m_delegate, &RowDelegate::SpotClicked, this, &PanelTree::OnSpotClicked,
             Qt::QueuedConnection);
-    connect(m_head, &PanelHead::ValueGiven, this, [this](int column, const QVariant& value) {
-        m_model->EditHead(column, value);
-        OnEdited();
+    connect(m_head, &PanelHead::ValueGiven, this, &PanelTree::GiveHeadValue);
+    connect(m_head, &PanelHead::EditorClosed, this, [this] {
+        ForgetRefused();
+        emit EditorLeft();
     });
 }
 
@@ -112,7 +115,10 @@ void PanelTree::ShowModel(TreeItemModel* model) {
     // While the model is replaced, the head lays its columns out anew: no width is the user's then.
     connect(model, &TreeItemModel::modelAboutToBeReset, this, [this] {
         m_isFollowing = true;
+        m_head->CloseEditor();
         m_scrollPlace = verticalScrollBar()->value();
+        m_wasCurrentInSight =
+            currentIndex().isValid() && viewport()->rect().intersects(visualRect(currentIndex()));
     });
     connect(model, &TreeItemModel::modelReset, this, [this] {
         m_isFollowing = false;
@@ -143,6 +149,9 @@ void PanelTree::ApplyRowStates() {
     if (const auto place = std::exchange(m_scrollPlace, std::nullopt)) {
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(*place);
+        // A row that an edit has moved is followed; who has scrolled away from it stays there.
+        if (m_wasCurrentInSight && currentIndex().isValid())
+            scrollTo(currentIndex().siblingAtColumn(0));
     }
 }
 

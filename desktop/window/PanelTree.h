@@ -5,6 +5,8 @@
 
 #include "desktop/window/RowDelegate.h"
 
+#include <QPersistentModelIndex>
+#include <QPointer>
 #include <QTreeView>
 
 #include <optional>
@@ -17,6 +19,7 @@ class TreeTableRow;
 namespace desktop {
 
 class PanelHead;
+class RefusalNote;
 class TreeItemModel;
 
 class PanelTree final : public QTreeView {
@@ -29,15 +32,32 @@ public:
     void ShowModel(TreeItemModel* model);
     /// How high the tree must be to show its rows without scrolling.
     int HeightForRows() const;
-    /// An open editor is closed as by Enter.
-    void CommitEditor();
+    /// An editor of a cell or of a head is open, with what the user has typed so far.
+    bool IsEditing() const;
+    /// An open editor of a cell is closed as by Enter, one of a head as by Escape. False when an
+    /// editor stays open, since what stands in it was refused.
+    bool CommitEditor();
+    /// The input that is being taken from an editor was refused, for that reason: the editor stays
+    /// open, marked, with the reason beside it, until the input is mended or given up. Called from
+    /// inside TreeItemModel::InputAnswered.
+    void NoteRefusal(const QString& reason);
     /// Opens the editor in the head of the current column, if that offers one.
     void EditHead();
+    /// Takes the value of the current cell away, whatever stands there.
+    void ClearValue();
+    /// As a click on the chain in the current cell, where there is one.
+    void ClickSourceIcon();
+
+    using QTreeView::edit;
 
 signals:
     void SelectedRowsChanged();
     /// The user has edited or clicked something; the document may have changed.
     void Edited();
+    /// An editor was closed. Another one may be open by now.
+    void EditorLeft();
+    /// The user has typed on a cell that can't be edited.
+    void TypedInVain(const QString& column);
 
 protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -45,6 +65,11 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    /// Enter does what a click does: opens an editor, follows a link, gives a box its next state.
+    void keyPressEvent(QKeyEvent* event) override;
+    /// What is typed is for the current cell and never looks for a row.
+    void keyboardSearch(const QString& text) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     /// Tab moves along the row.
     bool event(QEvent* event) override;
     /// Left and Right fold, also where the tree is scrolled aside.
@@ -75,6 +100,16 @@ private:
     void MakeCurrent(const QModelIndex& index);
     void EditCell(const QModelIndex& index);
     void OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::Spot spot);
+    void OpenCurrent();
+    void GiveHeadValue(int column, const QVariant& value, const QString& typed);
+    /// The open editor of a cell; null for none.
+    QWidget* CellEditorWidget() const;
+    void HoldRefused(QWidget& editor);
+    /// Back to the editor of which the input was refused.
+    void ReturnToRefused();
+    /// The rows were built anew although the input was refused: its editor opens again.
+    void OpenRefusedAgain(const QString& typed);
+    void ForgetRefused();
     /// What stands in a cell's editor is taken when the hint says so.
     void CloseEditors(QAbstractItemDelegate::EndEditHint hint);
     /// False for an editor that went with its row, and for one that is just being closed, which may
@@ -86,7 +121,13 @@ private:
     TreeItemModel* m_model = nullptr;
     RowDelegate* m_delegate;
     PanelHead* m_head;
+    RefusalNote* m_refusalNote;
     QWidget* m_closing = nullptr;
+    QPersistentModelIndex m_edited;
+    /// Of the input that is being taken; empty when it was not refused.
+    QString m_refusal;
+    /// The open editor that holds a refused input.
+    QPointer<QWidget> m_refused;
     /// The tree is being made to follow the view in memory: what it tells is no news.
     bool m_isFollowing = false;
     /// The user has chosen a width for the name; until then it takes the room that is left.
@@ -94,6 +135,7 @@ private:
     /// Where the user was before the rows were replaced.
     int m_currentColumn = 0;
     std::optional<int> m_scrollPlace;
+    bool m_wasCurrentInSight = false;
 };
 
 } // namespace desktop

@@ -1,13 +1,28 @@
 // What the tree does with keys and clicks: moving along rows, folding, editing.
 #include "desktop/window/PanelHead.h"
 #include "desktop/window/PanelTree.h"
+#include "desktop/window/RefusalNote.h"
 #include "desktop/window/TreeItemModel.h"
 
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
 namespace desktop {
+
+namespace {
+
+/// The lines that the user types into.
+QList<QLineEdit*> LinesOf(QWidget& editor) {
+    QList<QLineEdit*> lines = editor.findChildren<QLineEdit*>();
+    if (auto* const line = qobject_cast<QLineEdit*>(&editor))
+        lines.append(line);
+    return lines;
+}
+
+} // namespace
 
 bool PanelTree::HasSpotAt(QPoint place) const {
     const QModelIndex index = indexAt(place);
@@ -66,6 +81,86 @@ bool PanelTree::event(QEvent* event) {
     return QTreeView::event(event);
 }
 
+void PanelTree::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex current = currentIndex();
+    // A key that an open editor has no use for comes here in the end.
+    if (state() == EditingState && !hasFocus()) {
+        QTreeView::keyPressEvent(event);
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (current.isValid() && event->modifiers() == Qt::NoModifier) {
+            OpenCurrent();
+            return;
+        }
+        break;
+    case Qt::Key_F2:
+        if (current.isValid() && !(current.flags() & Qt::ItemIsEditable)) {
+            OpenCurrent();
+            return;
+        }
+        break;
+    // The base folds by these, which are typed into cells as well.
+    case Qt::Key_Asterisk:
+    case Qt::Key_Plus:
+    case Qt::Key_Minus:
+        QAbstractItemView::keyPressEvent(event);
+        return;
+    default:
+        break;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+void PanelTree::keyboardSearch(const QString&) {
+    if (m_model && currentIndex().isValid())
+        emit TypedInVain(
+            m_model->headerData(currentIndex().column(), Qt::Horizontal, Qt::DisplayRole)
+                .toString());
+}
+
+bool PanelTree::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    const bool isOpened = QTreeView::edit(index, trigger, event);
+    if (isOpened && trigger != NoEditTriggers)
+        m_edited = index;
+    return isOpened;
+}
+
+void PanelTree::OpenCurrent() {
+    const QModelIndex current = currentIndex();
+    const CellLook look = TreeItemModel::LookOf(current);
+    if (look.link != LinkLook::None)
+        OnSpotClicked(current, RowDelegate::Spot::Link);
+    else if (look.kind == EditKind::Bool)
+        OnSpotClicked(current, RowDelegate::Spot::CheckBox);
+    else if (current.flags() & Qt::ItemIsEditable)
+        EditCell(current);
+    else
+        keyboardSearch({});
+}
+
+void PanelTree::ClearValue() {
+    const QModelIndex current = currentIndex();
+    if (!current.isValid() || IsEditing())
+        return;
+    const EditorRequest editor = TreeItemModel::EditorOf(current);
+    if (editor.kind != EditKind::Text && !editor.canBeEmpty) {
+        keyboardSearch({});
+        return;
+    }
+    m_model->setData(current, editor.kind == EditKind::Text ? QVariant(QString()) : QVariant(),
+                     Qt::EditRole);
+    OnEdited();
+}
+
+void PanelTree::ClickSourceIcon() {
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && !TreeItemModel::LookOf(current).sourceIcon.IsEmpty())
+        OnSpotClicked(current, RowDelegate::Spot::SourceIcon);
+}
+
 QModelIndex PanelTree::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     const QModelIndex current = currentIndex();
     if (!current.isValid())
@@ -104,7 +199,8 @@ QModelIndex PanelTree::NextEditable(const QModelIndex& from, int direction) cons
     for (int place = header()->visualIndex(from.column()) + direction;
          place >= 0 && place < header()->count(); place += direction) {
         const QModelIndex next = from.siblingAtColumn(header()->logicalIndex(place));
-        if (next.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable))
+        const CellLook look = TreeItemModel::LookOf(next);
+        if (look.kind != EditKind::None || (look.link != LinkLook::None && !look.isReadOnly))
             return next;
     }
     return from;
@@ -125,13 +221,24 @@ void PanelTree::EditHead() {
     m_head->OpenEditor(m_currentColumn);
 }
 
-void PanelTree::CommitEditor() {
+bool PanelTree::IsEditing() const {
+    return CellEditorWidget() || m_head->IsEditing();
+}
+
+QWidget* PanelTree::CellEditorWidget() const {
+    QWidget* const editor =
+        state() == EditingState && m_edited.isValid() ? indexWidget(m_edited) : nullptr;
+    return editor && IsOpen(*editor) ? editor : nullptr;
+}
+
+bool PanelTree::CommitEditor() {
     CloseEditors(QAbstractItemDelegate::SubmitModelCache);
+    return !IsEditing();
 }
 
 void PanelTree::CloseEditors(QAbstractItemDelegate::EndEditHint hint) {
     m_head->CloseEditor();
-    QWidget* const editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    QWidget* const editor = CellEditorWidget();
     if (!editor)
         return;
     if (hint == QAbstractItemDelegate::SubmitModelCache)
@@ -144,15 +251,87 @@ bool PanelTree::IsOpen(const QWidget& editor) const {
 }
 
 void PanelTree::commitData(QWidget* editor) {
-    if (!IsOpen(*editor))
+    if (!IsOpen(*editor) || editor == m_refused)
         return;
+    const auto* const line = qobject_cast<QLineEdit*>(editor);
+    const QString typed = line ? line->text() : QString();
+    m_refusal.clear();
     QTreeView::commitData(editor);
     OnEdited();
+    if (m_refusal.isEmpty() || qobject_cast<QComboBox*>(editor))
+        return;
+    if (IsOpen(*editor))
+        HoldRefused(*editor);
+    else if (line)
+        QMetaObject::invokeMethod(
+            this, [this, typed] { OpenRefusedAgain(typed); }, Qt::QueuedConnection);
+}
+
+void PanelTree::NoteRefusal(const QString& reason) {
+    m_refusal = reason;
+}
+
+void PanelTree::HoldRefused(QWidget& editor) {
+    m_refused = &editor;
+    m_refusalNote->ShowBeside(editor, m_refusal);
+    for (QLineEdit* const line : LinesOf(editor)) {
+        connect(line, &QLineEdit::textEdited, this, &PanelTree::ForgetRefused,
+                Qt::UniqueConnection);
+    }
+}
+
+void PanelTree::ForgetRefused() {
+    if (!m_refused)
+        return;
+    m_refused = nullptr;
+    m_refusalNote->Hide();
+    m_delegate->TakeAgain();
+}
+
+void PanelTree::ReturnToRefused() {
+    if (!m_refused || !m_edited.isValid())
+        return;
+    selectionModel()->setCurrentIndex(m_edited, QItemSelectionModel::ClearAndSelect |
+                                                    QItemSelectionModel::Rows);
+    if (m_refused)
+        m_refused->setFocus();
+}
+
+void PanelTree::OpenRefusedAgain(const QString& typed) {
+    const QString reason = m_refusal;
+    EditCell(currentIndex());
+    auto* const line = qobject_cast<QLineEdit*>(CellEditorWidget());
+    if (!line)
+        return;
+    line->setText(typed);
+    line->setModified(true);
+    m_refusal = reason;
+    HoldRefused(*line);
+}
+
+void PanelTree::GiveHeadValue(int column, const QVariant& value, const QString& typed) {
+    m_refusal.clear();
+    m_model->EditHead(column, value);
+    OnEdited();
+    if (m_refusal.isEmpty() || column >= m_model->columnCount())
+        return;
+    m_head->OpenEditor(column);
+    if (QLineEdit* const line = m_head->GetLine()) {
+        line->setText(typed);
+        line->setModified(true);
+        HoldRefused(*line);
+    }
 }
 
 void PanelTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     if (editor == m_closing)
         return;
+    if (editor == m_refused && hint != QAbstractItemDelegate::RevertModelCache) {
+        // The user may be on his way to another row; his input is not.
+        QMetaObject::invokeMethod(this, &PanelTree::ReturnToRefused, Qt::QueuedConnection);
+        return;
+    }
+    ForgetRefused();
     const bool isByKey = hint != QAbstractItemDelegate::NoHint;
     const int direction = hint == QAbstractItemDelegate::EditNextItem       ? 1
                           : hint == QAbstractItemDelegate::EditPreviousItem ? -1
@@ -168,6 +347,7 @@ void PanelTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint 
     const QModelIndex next = direction && from.isValid() ? NextEditable(from, direction) : from;
     if (next != from)
         EditCell(next);
+    emit EditorLeft();
 }
 
 void PanelTree::OnEdited() {

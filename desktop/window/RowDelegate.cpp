@@ -282,6 +282,11 @@ bool RowDelegate::editorEvent(QEvent* event, QAbstractItemModel*,
 }
 
 bool RowDelegate::eventFilter(QObject* editor, QEvent* event) {
+    // Another window came to the front, perhaps a dialog that nobody asked for: the editor stays as
+    // it is until the user leaves it.
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason)
+        return false;
     // Shift and Enter types a line break; the base would take it for Enter.
     const bool isTyped = event->type() == QEvent::KeyPress && qobject_cast<TextEdit*>(editor) &&
                          TextEdit::TypesLineBreak(*static_cast<QKeyEvent*>(event));

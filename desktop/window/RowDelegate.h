@@ -33,6 +33,8 @@ public:
     /// Once for each editor.
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
+    /// The open editor's input was refused and is being mended: it may be given once more.
+    void TakeAgain() { m_committed = nullptr; }
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 

@@ -112,7 +112,7 @@ public:
             const Shown& before = m_before[static_cast<std::size_t>(i)];
             if (Look(m_cells[i]) != before)
                 return true;
-            isThere = isThere && (input == before.value || input.toString() == before.text);
+            isThere = isThere && StandsIn(m_cells[i], input);
         }
         return isThere;
     }
@@ -124,6 +124,21 @@ private:
 
         friend bool operator==(const Shown&, const Shown&) = default;
     };
+
+    /// The row of a group shows little of its members: each of them has to have the value.
+    static bool StandsIn(const QModelIndex& cell, const QVariant& input) {
+        const TreeTableRow& row = TreeItemModel::RowOf(cell);
+        if (row.GetChildCount() == 0 || !row.GetParentRow()) {
+            const Shown shown = Look(cell);
+            return input == shown.value || input.toString() == shown.text;
+        }
+        const auto& model = static_cast<const TreeItemModel&>(*cell.model());
+        for (std::size_t i = 0; i < row.GetChildCount(); ++i) {
+            if (!StandsIn(model.IndexOf(row.GetChildRow(i), cell.column()), input))
+                return false;
+        }
+        return true;
+    }
 
     static Shown Look(const QModelIndex& cell) {
         return {cell.data(Qt::EditRole), cell.data(Qt::DisplayRole).toString()};

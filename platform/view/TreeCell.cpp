@@ -89,27 +89,4 @@ bool TreeCell::Accepts(const CellInput& input) const {
     return false;
 }
 
-bool TreeCell::Holds(const CellInput& input) const {
-    if (std::holds_alternative<std::monostate>(input))
-        return !HasValue();
-    if (!HasValue())
-        return false;
-    switch (m_kind) {
-    case CellKind::None:
-    case CellKind::Link:
-        return false;
-    case CellKind::Text:
-        return input == CellInput(GetText());
-    case CellKind::Int:
-        return input == CellInput(GetInt());
-    case CellKind::Double:
-        return input == CellInput(GetNumber());
-    case CellKind::Bool:
-        return input == CellInput(GetBool());
-    case CellKind::List:
-        return input == CellInput(ListIndex{GetListIndex()});
-    }
-    return false;
-}
-
 } // namespace platform

@@ -83,8 +83,6 @@ public:
     SharedText GetShownText() const;
     /// Whether a user can leave that in the cell: it is editable and of the input's kind.
     bool Accepts(const CellInput& input) const;
-    /// Whether that is what stands in the cell.
-    bool Holds(const CellInput& input) const;
 
 private:
     friend class TreeTableRow;

@@ -102,8 +102,6 @@ bool TreeTableView::EditCellByUser(TreeTableRow& row, const std::wstring& column
     const TreeCell* const cell = CanEdit(row) ? row.FindCell(columnId) : nullptr;
     if (!cell || !cell->Accepts(input))
         return false;
-    if (cell->Holds(input))
-        return true;
     const SharedText column = row.GetColumnOf(*cell);
     const RowInput left{&row, RowInput::Place::Cell, m_hub->GetNames().IdOf(column), input};
     const InputScope scope(row, left);
@@ -115,8 +113,6 @@ bool TreeTableView::EditCellByUser(TreeTableRow& row, const std::wstring& column
 bool TreeTableView::EditNameByUser(TreeTableRow& row, const SharedText& text) {
     if (!CanEdit(row) || !row.IsNameEditable() || row.IsNameHypertext())
         return false;
-    if (row.GetNameText() == text)
-        return true;
     const RowInput left{&row, RowInput::Place::Name, 0, text};
     const InputScope scope(row, left);
     return CallControl(row, [](IfProductTreeCtrl& control, ProductTreeItemData& data) {
@@ -130,8 +126,6 @@ bool TreeTableView::EditMarkingByUser(TreeTableRow& row, const MarkingParts& par
     const MarkingParts present = row.GetMarking().GetParts();
     if (!IsMarkingAcceptable(row.GetMarking(), present, parts))
         return false;
-    if (parts == present)
-        return true;
     const RowInput left{&row, RowInput::Place::Marking, 0, {}, parts};
     const InputScope scope(row, left);
     return CallControl(row, [](IfProductTreeCtrl& control, ProductTreeItemData& data) {

@@ -1,5 +1,6 @@
 #include "desktop/window/DesignationEdit.h"
 #include "desktop/window/PanelHead.h"
+#include "desktop/window/RefusalNote.h"
 #include "desktop/window/TreeItemModel.h"
 #include "host/ProductProperties.h"
 #include "platform/view/TreeTableView.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QStatusBar>
@@ -75,6 +77,7 @@ protected:
     }
     bool IsEditing() const { return !Tree().findChildren<QLineEdit*>().isEmpty() && OpenLine(); }
     QLineEdit* OpenLine() const { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
+    QLabel* FindNote() const { return Tree().findChild<desktop::RefusalNote*>(); }
     QStringList ColumnTexts(int column) const {
         QStringList texts;
         for (int row = 0; row < 5; ++row)
@@ -136,14 +139,23 @@ TEST_F(EditingTest, AnInputIsTakenOrTheOldValueStands) {
         {"in shown units", m_length, "12.5", Qt::Key_Return, "12.5", ""},
         {"above the limit in shown units", m_length, "2000.5", Qt::Key_Return, "12.5",
          "Length, mm: not taken, from 0 to 2000 is allowed"},
-        {"left as it is", m_length, "", Qt::Key_Return, "12.5",
-         "Length, mm: not taken, from 0 to 2000 is allowed"},
+        {"left as it is", m_length, "", Qt::Key_Return, "12.5", ""},
         {"a text", m_note, "a", Qt::Key_Return, "a", ""},
     };
     for (const auto& input : cases) {
+        m_window->statusBar()->clearMessage();
         Edit(At({0, 0}, input.column), input.typed, input.key);
         EXPECT_EQ(TextAt({0, 0}, input.column), input.shown) << input.what;
         EXPECT_EQ(m_window->statusBar()->currentMessage().toStdString(), input.told) << input.what;
+        // What was refused stays in its editor until it is mended or given up.
+        const bool isRefused = *input.told != '\0';
+        EXPECT_EQ(IsEditing(), isRefused) << input.what;
+        if (!isRefused)
+            continue;
+        EXPECT_EQ(OpenLine()->text(), input.typed) << input.what;
+        EXPECT_TRUE(FindNote()->isVisible() && FindNote()->text() == input.told) << input.what;
+        Press(Qt::Key_Escape);
+        EXPECT_FALSE(IsEditing() || FindNote()->isVisible()) << input.what;
     }
     Tree().setCurrentIndex(At({0, 0}, m_length));
     Press(Qt::Key_F2);
@@ -300,12 +312,85 @@ TEST_F(EditingTest, AListOffersItsValues) {
     EXPECT_EQ(TextAt({0, 0}, m_finish), "Raw");
 }
 
-TEST_F(EditingTest, AReadOnlyValueOpensNoEditor) {
-    Tree().setCurrentIndex(At({0, 0}, m_batch));
-    Press(Qt::Key_F2);
-    EXPECT_FALSE(IsEditing());
-    EXPECT_FALSE(At({0, 0}, m_batch).flags() & Qt::ItemIsEditable);
+TEST_F(EditingTest, TypingWhereNothingCanBeEditedSaysSoAndDoesNothingElse) {
+    for (const QModelIndex& cell : {At({0, 0}, m_batch), At({0}, 0)}) {
+        Tree().setCurrentIndex(cell);
+        const QString column = Tree().model()->headerData(cell.column(), Qt::Horizontal).toString();
+        for (const char* typed : {"part b", "7850", "-5*+"}) {
+            m_window->statusBar()->clearMessage();
+            Type(typed);
+            EXPECT_EQ(m_window->statusBar()->currentMessage(),
+                      column + " can't be edited in this row");
+        }
+        Press(Qt::Key_F2);
+        EXPECT_FALSE(IsEditing());
+        EXPECT_EQ(Tree().currentIndex(), cell);
+        EXPECT_TRUE(Tree().isExpanded(At({0})));
+    }
+    EXPECT_FALSE(m_window->isWindowModified());
     Shoot("read-only");
+}
+
+TEST_F(EditingTest, ARefusedInputWaitsInItsEditorForTheUser) {
+    Edit(At({0, 0}, m_teeth), "201");
+    ASSERT_TRUE(IsEditing());
+    Shoot("refused-cell");
+    // On the way to another row, to another window, and by a command.
+    Click(At({0, 2}, m_note));
+    EXPECT_EQ(OpenLine()->text(), "201");
+    EXPECT_EQ(Tree().currentIndex(), At({0, 0}, m_teeth));
+    Trigger("Number Positions");
+    EXPECT_FALSE(m_window->close());
+    ASSERT_TRUE(IsEditing());
+    Press(Qt::Key_Backspace);
+    EXPECT_FALSE(FindNote()->isVisible());
+    Press(Qt::Key_Return);
+    EXPECT_EQ(TextAt({0, 0}, m_teeth), "20");
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(EditingTest, EnterOpensWhatAClickOpens) {
+    Tree().setCurrentIndex(At({0, 0}, m_note));
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(IsEditing());
+    Press(Qt::Key_Escape);
+    Tree().setCurrentIndex(At({0, 0}, m_spare));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(At({0, 0}, m_spare).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    Tree().setCurrentIndex(At({0, 0}, m_teeth));
+    Trigger("Value by Source");
+    EXPECT_EQ(desktop::TreeItemModel::LookOf(At({0, 0}, m_teeth)).sourceIcon.Str(),
+              L"PRODUCTTREE_VAL_NOT_BY_SRC");
+}
+
+TEST_F(EditingTest, AGroupIsEmptiedWhereItShowsNothing) {
+    support::Product product;
+    product.Root(L"r").NoSectionRows().Columns({L"note", L"user.1003"});
+    product.UserProperty(1003, L"Spare", c_boolean);
+    for (const char* const key : {"x", "y"}) {
+        product.Object(key)
+            .Name(L"Pin")
+            .Designation(L"P.1")
+            .Value(L"note", SimplePropVal(Text(key)))
+            .Value(L"user.1003", SimplePropVal(*key == 'x'))
+            .Uses();
+    }
+    Show(product);
+    Tree().expandAll();
+    ASSERT_EQ(TextAt({0}, 2), "x;y");
+    Tree().setCurrentIndex(At({0}, 2));
+    Press(Qt::Key_F2);
+    Press(Qt::Key_Return);
+    EXPECT_FALSE(m_window->isWindowModified()) << "untouched";
+    Type("z");
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(TextAt({0}, 2) + TextAt({0, 0}, 2) + TextAt({0, 1}, 2), "");
+    EXPECT_TRUE(m_window->isWindowModified());
+
+    Tree().setCurrentIndex(At({0}, 3));
+    Trigger("Clear Value");
+    EXPECT_EQ(At({0, 0}, 3).data(Qt::CheckStateRole).toInt(), Qt::PartiallyChecked);
 }
 
 TEST_F(EditingTest, TheSourceIconUntiesAValueAndTiesItAgain) {
@@ -355,7 +440,12 @@ TEST_F(EditingTest, AHeadTellsOfAValueThatNoRowHasTaken) {
     EXPECT_EQ(ColumnTexts(m_teeth), QStringList(5, "17"));
     EXPECT_EQ(m_window->statusBar()->currentMessage(),
               "Teeth: not taken, from 0 to 200 is allowed");
+    ASSERT_TRUE(OpenLine());
+    EXPECT_EQ(OpenLine()->text(), "201");
     Shoot("refused");
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(ColumnTexts(m_teeth), QStringList(5, "20"));
 }
 
 TEST_F(EditingTest, AHeadOffersNothingForOneRowOrWithoutInput) {

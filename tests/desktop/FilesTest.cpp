@@ -6,6 +6,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QTest>
 
 #include <algorithm>
 #include <fstream>
@@ -128,6 +130,20 @@ TEST_F(FilesTest, AFileChangedByAnotherProgramIsReadAgain) {
     // A file that took the place of the watched one is watched in turn.
     ASSERT_FALSE(store::WriteProductFile(m_file, Gearbox(L"Another one")));
     WaitForName("Another one");
+}
+
+TEST_F(FilesTest, AHalfTypedTextOutlivesAFileThatOthersChange) {
+    Tree().setCurrentIndex(At({0, 0}));
+    Tree().edit(At({0, 0}));
+    Type("Half");
+    ASSERT_FALSE(store::WriteProductFile(m_file, Gearbox(L"Theirs")));
+    QTest::qWait(400);
+    auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->text(), "Half");
+    EXPECT_EQ(NameInFile(m_file), L"Theirs");
+    Press(Qt::Key_Escape);
+    WaitForName("Theirs");
 }
 
 TEST_F(FilesTest, AnInvalidFileIsToldOfInOneLineAndTheProductStays) {

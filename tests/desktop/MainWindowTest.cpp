@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -211,6 +212,25 @@ TEST_F(MainWindowTest, MassesEnterTheProductAndTheUsersViewOfItStays) {
               "Gearbox [Parts (x3) [Case | >>Pin (x2)+]]");
     EXPECT_FALSE(m_window->isWindowModified());
     EXPECT_FALSE(Action("Undo")->isEnabled());
+}
+
+TEST_F(MainWindowTest, MassesWaitForAnOpenEditor) {
+    SlowMeasuring& measuring = StartSlowMasses();
+    Tree().expandAll();
+    const QModelIndex cell = At({0, 0});
+    Tree().setCurrentIndex(cell);
+    Tree().edit(cell);
+    Type("Lid");
+    measuring.LetEnd();
+    WaitForText("1 part measured");
+    QApplication::processEvents();
+    auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->text(), "Lid");
+    EXPECT_FALSE(m_window->isWindowModified());
+    Press(Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(TextAt({0, 0}, 0), "Lid");
 }
 
 TEST_F(MainWindowTest, MassesCanBeCancelled) {

@@ -116,19 +116,6 @@ TEST_F(ViewEdits, WhatACellCanNotHoldNeverReachesTheControl) {
     EXPECT_EQ(m_control.TakeLog(), "");
 }
 
-TEST_F(ViewEdits, AnInputThatStandsThereAlreadyIsNone) {
-    const std::pair<const wchar_t*, CellInput> cases[] = {
-        {L"note", SharedText(L"a<b")}, {L"count", 3}, {L"mass", 0.25}, {L"visible", true},
-        {L"section", ListIndex{1}},
-    };
-    for (const auto& [column, input] : cases)
-        EXPECT_TRUE(m_view->EditCellByUser(*m_row, column, input));
-    EXPECT_TRUE(m_view->EditNameByUser(*m_row, L"a"));
-    EXPECT_TRUE(m_view->EditMarkingByUser(*m_row, m_designation));
-    EXPECT_EQ(m_control.TakeLog(), "");
-    EXPECT_EQ(Take(*m_view), "");
-}
-
 TEST_F(ViewEdits, WhatTheLibraryWritesTakesThePlaceOfTheInputAtOnce) {
     struct Case {
         const char* what;
