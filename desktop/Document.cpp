@@ -94,7 +94,35 @@ void AddMass(platform::ObjectRecord& object, double mass) {
         object.properties.emplace_back(number, PropValue(SimplePropVal(mass)));
 }
 
+constexpr const char* c_unnamed = "Unnamed";
+
 } // namespace
+
+Document MakeEmptyDocument() {
+    Document document;
+    document.model.root.key = UniqueMetaObjectKey(std::string("product"));
+    return MakeUnnamed(std::move(document));
+}
+
+Document MakeUnnamed(Document document) {
+    document.path = c_unnamed;
+    document.mark.reset();
+    document.isNew = true;
+    return document;
+}
+
+std::optional<FileError> FindWhatStands(const std::filesystem::path& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error) ||
+        std::filesystem::file_size(path, error) == 0)
+        return std::nullopt;
+    const auto kind = TellKind(path);
+    if (const auto* const known = std::get_if<FileKind>(&kind); known && *known == FileKind::Step)
+        return FileError{"is a STEP file and is not written over"};
+    if (std::holds_alternative<FileError>(store::ReadProductFile(path)))
+        return FileError{"holds something else than a product and is not written over"};
+    return std::nullopt;
+}
 
 std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,
                                                const step::StepOptions& options) {

@@ -25,7 +25,18 @@ struct Document {
     std::optional<FileMark> mark;
     /// A line each.
     std::vector<std::string> notes;
+    /// There is no file yet: `path` is a name to show and to begin with.
+    bool isNew = false;
 };
+
+/// A product with nothing in it.
+Document MakeEmptyDocument();
+/// The product of a file as one that has none.
+Document MakeUnnamed(Document document);
+
+/// Why no product may be written there: what stands in the file is none. No value for a file that
+/// holds a product or nothing, and where there is no file.
+std::optional<FileError> FindWhatStands(const std::filesystem::path& path);
 
 /// The options that choose what is shown of a STEP file are an error for a product file.
 std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,

@@ -34,7 +34,8 @@ void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
 
 Session::Session(Document document)
     : m_path(std::move(document.path)), m_notes(std::move(document.notes)),
-      m_step(std::move(document.step)), m_mark(document.mark), m_isProductFile(!m_step),
+      m_step(std::move(document.step)), m_mark(document.mark),
+      m_isProductFile(!m_step && !document.isNew),
       m_product(std::make_shared<platform::MemoryProduct>(std::move(document.model))),
       m_frame(std::make_unique<platform::HostFrame>(m_product)) {}
 
@@ -141,7 +142,7 @@ void Session::TellPanel() const {
 }
 
 bool Session::IsModified() const {
-    return m_product->IsModified() || m_hasUnsavedMeasures;
+    return m_product->IsModified() || m_hasUnsavedMeasures || m_isFileGone;
 }
 
 std::filesystem::path Session::GetProductPath() const {
@@ -150,34 +151,40 @@ std::filesystem::path Session::GetProductPath() const {
 }
 
 std::optional<FileError> Session::SaveAs(const std::filesystem::path& path) {
-    std::error_code ignored;
-    if (!m_isProductFile && std::filesystem::equivalent(path, m_path, ignored))
-        return FileError{"is the STEP file that the product comes from"};
+    // What was written last needs no second look.
+    const bool isOurs = m_isProductFile && m_mark && FileMark::Take(path) == m_mark;
+    if (auto error = isOurs ? std::nullopt : FindWhatStands(path))
+        return error;
     if (auto error = store::WriteProductFile(path, m_product->GetModel()))
         return error;
     m_path = path;
     m_isProductFile = true;
     m_hasUnsavedMeasures = false;
+    m_isFileGone = false;
     m_mark = FileMark::Take(path);
     m_product->MarkSaved();
     return std::nullopt;
 }
 
-bool Session::NoticeChangeOnDisk() {
+FileNews Session::NoticeChangeOnDisk() {
     if (!m_isProductFile)
-        return false;
+        return FileNews::None;
+    std::error_code error;
+    const bool wasGone = std::exchange(m_isFileGone, !std::filesystem::exists(m_path, error));
+    if (m_isFileGone)
+        return wasGone ? FileNews::None : FileNews::Gone;
     const std::optional<FileMark> mark = FileMark::Take(m_path);
     if (!mark || mark == m_mark)
-        return false;
+        return FileNews::None;
     m_mark = mark;
-    return true;
+    return FileNews::Changed;
 }
 
-std::optional<FileError> Session::Reload() {
+std::optional<FileError> Session::Reload(const SharedText& stepName) {
     auto read = store::ReadProductFile(m_path);
     if (auto* error = std::get_if<FileError>(&read))
         return std::move(*error);
-    m_product->Replace(std::get<platform::ProductModel>(std::move(read)));
+    m_product->Replace(std::get<platform::ProductModel>(std::move(read)), stepName);
     m_hasUnsavedMeasures = false;
     m_frame->TellDocumentChanged(true);
     return std::nullopt;

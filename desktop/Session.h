@@ -23,6 +23,14 @@ struct ValueLimits {
     std::optional<double> max;
 };
 
+enum class FileNews {
+    None,
+    /// Its contents are others.
+    Changed,
+    /// It was deleted or renamed: the product is to be saved again.
+    Gone
+};
+
 class Session {
 public:
     /// The panel is built when this returns.
@@ -65,18 +73,19 @@ public:
 
     /// Closing would lose something.
     bool IsModified() const;
-    /// False for a STEP file: what becomes of it is saved as a product file beside it.
+    /// False for a STEP file, of which a product file is saved beside it, and for a product that
+    /// has no file yet.
     bool IsProductFile() const { return m_isProductFile; }
     /// The product file itself, or the usual name for one.
     std::filesystem::path GetProductPath() const;
-    /// The session is that of the written file from then on. With an error nothing has changed.
+    /// The session is that of the written file from then on. With an error nothing has changed. A
+    /// file that holds something else than a product is not written over.
     std::optional<FileError> SaveAs(const std::filesystem::path& path);
-    /// True once for each change of the product file's contents by another program. A file that is
-    /// gone has not changed.
-    bool NoticeChangeOnDisk();
-    /// Shows what the product file holds now; there is nothing to undo then. With an error
-    /// everything stays as it is.
-    std::optional<FileError> Reload();
+    /// What another program has done to the product file, each time once.
+    FileNews NoticeChangeOnDisk();
+    /// Shows what the product file holds now, as a step of that name. With an error everything
+    /// stays as it is.
+    std::optional<FileError> Reload(const SharedText& stepName);
 
 private:
     void TellPanel() const;
@@ -89,6 +98,8 @@ private:
     bool m_isProductFile;
     /// Measures came after the product was saved; the document does not count them as a change.
     bool m_hasUnsavedMeasures = false;
+    /// Nothing of the product is on disk any more.
+    bool m_isFileGone = false;
     std::shared_ptr<platform::MemoryProduct> m_product;
     std::unique_ptr<platform::HostFrame> m_frame;
 };

@@ -59,16 +59,23 @@ int RunHeadless(std::unique_ptr<Session> session, CommandLine options) {
 }
 
 int Run(const CommandLine& options, const std::filesystem::path& file) {
+    const bool isWindowWanted =
+        options.print == PrintForm::None && options.screenshot.empty() && HasDisplay();
     auto opened = OpenDocument(file, options.step);
     if (const auto* error = std::get_if<FileError>(&opened)) {
         Complain(file, error->reason);
+        if (isWindowWanted)
+            RunEmptyWindow(file, *error);
         return c_fileError;
     }
-    auto session = std::make_unique<Session>(std::get<Document>(std::move(opened)));
+    auto document = std::get<Document>(std::move(opened));
+    // The sample is there to be looked at and tried, not to be written over.
+    if (options.file.empty())
+        document = MakeUnnamed(std::move(document));
+    auto session = std::make_unique<Session>(std::move(document));
     for (const std::string& note : session->GetNotes())
         Complain(file, note);
-    const bool isWindowWanted = options.print == PrintForm::None && options.screenshot.empty();
-    if (!isWindowWanted || !HasDisplay())
+    if (!isWindowWanted)
         return RunHeadless(std::move(session), options);
     if (options.showsAllRows)
         session->ExpandAll();

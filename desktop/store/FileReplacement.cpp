@@ -1,7 +1,11 @@
 #include "desktop/store/FileReplacement.h"
 
 #include <cerrno>
+#include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
+#include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -19,18 +23,55 @@ FileError SystemError(int code) {
     return FileError{std::generic_category().message(code)};
 }
 
+constexpr std::string_view c_temporaryStem = ".product-tree-";
+
+/// Takes away what a save in that folder has left whose program was killed: the name says which
+/// program that was, and it holds its file locked while it writes.
+void RemoveLeftovers(const fs::path& folder) {
+    std::error_code error;
+    for (auto entry = fs::directory_iterator(folder, error); !error && entry != fs::end(entry);
+         entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (!name.starts_with(c_temporaryStem))
+            continue;
+        const int owner = std::atoi(name.c_str() + c_temporaryStem.size());
+        const bool isGone = owner > 0 && ::kill(owner, 0) != 0 && errno == ESRCH;
+        const int file =
+            isGone ? ::open(entry->path().c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC) : -1;
+        if (file < 0)
+            continue;
+        if (::flock(file, LOCK_EX | LOCK_NB) == 0)
+            ::unlink(entry->path().c_str());
+        ::close(file);
+    }
+}
+
+bool WriteAll(int file, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(file, text.data(), text.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return ::fsync(file) == 0;
+}
+
 /// A new file beside the one to replace, since a file can be renamed only within its file system.
 /// Unless it has taken the place of the other, it is gone with this object.
 class TemporaryFile final {
 public:
     explicit TemporaryFile(const fs::path& folder) {
-        const std::string stem = ".product-tree-" + std::to_string(::getpid()) + '-';
+        const std::string stem = std::string(c_temporaryStem) + std::to_string(::getpid()) + '-';
         for (int i = 0; i < c_attempts && m_file < 0; ++i) {
             m_path = folder / (stem + std::to_string(i));
             m_file = ::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, c_newFileMode);
             if (m_file < 0 && errno != EEXIST)
                 return;
         }
+        if (m_file >= 0)
+            ::flock(m_file, LOCK_EX | LOCK_NB);
     }
     ~TemporaryFile() {
         if (m_file >= 0)
@@ -43,19 +84,17 @@ public:
 
     bool IsOpen() const noexcept { return m_file >= 0; }
 
-    bool Write(std::string_view text) const {
-        while (!text.empty()) {
-            const ssize_t written = ::write(m_file, text.data(), text.size());
-            if (written < 0 && errno == EINTR)
-                continue;
-            if (written < 0)
-                return false;
-            text.remove_prefix(static_cast<std::size_t>(written));
-        }
-        return ::fsync(m_file) == 0;
-    }
+    bool Write(std::string_view text) const { return WriteAll(m_file, text); }
 
-    bool TakeMode(mode_t mode) const { return ::fchmod(m_file, mode) == 0; }
+    /// Owner, group and mode of the file to replace.
+    bool TakeRights(const struct stat& old) const {
+        struct stat own {};
+        if (::fstat(m_file, &own) != 0)
+            return false;
+        const bool isOwnersSame = own.st_uid == old.st_uid && own.st_gid == old.st_gid;
+        return (isOwnersSame || ::fchown(m_file, old.st_uid, old.st_gid) == 0) &&
+               ::fchmod(m_file, old.st_mode & 07777) == 0;
+    }
 
     bool Replace(const fs::path& target) {
         m_isKept = ::rename(m_path.c_str(), target.c_str()) == 0;
@@ -67,6 +106,18 @@ private:
     int m_file = -1;
     bool m_isKept = false;
 };
+
+/// For a file of somebody else's, which a new one could not be made to belong to.
+std::optional<FileError> WriteInPlace(const fs::path& target, std::string_view text) {
+    const int file = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    if (file < 0)
+        return SystemError(errno);
+    std::optional<FileError> error;
+    if (!WriteAll(file, text))
+        error = SystemError(errno);
+    ::close(file);
+    return error;
+}
 
 } // namespace
 
@@ -85,11 +136,13 @@ std::optional<FileError> ReplaceFile(const fs::path& path, std::string_view text
         return SystemError(errno);
 
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    RemoveLeftovers(folder);
     TemporaryFile file(folder);
     if (!file.IsOpen() || !file.Write(text))
         return SystemError(errno);
-    if (isThere && !file.TakeMode(old.st_mode & 07777))
-        return SystemError(errno);
+    // The new text is safe in the temporary file meanwhile.
+    if (isThere && !file.TakeRights(old))
+        return WriteInPlace(target, text);
     if (!file.Replace(target))
         return SystemError(errno);
     return std::nullopt;

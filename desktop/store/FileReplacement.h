@@ -10,7 +10,8 @@
 
 namespace desktop::store {
 
-/// No value: written. A link is followed; an existing file keeps its permissions.
+/// No value: written. A link is followed; an existing file keeps its
+/// owner, group and mode. What a killed program has left of an earlier attempt in that folder goes.
 std::optional<FileError> ReplaceFile(const std::filesystem::path& path, std::string_view text);
 
 } // namespace desktop::store

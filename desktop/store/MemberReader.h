@@ -22,12 +22,18 @@ struct ReadFault {
 
 [[noreturn]] void Refuse(TextPosition at, const ModelPath& path, std::string_view reason);
 
+inline constexpr std::size_t c_mostUses = 10'000'000;
+/// That, or fewer where memory has no room for so many.
+std::size_t MostUses();
+
 /// What is known when objects are read.
 struct ReadContext {
     PropertyNames names;
     std::optional<platform::StyleRecord> style;
-    /// Uses that may still come. A file of a few bytes could ask for more than memory holds.
-    std::size_t usesLeft = 1'000'000;
+    /// Uses that a product may have, and that may still come. A file of a few bytes could ask for
+    /// more than memory holds.
+    std::size_t mostUses = MostUses();
+    std::size_t usesLeft = mostUses;
 };
 
 void Decode(const JsonValue& json, const ModelPath& path, bool& value);
@@ -130,7 +136,7 @@ private:
     template <class Add>
     void ReadProperties(std::string_view name, const Add& add);
     void AddUses(const JsonValue& json, const ModelPath& path, platform::ObjectRecord& object);
-    void CountUses(std::size_t count, TextPosition at, const ModelPath& path);
+    void CheckUses(std::size_t count, TextPosition at, const ModelPath& path);
 
     const JsonValue& m_json;
     const JsonObject& m_object;

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -54,12 +55,19 @@ DialogDecisions::ChooseFile(const platform::FileRequest& request) {
     const QString title = ToQString(request.title);
     const QString start = QString::fromStdString(request.start.string());
     const QString filter = FilterOf(request.patterns);
-    const QString chosen = request.forWriting
-                               ? QFileDialog::getSaveFileName(&m_window, title, start, filter)
-                               : QFileDialog::getOpenFileName(&m_window, title, start, filter);
-    if (chosen.isEmpty())
+    QFileDialog dialog(&m_window, title, {}, filter);
+    dialog.setAcceptMode(request.forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // Added here, so that the dialog asks about the very file that would be written over.
+    if (request.forWriting)
+        dialog.setDefaultSuffix(QStringLiteral("json"));
+    if (const QFileInfo place(start); place.isDir())
+        dialog.setDirectory(start);
+    else
+        dialog.selectFile(start);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    return std::filesystem::path(QFile::encodeName(chosen).toStdString());
+    return std::filesystem::path(QFile::encodeName(dialog.selectedFiles().front()).toStdString());
 }
 
 std::optional<SharedText> DialogDecisions::EnterText(const platform::TextRequest& request) {

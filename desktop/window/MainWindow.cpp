@@ -140,7 +140,11 @@ QWidget* MainWindow::MakePanel() {
     m_file->setForegroundRole(QPalette::PlaceholderText);
     m_tree = new PanelTree;
     connect(m_tree, &PanelTree::SelectedRowsChanged, this, &MainWindow::ShowCounts);
-    connect(m_tree, &PanelTree::Edited, this, &MainWindow::ShowState);
+    connect(m_tree, &PanelTree::Edited, this, [this] {
+        // What was said of the time before is no news any more.
+        m_note->clear();
+        ShowState();
+    });
     connect(m_tree, &PanelTree::EditorLeft, this, &MainWindow::DoWhatWaits, Qt::QueuedConnection);
     connect(m_tree, &PanelTree::TypedInVain, this, [this](const QString& column) {
         statusBar()->showMessage(tr("%1 can't be edited in this row").arg(column),
@@ -284,6 +288,7 @@ void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVari
                                  bool isTaken) {
     if (isTaken) {
         statusBar()->clearMessage();
+        m_note->clear();
         return;
     }
     QString text = tr("%1: not taken").arg(QString::fromStdWString(column.caption));

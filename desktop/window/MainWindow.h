@@ -40,6 +40,8 @@ public:
     /// Asks what is to become of unsaved changes first. A file that can't be opened is told of;
     /// what was shown stays.
     void OpenFile(const std::filesystem::path& path, const step::StepOptions& options);
+    /// Says that the file can't be opened.
+    void TellUnopened(const std::filesystem::path& path, const FileError& error);
     /// Measures the parts in the background, from which masses follow. Nothing happens for a
     /// product file.
     void StartMasses();

@@ -73,15 +73,19 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
         StartMasses();
         return;
     }
-    TellError(tr("The file can't be opened"), path, error);
+    TellUnopened(path, error);
     if (wasMeasuring)
         StartMasses();
+}
+
+void MainWindow::TellUnopened(const std::filesystem::path& path, const FileError& error) {
+    TellError(tr("The file can't be opened"), path, error);
 }
 
 bool MainWindow::Save() {
     if (!m_tree->CommitEditor())
         return false;
-    return m_session->IsProductFile() ? SaveTo(m_session->GetPath()) : SaveAs();
+    return (m_session->IsProductFile() && SaveTo(m_session->GetPath())) || SaveAs();
 }
 
 bool MainWindow::SaveAs() {
@@ -92,8 +96,16 @@ bool MainWindow::SaveAs() {
     request.patterns = {L"*.json"};
     request.start = m_session->GetProductPath();
     request.forWriting = true;
-    const auto chosen = m_decisions->ChooseFile(request);
-    return chosen && SaveTo(*chosen);
+    // Until it is written somewhere, or he gives up.
+    while (std::optional<std::filesystem::path> chosen = m_decisions->ChooseFile(request)) {
+        std::error_code error;
+        if (!chosen->has_extension() && !std::filesystem::exists(*chosen, error))
+            chosen->replace_extension(".json");
+        if (SaveTo(*chosen))
+            return true;
+        request.start = *chosen;
+    }
+    return false;
 }
 
 bool MainWindow::SaveTo(const std::filesystem::path& path) {
@@ -102,7 +114,7 @@ bool MainWindow::SaveTo(const std::filesystem::path& path) {
         return false;
     }
     m_watch.Watch(path);
-    m_note->setText(tr("Saved"));
+    m_note->setText(tr("Saved as %1").arg(ToQString(path.filename())));
     ShowCaption();
     ShowState();
     return true;
@@ -139,13 +151,26 @@ void MainWindow::OnFileTouched() {
 }
 
 void MainWindow::TakeFileNews() {
-    if (!m_session->NoticeChangeOnDisk() || !MayReload())
-        return;
     const QString file = ToQString(m_session->GetPath().filename());
-    const std::optional<FileError> error = m_session->Reload();
-    m_note->setText(error ? tr("%1 was changed by another program and can't be read: %2")
-                                .arg(file, QString::fromStdString(error->reason))
-                          : tr("%1 was changed by another program and read again").arg(file));
+    switch (m_session->NoticeChangeOnDisk()) {
+    case FileNews::None:
+        return;
+    case FileNews::Gone:
+        m_note->setText(
+            tr("%1 was deleted or renamed by another program; Save writes it again").arg(file));
+        break;
+    case FileNews::Changed:
+        if (!MayReload())
+            return;
+        const std::optional<FileError> error = m_session->Reload(ToText(tr("Reading Again")));
+        m_note->setText(
+            error ? tr("%1 was changed by another program and can't be read: %2")
+                        .arg(file, QString::fromStdString(error->reason))
+                  : tr("%1 was changed by another program and read again; Undo brings back what "
+                       "was here")
+                        .arg(file));
+        break;
+    }
     ShowState();
 }
 

@@ -49,6 +49,15 @@ int RunWindow(std::unique_ptr<Session> session) {
     return application.Run();
 }
 
+void RunEmptyWindow(const std::filesystem::path& path, const FileError& error) {
+    Application application;
+    MainWindow window;
+    window.Show(std::make_unique<Session>(MakeEmptyDocument()));
+    window.show();
+    window.TellUnopened(path, error);
+    application.Run();
+}
+
 bool WritePicture(std::unique_ptr<Session> session, const std::filesystem::path& path) {
     if (!std::getenv("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -27,10 +27,11 @@ void MemoryProduct::Change(const std::function<void(ProductModel&)>& change) {
     m_state->Renew();
 }
 
-void MemoryProduct::Replace(ProductModel model) {
-    Change([&](ProductModel& present) { present = std::move(model); });
-    m_state->history.Clear();
-    m_state->areColumnsUnsaved = false;
+void MemoryProduct::Replace(ProductModel model, const SharedText& name) {
+    Step step{name, {}};
+    step.edits.push_back(std::make_unique<DocumentEdit>(std::move(model)));
+    m_state->Do(std::move(step));
+    MarkSaved();
 }
 
 void MemoryProduct::SetDecisions(IUserDecisions* decisions) {

@@ -31,9 +31,9 @@ public:
     /// to be saved. The change stamp moves, also when `change` throws. Not to be called from inside
     /// a question or between BeginRead and EndRead.
     void Change(const std::function<void(ProductModel&)>& change);
-    /// Takes another state of the document, for instance that of its file read again: nothing can
-    /// be undone, nothing is to be saved.
-    void Replace(ProductModel model);
+    /// Takes another state of the document, for instance that of its file read again, as one step
+    /// of that name. Nothing is to be saved then.
+    void Replace(ProductModel model, const SharedText& name);
 
     /// Who is asked where a command needs an answer; null at first: nobody, and such a command does
     /// nothing. Must outlive the product.

@@ -24,16 +24,19 @@ MemoryProduct::State::State(ProductModel&& filled) : model(std::move(filled)) {
 }
 
 void MemoryProduct::State::Renew() {
+    RenewDescriptions();
+    ModelEditor editor(model, index);
+    editor.NoteEverything();
+    Write(editor, FindProductMass(editor));
+    Finish(editor);
+}
+
+void MemoryProduct::State::RenewDescriptions() {
     style = model.style ? MakeSpcDescription(*model.style) : nullptr;
     if (descriptions)
         retired.push_back(std::move(descriptions));
     descriptions = std::make_unique<PropertyDescriptions>(model.properties);
     properties.Use(*descriptions);
-
-    ModelEditor editor(model, index);
-    editor.NoteEverything();
-    Write(editor, FindProductMass(editor));
-    Finish(editor);
 }
 
 SharedText MemoryProduct::State::GetCaption(unsigned long number) const {
@@ -58,6 +61,8 @@ bool MemoryProduct::State::Do(Step step) {
     step.Swap(editor, Direction::Forth);
     if (!editor.IsAnythingChanged())
         return false;
+    if (editor.IsDocumentChanged())
+        RenewDescriptions();
     // What the product weighs depends on what its parts do.
     if (auto edit = Write(editor, FindMassesByDensity(editor)))
         step.edits.push_back(std::move(edit));
@@ -73,6 +78,8 @@ void MemoryProduct::State::Go(Step* step, Direction direction) {
         return;
     ModelEditor editor(model, index);
     step->Swap(editor, direction);
+    if (editor.IsDocumentChanged())
+        RenewDescriptions();
     // The step has brought back the masses of its day; volumes may be known since.
     Write(editor, FindMassesByDensity(editor));
     Write(editor, FindProductMass(editor));

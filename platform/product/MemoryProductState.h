@@ -54,6 +54,8 @@ struct MemoryProduct::State {
     bool areColumnsUnsaved = false;
 
 private:
+    /// What is made of the parts of the model that steps leave alone but for DocumentEdit.
+    void RenewDescriptions();
     void Finish(ModelEditor& editor);
 };
 

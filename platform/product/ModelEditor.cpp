@@ -152,6 +152,14 @@ void ModelEditor::Exchange(HeldCount& held) {
     m_isAnythingChanged = true;
 }
 
+void ModelEditor::Exchange(ProductModel& model) {
+    std::swap(m_model, model);
+    // How the document is looked at stays.
+    m_model.embodimentMode = model.embodimentMode && !m_model.embodiments.empty();
+    m_isDocumentChanged = true;
+    NoteEverything();
+}
+
 void ModelEditor::NoteStructure() {
     m_isMoved = true;
     m_isAnythingChanged = true;

@@ -63,8 +63,12 @@ public:
     void NoteStructure();
     /// The model may be another one.
     void NoteEverything();
+    /// Another document's model changes places with the one that stands.
+    void Exchange(ProductModel& model);
 
     bool IsAnythingChanged() const { return m_isAnythingChanged; }
+    /// Style and properties may be others, too.
+    bool IsDocumentChanged() const { return m_isDocumentChanged; }
     /// Rows or columns depend on what was changed.
     bool AreRowsChanged() const { return m_areRowsChanged; }
     void NoteRows() { m_areRowsChanged = true; }
@@ -86,6 +90,7 @@ private:
     ProductIndex& m_index;
     bool m_isMoved = false;
     bool m_isUnknown = false;
+    bool m_isDocumentChanged = false;
     bool m_isAnythingChanged = false;
     bool m_areRowsChanged = false;
     bool m_areMassesChanged = false;

@@ -130,4 +130,8 @@ void StructureEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
     editor.NoteStructure();
 }
 
+void DocumentEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
+    editor.Exchange(m_model);
+}
+
 } // namespace platform

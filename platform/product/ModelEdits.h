@@ -126,4 +126,15 @@ private:
     StructureChange m_change;
 };
 
+/// The whole document, as it was read from elsewhere.
+class DocumentEdit final : public IModelEdit {
+public:
+    explicit DocumentEdit(ProductModel model) : m_model(std::move(model)) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    ProductModel m_model;
+};
+
 } // namespace platform

@@ -90,6 +90,32 @@ TEST_F(FilesTest, AFileThatCannotBeSavedIsToldOf) {
     EXPECT_TRUE(ShowsText("gear.json"));
 }
 
+TEST_F(FilesTest, AFileThatIsGoneIsToBeSavedAgain) {
+    std::filesystem::remove(m_file);
+    WaitForText("gear.json was deleted or renamed by another program; Save writes it again");
+    EXPECT_TRUE(m_window->isWindowModified());
+    EXPECT_FALSE(m_window->close()) << "closing asks";
+    Trigger("Save");
+    EXPECT_EQ(NameInFile(m_file), L"Case");
+    EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(FilesTest, AProductWithoutAFileIsSavedWhereTheUserSays) {
+    auto opened = desktop::OpenDocument(m_file, {});
+    m_window->Show(std::make_unique<desktop::Session>(
+        desktop::MakeUnnamed(std::get<desktop::Document>(std::move(opened)))));
+    EXPECT_TRUE(ShowsText("Unnamed"));
+    std::ofstream(m_folder / "notes.txt") << "notes";
+    m_decisions->ChooseNext(m_folder / "notes.txt");
+    m_decisions->ChooseNext(m_folder / "copy");
+    Trigger("Save");
+    EXPECT_EQ(m_decisions->GetMessages().size(), 1U) << "notes are not written over";
+    EXPECT_EQ(NameInFile(m_folder / "copy.json"), L"Case");
+    EXPECT_TRUE(ShowsText("Saved as copy.json"));
+    Rename("Lid");
+    EXPECT_FALSE(ShowsText("Saved as copy.json"));
+}
+
 TEST_F(FilesTest, LeavingUnsavedChangesAsks) {
     constexpr std::size_t save = 0, discard = 1, cancel = 2;
     const struct {

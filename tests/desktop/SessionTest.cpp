@@ -133,20 +133,50 @@ TEST_F(SessionTest, AFileThatCannotBeWrittenLeavesTheSessionAsItWas) {
     EXPECT_EQ(session->GetPath(), m_folder / "a.json");
 }
 
+TEST_F(SessionTest, WhatIsNoProductIsNeverWrittenOver) {
+    const auto session = Open("gear.step", true);
+    const std::pair<const char*, const char*> files[] = {{"gear.step", "ISO-10303-21;\nHEADER;"},
+                                                         {"named.json", "ISO-10303-21;\nHEADER;"},
+                                                         {"package.json", "{\"name\": \"other\"}"},
+                                                         {"notes.txt", "notes"}};
+    const auto tryAll = [&] {
+        for (const auto& [name, text] : files) {
+            std::ofstream(m_folder / name, std::ios::binary) << text;
+            const auto error = session->SaveAs(m_folder / name);
+            EXPECT_TRUE(error && error->reason.find("not written over") != std::string::npos)
+                << name;
+            std::ifstream file(m_folder / name, std::ios::binary);
+            EXPECT_EQ(std::string(std::istreambuf_iterator(file), {}), text);
+        }
+    };
+    tryAll();
+    ASSERT_FALSE(session->SaveAs(m_folder / "gear.json"));
+    EXPECT_FALSE(session->SaveAs(m_folder / "gear.json"));
+    tryAll();
+    std::ofstream(m_folder / "empty.json").flush();
+    EXPECT_FALSE(session->SaveAs(m_folder / "empty.json"));
+}
+
 TEST_F(SessionTest, AChangeOnDiskIsNoticedOnceAndOurOwnNever) {
+    using desktop::FileNews;
     const auto session = Open("a.json");
     const auto write = [&](const std::string& text) {
         std::ofstream(m_folder / "a.json", std::ios::binary) << text;
     };
     ASSERT_FALSE(session->SaveAs(m_folder / "a.json"));
-    EXPECT_FALSE(session->NoticeChangeOnDisk());
+    EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::None);
     write(desktop::store::FormatProduct(Gearbox()));
-    EXPECT_FALSE(session->NoticeChangeOnDisk()) << "the same contents";
+    EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::None) << "the same contents";
     write("{");
-    EXPECT_TRUE(session->NoticeChangeOnDisk());
-    EXPECT_FALSE(session->NoticeChangeOnDisk());
+    EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::Changed);
+    EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::None);
+    EXPECT_FALSE(session->IsModified());
     std::filesystem::remove(m_folder / "a.json");
-    EXPECT_FALSE(session->NoticeChangeOnDisk());
+    EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::Gone);
+    EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::None);
+    EXPECT_TRUE(session->IsModified());
+    EXPECT_FALSE(session->SaveAs(m_folder / "a.json"));
+    EXPECT_FALSE(session->IsModified());
 }
 
 TEST_F(SessionTest, AFileReadAgainKeepsTheUsersViewByIdentity) {
@@ -164,10 +194,15 @@ TEST_F(SessionTest, AFileReadAgainKeepsTheUsersViewByIdentity) {
                                                     .Model()
                                                     .objects[0]);
     ASSERT_FALSE(desktop::store::WriteProductFile(m_folder / "a.json", other));
-    EXPECT_FALSE(session->Reload());
+    EXPECT_FALSE(session->Reload(L"Reading Again"));
     EXPECT_EQ(support::DumpView(session->GetView(), {.expandedOnly = true, .selection = true}),
               "Gearbox [Parts (x4) [Arm | >>Case | Pin (x2)+]]");
     EXPECT_FALSE(session->IsModified());
+    session->Undo();
+    EXPECT_EQ(support::DumpView(session->GetView(), {.expandedOnly = true, .selection = true}),
+              "Gearbox [Parts (x3) [>>Housing | Pin (x2)+]]");
+    EXPECT_TRUE(session->IsModified());
+    session->Undo();
     EXPECT_FALSE(session->CanUndo());
 }
 
@@ -176,7 +211,7 @@ TEST_F(SessionTest, AnInvalidFileKeepsTheOpenProduct) {
     Rename(*session, L"Housing");
     const std::string before = Dump(*session);
     std::ofstream(m_folder / "a.json") << "{\"format\":\n 7}";
-    const auto error = session->Reload();
+    const auto error = session->Reload({});
     ASSERT_TRUE(error);
     EXPECT_EQ(error->reason.find('\n'), std::string::npos);
     EXPECT_EQ(Dump(*session), before);

@@ -134,7 +134,7 @@ TEST_F(TreeItemModelTest, HoldsWhileAUserEditsUndoesAndReloads) {
     EXPECT_EQ(part().data().toString(), "Housing");
     platform::ProductModel other = m_product->GetModel();
     other.objects.pop_back();
-    m_product->Replace(std::move(other));
+    m_product->Replace(std::move(other), {});
     tell();
     EXPECT_EQ(Dump(), "Gearbox {AB.100} [Parts (x1) [Housing {AB.101}]]");
 }

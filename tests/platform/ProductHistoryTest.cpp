@@ -136,17 +136,27 @@ TEST(ProductHistory, KnowsWhetherTheDocumentIsSaved) {
     EXPECT_FALSE(product->CanUndo());
 }
 
-TEST(ProductHistory, BeginsAnewWithAnotherState) {
+TEST(ProductHistory, AnotherStateOfTheDocumentIsAStepLikeAnyOther) {
     const auto product = Tangle().Make();
     Set(*product, "a", L"note", SimplePropVal(L"1"));
     product->BeginRebuild();
     const std::uint64_t stamp = product->GetChangeStamp();
-    product->Replace(Tangle().Root(L"Other").Model());
-    EXPECT_FALSE(product->CanUndo());
+    product->Replace(Product().Root(L"Other").UserProperty(1001, L"Own", 2).Model(), L"Reading");
+    EXPECT_EQ(product->GetUndoName().Str(), L"Reading");
     EXPECT_FALSE(product->IsModified());
     EXPECT_TRUE(product->IsRebuildRequired());
     EXPECT_NE(product->GetChangeStamp(), stamp);
     EXPECT_EQ(product->GetModel().root.name.Str(), L"Other");
+    EXPECT_TRUE(product->GetPropertyDescription(L"user.1001"));
+    product->Undo();
+    EXPECT_TRUE(product->IsModified());
+    EXPECT_FALSE(product->GetPropertyDescription(L"user.1001"));
+    EXPECT_EQ(product->GetValue(Ref("a", L"note")).to_wstring().Str(), L"1");
+    product->Undo();
+    EXPECT_FALSE(product->CanUndo());
+    product->Redo();
+    product->Redo();
+    EXPECT_FALSE(product->IsModified());
 }
 
 TEST(ProductHistory, SurvivesChangesThatAreNoSteps) {

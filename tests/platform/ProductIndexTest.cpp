@@ -77,10 +77,10 @@ TEST(ProductAnswers, AreThoseOfNowHoweverOftenOneAndTheSameWasAsked) {
         {[&] { product->DestroyHypertext({ref}); }, L"C"},
         {[&] { product->Undo(); }, L"C, linked"},
         {[&] { product->DeleteObjects({Key("b#1")}); }, L"C, linked"},
-        {[&] { product->Replace(Pair().ReadOnly()); }, L"first, fixed"},
-        {[&] { product->Replace(OtherPair()); }, L"new, fixed"},
-        {[&] { product->Replace(Product()); }, L", fixed, no source"},
-        {[&] { product->Replace(Pair()); }, L"first"},
+        {[&] { product->Replace(Pair().ReadOnly(), {}); }, L"first, fixed"},
+        {[&] { product->Replace(OtherPair(), {}); }, L"new, fixed"},
+        {[&] { product->Replace(Product(), {}); }, L", fixed, no source"},
+        {[&] { product->Replace(Pair(), {}); }, L"first"},
     };
     for (std::size_t i = 0; i < std::size(steps); ++i) {
         steps[i].change();

@@ -7,6 +7,8 @@
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace desktop::store {
 
@@ -78,6 +80,21 @@ TEST_F(FileReplacement, KeepsPermissionsAndFollowsLinks) {
     EXPECT_TRUE(fs::is_symlink(m_folder / "link.json"));
     EXPECT_EQ(TextOf(m_file), "new");
     EXPECT_EQ(static_cast<unsigned>(fs::status(m_file).permissions()), 0640U);
+}
+
+TEST_F(FileReplacement, TakesAwayWhatAKilledProgramHasLeft) {
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    ASSERT_EQ(waitpid(gone, nullptr, 0), gone);
+    const fs::path left = m_file.parent_path() / (".product-tree-" + std::to_string(gone) + "-0");
+    const fs::path working =
+        m_file.parent_path() / (".product-tree-" + std::to_string(getppid()) + "-0");
+    std::ofstream(left) << "half";
+    std::ofstream(working) << "half";
+    ASSERT_FALSE(ReplaceFile(m_file, "new"));
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_TRUE(fs::exists(working)) << "its program is at work";
 }
 
 TEST_F(FileReplacement, LeavesTheOldFileWhenTheDiskIsFull) {
