@@ -238,9 +238,10 @@ bool GroupCellImpl::CanTransmitToSource() {
 
 SharedText GroupCellImpl::GetSourceIcon() {
     CommonIcon icon;
-    const std::size_t count = m_row->GetChildCount();
-    for (std::size_t i = 0; i < count; ++i)
-        icon.Add(m_row->GetChild(i)->GetCellSourceIcon(GetColumnId()));
+    ForEachChildRow(*m_row, [&](const ITreeTableRow& child) {
+        icon.Add(child.GetCellSourceIcon(GetColumnId()));
+        return true;
+    });
     return icon.Get();
 }
 

@@ -98,21 +98,18 @@ void NameGroupCellImpl::Update() {
     bool first = true;
     bool equal = true;
     CommonIcon icon;
-    const std::size_t count = m_row->GetChildCount();
-    for (std::size_t i = 0; i < count; ++i) {
-        const ITreeTableRow* child = m_row->GetChild(i);
-        if (!child)
-            continue;
+    ForEachChildRow(*m_row, [&](const ITreeTableRow& child) {
         if (equal) {
-            const SharedText name = child->GetNameText();
-            shown = child->GetNameDisplay();
+            const SharedText name = child.GetNameText();
+            shown = child.GetNameDisplay();
             if (first)
                 raw = name;
             equal = name == raw;
             first = false;
         }
-        icon.Add(child->GetNameIcon());
-    }
+        icon.Add(child.GetNameIcon());
+        return true;
+    });
 
     const SharedText suffix = GetItem().GetCountSuffix(1);
     if (equal && !shown.IsEmpty()) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -61,6 +62,18 @@ WidthClass FindWidthClass(const std::wstring& id, const IfPropertyDescription& d
     default:
         return Texts;
     }
+}
+
+// As many decimal digits as any double keeps: behind them stands what binary makes of a fraction.
+constexpr int c_shownDigits = 15;
+
+double Rounded(double value, int digits) {
+    std::array<char, 32> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, digits - 1);
+    double rounded = value;
+    std::from_chars(text.data(), end.ptr, rounded);
+    return rounded;
 }
 
 int CutTowardsZero(double value) {
@@ -138,6 +151,7 @@ void ColumnInfo::InitByDescription(const IfPropertyDescription& description) {
 }
 
 void ColumnInfo::UpdateByDescription(const IfPropertyDescription& description) {
+    Detach().type = description.GetType();
     SetRangeByDescription(description);
     SetListByDescription(description);
     SetUnitCoefByDescription(description);
@@ -241,7 +255,24 @@ double ColumnInfo::ApplyUnitCoefficient(double value) const {
 }
 
 double ColumnInfo::UnapplyUnitCoefficient(double value) const {
-    return IsUnitCoefficientDefined() ? value / m_facts->unitCoefficient : value;
+    if (!IsUnitCoefficientDefined())
+        return value;
+    const double coefficient = m_facts->unitCoefficient;
+    const auto isShownAs = [&](double stored) {
+        return Rounded(stored * coefficient, c_shownDigits) == Rounded(value, c_shownDigits);
+    };
+    const bool hasRange = m_facts->min != 0 || m_facts->max != 0;
+    for (const double end : {m_facts->min, m_facts->max}) {
+        if (hasRange && isShownAs(end))
+            return end;
+    }
+    const double quotient = value / coefficient;
+    for (int digits = 1; digits <= c_shownDigits; ++digits) {
+        const double round = Rounded(quotient, digits);
+        if (isShownAs(round))
+            return round;
+    }
+    return quotient;
 }
 
 int ColumnInfo::ApplyUnitCoefficient(int value) const {

@@ -73,7 +73,10 @@ public:
     /// False for a coefficient too near to 0 to divide by; values are then shown as stored.
     bool IsUnitCoefficientDefined() const;
     /// From stored to shown units, and back. Integers are cut towards zero, and held at the limits
-    /// of int where the result does not fit.
+    /// of int where the result does not fit. What comes back is the stored number that is shown as
+    /// `value`, compared in 15 decimal digits: an end of the range where one is, else the one with
+    /// the fewest digits. So the ends can be typed and round numbers are stored round, although few
+    /// coefficients are exact in binary.
     double ApplyUnitCoefficient(double value) const;
     double UnapplyUnitCoefficient(double value) const;
     int ApplyUnitCoefficient(int value) const;

@@ -159,12 +159,12 @@ ITreeTableRow* ProductTreeCtrl::FindRowByKey(ITreeTableRow* row,
     const ProductTreeItemImpl* const item = FindItemOfRow(*row);
     if (item && item->HasKey(key))
         return row;
-    const std::size_t count = row->GetChildCount();
-    for (std::size_t i = 0; i < count; ++i) {
-        if (ITreeTableRow* const found = FindRowByKey(row->GetChild(i), key))
-            return found;
-    }
-    return nullptr;
+    ITreeTableRow* found = nullptr;
+    ForEachChildRow(*row, [&](ITreeTableRow& child) {
+        found = FindRowByKey(&child, key);
+        return !found;
+    });
+    return found;
 }
 
 bool ProductTreeCtrl::SelectRowById(const ProductTreeItemId& id, ITreeTableRow& row) const {
@@ -173,12 +173,7 @@ bool ProductTreeCtrl::SelectRowById(const ProductTreeItemId& id, ITreeTableRow& 
         row.Select();
         return true;
     }
-    const std::size_t count = row.GetChildCount();
-    for (std::size_t i = 0; i < count; ++i) {
-        if (SelectRowById(id, *row.GetChild(i)))
-            return true;
-    }
-    return false;
+    return !ForEachChildRow(row, [&](ITreeTableRow& child) { return !SelectRowById(id, child); });
 }
 
 ProductTreeHeaderImpl* ProductTreeCtrl::FindHeader(const std::wstring& columnId) const {

@@ -28,9 +28,10 @@ bool Contains(const RowIdIndex& ids, const ITreeTableRow& row) {
 // Children before their parent, from the first to the last.
 template <class Callback>
 void WalkPostOrder(ITreeTableRow& row, const Callback& callback) {
-    const std::size_t count = row.GetChildCount();
-    for (std::size_t i = 0; i < count; ++i)
-        WalkPostOrder(*row.GetChild(i), callback);
+    ForEachChildRow(row, [&](ITreeTableRow& child) {
+        WalkPostOrder(child, callback);
+        return true;
+    });
     callback(row);
 }
 
@@ -40,9 +41,10 @@ void CollectRows(ITreeTableRow& row, const RowIdIndex& ids, std::size_t wanted,
                  std::vector<TreeRowPtr>& rows) {
     if (rows.size() >= wanted)
         return;
-    const std::size_t count = row.GetChildCount();
-    for (std::size_t i = 0; i < count; ++i)
-        CollectRows(*row.GetChild(i), ids, wanted, rows);
+    ForEachChildRow(row, [&](ITreeTableRow& child) {
+        CollectRows(child, ids, wanted, rows);
+        return true;
+    });
     if (Contains(ids, row))
         rows.emplace_back(&row);
 }

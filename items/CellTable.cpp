@@ -222,7 +222,8 @@ private:
         return {column, type < m_table.byType.size() ? m_table.byType[type] : nullptr, {}};
     }
 
-    static constexpr std::size_t c_most = 64;
+    /// More than any panel shows; a forgotten column is only looked up again.
+    static constexpr std::size_t c_most = 4096;
 
     const CellTable& m_table;
     std::vector<Entry> m_entries;

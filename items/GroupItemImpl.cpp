@@ -128,12 +128,12 @@ bool GroupItemImpl::CanTransmitToSource(const std::wstring& columnId) const {
 void GroupItemImpl::UpdateIcon() {
     std::optional<int> common;
     bool differs = false;
-    const std::size_t count = m_row->GetChildCount();
-    for (std::size_t i = 0; i < count && !differs; ++i) {
-        const int icon = GetMemberIcon(m_row->GetChild(i)->GetIcon());
+    ForEachChildRow(*m_row, [&](const ITreeTableRow& child) {
+        const int icon = GetMemberIcon(child.GetIcon());
         differs = common.value_or(icon) != icon;
         common = icon;
-    }
+        return !differs;
+    });
     if (common)
         m_row->SetIcon(differs ? c_commonIcon : GetGroupIcon(*common), {});
 }

@@ -31,6 +31,19 @@ inline ProductTreeItemImpl* FindItemOfRow(const ITreeTableRow& row) {
     return data ? data->GetImpl().get() : nullptr;
 }
 
+/// Calls `callback` with each child row in turn until it answers false; a missing one is passed
+/// over. True when no answer was false.
+template <class Callback>
+bool ForEachChildRow(const ITreeTableRow& row, const Callback& callback) {
+    const std::size_t count = row.GetChildCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        ITreeTableRow* const child = row.GetChild(i);
+        if (child && !callback(*child))
+            return false;
+    }
+    return true;
+}
+
 class ProductTreeItemImpl {
 public:
     using Key = UniqueMetaObjectKey;
@@ -129,14 +142,10 @@ public:
     /// without item are passed over. True when no answer was false.
     template <class Callback>
     bool ForEachChildItem(const Callback& callback) const {
-        const std::size_t count = m_row->GetChildCount();
-        for (std::size_t i = 0; i < count; ++i) {
-            const ITreeTableRow* child = m_row->GetChild(i);
-            ProductTreeItemImpl* item = child ? FindItemOfRow(*child) : nullptr;
-            if (item && !callback(*item))
-                return false;
-        }
-        return true;
+        return ForEachChildRow(*m_row, [&](const ITreeTableRow& child) {
+            ProductTreeItemImpl* const item = FindItemOfRow(child);
+            return !item || callback(*item);
+        });
     }
 
     /// As soon as `question` is true of one child item; false without any.

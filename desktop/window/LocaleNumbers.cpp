@@ -41,7 +41,10 @@ std::optional<Number> Checked(Number number, bool isNumber) {
 
 } // namespace
 
-QString FormatNumber(double number) {
+QString FormatNumber(double exact) {
+    // Behind these digits stands what binary makes of a decimal fraction.
+    const double rounded = QString::number(exact, 'g', c_mostDigits).toDouble();
+    const double number = std::isfinite(rounded) ? rounded : exact;
     const double size = std::abs(number);
     const bool isPlain = size == 0 || (size >= c_small && size < c_large);
     return NumberLocale().toString(number, isPlain ? 'f' : 'g', QLocale::FloatingPointShortest);

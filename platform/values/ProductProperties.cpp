@@ -117,10 +117,10 @@ constexpr std::array c_featureTypes = std::to_array<FeatureType>({
     {L"stCompBillet", SystemFeatureTypeEnum::StCompBillet},
     {L"feature", SystemFeatureTypeEnum::Feature},
     {L"extView", SystemFeatureTypeEnum::ExtView},
-    {L"insFrg", SystemFeatureTypeEnum::InsFrg},
-    {L"macroDraft", SystemFeatureTypeEnum::MacroDraft},
+    {L"insfrg", SystemFeatureTypeEnum::InsFrg},
+    {L"macrodraft", SystemFeatureTypeEnum::MacroDraft},
     {L"sheet", SystemFeatureTypeEnum::Sheet},
-    {L"orvex", SystemFeatureTypeEnum::Orvex},
+    {L"Orvex", SystemFeatureTypeEnum::Orvex},
 });
 // clang-format on
 

@@ -59,6 +59,13 @@ void ColumnList::Remove(int index) {
     m_isIndexed = false;
 }
 
+void ColumnList::MoveToEnd(int index) {
+    if (!Has(index))
+        return;
+    std::rotate(m_entries.begin() + index, m_entries.begin() + index + 1, m_entries.end());
+    m_isIndexed = false;
+}
+
 void ColumnList::SetId(int index, const std::wstring& id) {
     if (!Has(index))
         return;

@@ -64,6 +64,8 @@ public:
     void Add(ColumnEntry entry);
     /// Indices outside the list are ignored here and below.
     void Remove(int index);
+    /// Puts the entry behind all others.
+    void MoveToEnd(int index);
     void SetId(int index, const std::wstring& id);
     void SetCaption(int index, const std::wstring& caption);
     /// Null outside the list.

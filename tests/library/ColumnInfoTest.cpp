@@ -5,7 +5,10 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <iomanip>
 #include <limits>
+#include <sstream>
+#include <string>
 
 namespace {
 
@@ -58,6 +61,30 @@ TEST(ColumnInfo, ARangeHoldsItsEndsAndNoRangeHoldsEverything) {
     EXPECT_TRUE(column.IsValueInMinMaxRange(0));
     EXPECT_TRUE(column.IsValueInMinMaxRange(10));
     EXPECT_FALSE(column.IsValueInMinMaxRange(std::nan("")));
+}
+
+TEST(ColumnInfo, TheEndOfARangeAndRoundNumbersComeBackFromWhatIsShown) {
+    TestDescription description(1001, 1, L"Length");
+    for (const double coefficient : {0.01, 25.4, 3.6, 1000.0, 0.001, 1 / 3.0}) {
+        for (int number = 1; number <= 5000; ++number) {
+            description.coefficient = coefficient;
+            description.min = -1;
+            description.max = number;
+            const ColumnInfo column(&description);
+            std::ostringstream shown;
+            shown << std::setprecision(15) << column.ApplyUnitCoefficient(double(number));
+            const double typed = std::stod(shown.str());
+            ASSERT_TRUE(column.IsValueInMinMaxRange(column.UnapplyUnitCoefficient(typed)));
+            ASSERT_EQ(column.UnapplyUnitCoefficient(typed), number) << coefficient;
+            description.max = 1e6;
+            const ColumnInfo wide(&description);
+            const double half = number + 0.5;
+            ASSERT_EQ(wide.UnapplyUnitCoefficient(wide.ApplyUnitCoefficient(half)), half);
+        }
+    }
+    description.coefficient = 0.01;
+    description.type = 0;
+    EXPECT_EQ(ColumnInfo(&description).UnapplyUnitCoefficient(57), 5700);
 }
 
 TEST(ColumnInfo, ConvertsBetweenStoredAndShownUnitsWithoutDividingByNothing) {

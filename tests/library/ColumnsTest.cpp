@@ -1,5 +1,7 @@
 // The columns of the panel as the view has them after a build.
 
+#include "control/IfProductTreeCtrl.h"
+#include "host/ProductProperties.h"
 #include "tests/library/PanelTest.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +52,31 @@ TEST(Columns, TheViewsListFollowsWhatIsVisible) {
     EXPECT_GE(panel.View().FindColumn(L"user.1001"), 0);
     panel.Change([](ProductModel& model) { model.properties.clear(); });
     EXPECT_LT(panel.View().FindColumn(L"user.1001"), 0);
+}
+
+TEST(Columns, AColumnThatIsShownStandsLast) {
+    const Panel panel(WithColumns({L"mass", L"comment"}));
+    const auto show = [&](const wchar_t* id, int visible) {
+        const std::vector<productTree::ColumnVisibility> columns = {{id, visible}};
+        EXPECT_TRUE(panel.View().SetColumnsVisibleByUser(columns));
+    };
+    show(L"zone", 1);
+    show(L"note", 1);
+    show(L"mass", 0);
+    show(L"mass", 1);
+    EXPECT_EQ(panel.data->GetVisiblePropertyIds(),
+              (std::vector{
+                  ProductProperties::GetPropId(L"comment"), ProductProperties::GetPropId(L"zone"),
+                  ProductProperties::GetPropId(L"note"), ProductProperties::GetPropId(L"mass")}));
+}
+
+TEST(Columns, AColumnTakesTheTypeThatItsPropertyHasGot) {
+    Panel panel(WithColumns({L"user.1001"}).UserProperty(1001, L"Own", value_type::Integer));
+    panel.Change([](ProductModel& model) { model.properties[0].type = value_type::String; });
+    EXPECT_EQ(panel.View().GetHeads().at(2).kind, platform::HeadKind::Text);
+    auto& row = panel.View().GetRoot()->GetChildRow(0).GetChildRow(0);
+    EXPECT_TRUE(panel.View().EditCellByUser(row, L"user.1001", SharedText(L"seven")));
+    EXPECT_EQ(row.GetCellText(SharedText(L"user.1001")).Str(), L"seven");
 }
 
 // Caption, width, tag, text, and an exclamation mark for the embodiment that is worked on.

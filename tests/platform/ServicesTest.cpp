@@ -108,7 +108,12 @@ TEST(Services, TheDocumentCodeIsEnteredInPlace) {
 
 TEST(Services, KindsOfObjectsAreReadByPeople) {
     using Type = ProductProperties::SystemFeatureTypeEnum;
-    EXPECT_EQ(ProductProperties::ft::GetFtType(L"detail"), Type::Detail);
+    const wchar_t* const words[] = {L"unknown",      L"assembly", L"detail",       L"standard",
+                                    L"libComponent", L"billet",   L"stCompBillet", L"feature",
+                                    L"extView",      L"insfrg",   L"macrodraft",   L"sheet",
+                                    L"Orvex"};
+    for (std::size_t i = 0; i < std::size(words); ++i)
+        EXPECT_EQ(ProductProperties::ft::GetFtType(words[i]), static_cast<Type>(i)) << i;
     EXPECT_EQ(ProductProperties::ft::GetFtType(L"Detail"), Type::Unknown);
     EXPECT_EQ(ProductProperties::ft::GetFtType(L""), Type::Unknown);
     EXPECT_EQ(GetFeatureTypeStr(Type::Unknown), nullptr);
