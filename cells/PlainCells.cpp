@@ -46,8 +46,18 @@ void StringCellImpl::Update() {
     const SharedText& icon = FindSourceIcon(reading.bySource);
     if (const SharedText* const text = reading.GetValue().GetSimpleValue().FindText())
         Show(*text, icon);
+    else if (reading.GetValue().GetSimpleValue().GetType() == SimplePropVal::TypeDateTime)
+        ShowMoment(reading.GetValue().GetLabel(), icon);
     else
         Show(reading.GetValue().GetLabel(), icon);
+}
+
+void StringCellImpl::ShowMoment(const SharedText& text, const SharedText& icon) {
+    if (HasHypertext())
+        ShowLink(text, icon);
+    else
+        m_row->SetTimeCell(GetColumnId(), text, IsEditable(), icon);
+    SetShownText(text);
 }
 
 void StringCellImpl::Show(const SharedText& text, const SharedText& icon) {

@@ -21,6 +21,7 @@ public:
     virtual MenuPtr GetPopupMenu();
 
 private:
+    void ShowMoment(const SharedText& text, const SharedText& icon);
     void Show(const SharedText& text, const SharedText& icon);
 };
 

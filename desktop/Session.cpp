@@ -100,6 +100,14 @@ std::optional<ValueLimits> Session::FindLimits(const std::wstring& columnId) con
     return ValueLimits{shown(column.GetMin()), shown(column.GetMax())};
 }
 
+SharedText Session::TakeRefusal() {
+    return m_product->TakeRefusal();
+}
+
+SharedText Session::TakeNote() {
+    return m_product->TakeNote();
+}
+
 SharedText Session::GetUndoName() const {
     return m_product->GetUndoName();
 }

@@ -63,6 +63,10 @@ public:
     /// No value for a column without limits that bind.
     std::optional<ValueLimits> FindLimits(const std::wstring& columnId) const;
 
+    /// Why the last input was not taken, and what the user should know of one that was; each once,
+    /// and empty where nothing is to be said.
+    SharedText TakeRefusal();
+    SharedText TakeNote();
     /// Names are what a step did, in the user's words; empty where there is no step.
     SharedText GetUndoName() const;
     SharedText GetRedoName() const;

@@ -2,8 +2,9 @@
 
 #include "desktop/store/MemberReader.h"
 #include "desktop/store/MemberWriter.h"
-#include "desktop/store/Moments.h"
 #include "desktop/store/Texts.h"
+#include "platform/values/Moments.h"
+#include "platform/values/Utf8.h"
 
 #include <boost/property_tree/ptree.hpp>
 #include <cmath>
@@ -40,7 +41,7 @@ SimplePropVal Typed(const JsonValue& json, const ModelPath& path) {
 
 SimplePropVal TypedMoment(const JsonValue& json, const ModelPath& path) {
     const std::string* const text = json.As<std::string>();
-    const std::optional<DateTime> moment = text ? ParseMoment(*text) : std::nullopt;
+    const std::optional<DateTime> moment = text ? platform::ParseMoment(*text) : std::nullopt;
     if (!moment)
         Refuse(json.at, path, "a time is expected, for instance \"2024-05-01T12:00:00Z\"");
     return SimplePropVal(*moment);
@@ -152,7 +153,7 @@ JsonValue Bare(const SimplePropVal& value, bool isTyped) {
     case SimplePropVal::TypeDouble:
         return isTyped ? EncodeNumber(value.to_double()) : JsonValue{{}, value.to_double()};
     case SimplePropVal::TypeDateTime:
-        return {{}, FormatMoment(std::get<DateTime>(value.GetValue()))};
+        return {{}, platform::ToUtf8(value.to_wstring().Str())};
     }
     return {};
 }

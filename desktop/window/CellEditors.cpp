@@ -11,6 +11,8 @@ QWidget* MakeEditor(const EditorRequest& request, QWidget* parent) {
         return nullptr;
     case EditKind::Text:
         return new TextEdit(request, parent);
+    case EditKind::Moment:
+        return new MomentEdit(request, parent);
     case EditKind::Int:
     case EditKind::Double:
         return new NumberEdit(request, parent);

@@ -14,12 +14,13 @@ class QWidget;
 
 namespace desktop {
 
-enum class EditKind { None, Text, Int, Double, Bool, List, Designation };
+enum class EditKind { None, Text, Moment, Int, Double, Bool, List, Designation };
 
 /// An editor that is to be made.
 struct EditorRequest {
     EditKind kind = EditKind::None;
-    /// A text, a number, a truth value, a place in the list, or seven texts; invalid for no value.
+    /// A text, a moment in ISO 8601, a number, a truth value, a place in the list, or seven texts;
+    /// invalid for no value.
     QVariant value;
     /// What stands in an empty editor until something is typed.
     QString hint;

@@ -1,6 +1,7 @@
 #include "desktop/window/CellLook.h"
 
 #include "desktop/window/DesignationEdit.h"
+#include "desktop/window/LocaleMoments.h"
 #include "desktop/window/LocaleNumbers.h"
 #include "platform/view/TreeTableView.h"
 
@@ -90,7 +91,7 @@ CellLook ValueLook(const TreeTableRow& row, const TreeCell& cell) {
     CellLook look;
     look.isReadOnly = !cell.IsEditable() || row.IsReadOnly();
     if (!look.isReadOnly)
-        look.kind = EditKindOf(cell.GetKind());
+        look.kind = cell.IsMoment() ? EditKind::Moment : EditKindOf(cell.GetKind());
     look.link = LinkOf(cell.GetKind() == CellKind::Link, cell.GetLinkStyle());
     look.isOutdated = cell.IsOutdated() || cell.IsRecalculable();
     look.sourceIcon = row.GetIconOf(cell);
@@ -107,7 +108,8 @@ QString ValueText(const TreeCell& cell) {
         // Its box says it all.
         return {};
     default:
-        return ToQString(cell.GetShownText());
+        return cell.IsMoment() ? FormatMoment(ToQString(cell.GetShownText()))
+                               : ToQString(cell.GetShownText());
     }
 }
 

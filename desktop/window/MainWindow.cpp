@@ -286,8 +286,10 @@ void MainWindow::DoWhatWaits() {
 
 void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVariant& input,
                                  bool isTaken) {
+    const QString reason = QString::fromStdWString(m_session->TakeRefusal().Str());
     if (isTaken) {
-        statusBar()->clearMessage();
+        statusBar()->showMessage(QString::fromStdWString(m_session->TakeNote().Str()),
+                                 c_messageMilliseconds);
         m_note->clear();
         return;
     }
@@ -296,7 +298,9 @@ void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVari
     bool isNumber = false;
     const double number = input.toDouble(&isNumber);
     // A number within the limits was refused for another reason.
-    if (limits && !(isNumber && IsWithin(*limits, number)))
+    if (!reason.isEmpty())
+        text += QStringLiteral(", ") + reason;
+    else if (limits && !(isNumber && IsWithin(*limits, number)))
         text += LimitsText(*limits);
     statusBar()->showMessage(text, c_messageMilliseconds);
     m_tree->NoteRefusal(text);

@@ -146,12 +146,12 @@ void PanelTree::ClearValue() {
     if (!current.isValid() || IsEditing())
         return;
     const EditorRequest editor = TreeItemModel::EditorOf(current);
-    if (editor.kind != EditKind::Text && !editor.canBeEmpty) {
+    const bool isText = editor.kind == EditKind::Text || editor.kind == EditKind::Moment;
+    if (!isText && !editor.canBeEmpty) {
         keyboardSearch({});
         return;
     }
-    m_model->setData(current, editor.kind == EditKind::Text ? QVariant(QString()) : QVariant(),
-                     Qt::EditRole);
+    m_model->setData(current, isText ? QVariant(QString()) : QVariant(), Qt::EditRole);
     OnEdited();
 }
 

@@ -37,7 +37,7 @@ platform::MarkingParts ToParts(const QStringList& texts) {
 }
 
 CellInput ToInput(EditKind kind, const QVariant& value) {
-    if (kind == EditKind::Text)
+    if (kind == EditKind::Text || kind == EditKind::Moment)
         return ToText(value.toString());
     if (!value.isValid())
         return {};

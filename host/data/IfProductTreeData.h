@@ -136,7 +136,9 @@ public:
     /// The object's source would take the value that the column shows.
     virtual bool CanTransmitToSource(const UniqueMetaObjectKey& key,
                                      const std::wstring& columnId) const = 0;
-    /// Writes the values, in stored units, into the objects' sources, in one step.
+    /// Writes the values of the column into the objects' sources, in one step. They are in shown
+    /// units, as the cells have them: what is stored may have more digits. Of a group they are all
+    /// one, which may be a text that joins those of the members.
     virtual void
     TransmitToSource(const std::wstring& columnId,
                      const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) = 0;

@@ -131,6 +131,14 @@ public:
     /// The text, or what the user has left in the editor; so with the other Get... operations.
     virtual SharedText GetCellText(const SharedText& columnId) const = 0;
 
+    /// A text cell of which the text is a moment, in ISO 8601: "2026-05-31T00:00:00Z". A view that
+    /// has no editor of its own for moments shows and edits the text, which comes back by
+    /// GetCellText in any case.
+    virtual void SetTimeCell(const SharedText& columnId, const SharedText& text, bool editable,
+                             const SharedText& icon) {
+        SetTextCell(columnId, text, text, editable, false, icon, nullptr);
+    }
+
     virtual void SetIntCell(const SharedText& columnId, std::optional<int> value, int min, int max,
                             bool editable, bool recalculable, const SharedText& icon) = 0;
     virtual void SetIntValue(const SharedText& columnId, std::optional<int> value) = 0;
@@ -163,7 +171,7 @@ public:
                              const SharedText& tip, bool editable, bool recalculable, bool outdated,
                              const SharedText& icon, int style) = 0;
 
-    /// The icon last given to the cell.
+    /// The icon last given to the cell; also for the columns of name and designation.
     virtual SharedText GetCellSourceIcon(const SharedText& columnId) const = 0;
 };
 

@@ -18,9 +18,13 @@ bool CanShowType(unsigned type, unsigned target) {
     return type == String || type == target || (type == Double && target == Integer);
 }
 
-PropertyRequest::Object Describe(const PartEntry& object) {
-    return {object.key, object.object->record->name,
-            object.object->record->marking.Make(VariantMarkingData::MakeAll, false, false)};
+/// As its row shows it, whether it has its name and designation itself or by a link.
+PropertyRequest::Object Describe(const ShownValues& shown, const PartEntry& object) {
+    VariantMarking marking;
+    if (const PropValue* const value = shown.Find(object, ProductProperties::markingId))
+        marking.FromPropertyTree(value->GetPropertyTree());
+    return {object.key, shown.Get(object, ProductProperties::nameId).to_wstring(),
+            marking.Make(VariantMarkingData::MakeAll, false, false)};
 }
 
 /// The target that all of them have; no value when they differ or one has none.
@@ -48,7 +52,8 @@ bool CanBeLinked(const PropertyTraits& property) {
 }
 
 bool LinkDialog::CanShow(const std::vector<Slot>& holders, const PropertyTraits& target) const {
-    if (!target.record || IsStructured(target.number))
+    // A count is worked out for a row in an embodiment: the object alone has none to show.
+    if (!target.record || IsStructured(target.number) || target.number == number::count)
         return false;
     return std::ranges::all_of(holders, [&](const Slot& holder) {
         const PropertyRecord* const record = m_rules.properties.Get(holder.number).record;
@@ -59,16 +64,17 @@ bool LinkDialog::CanShow(const std::vector<Slot>& holders, const PropertyTraits&
 PropertyRequest LinkDialog::MakeRequest(const std::vector<Slot>& holders) const {
     PropertyRequest request;
     request.title = GetText(ProductText::LinkTitle);
-    request.objects.push_back(Describe(m_rules.index.GetRoot()));
+    const ShownValues shown(m_rules.index);
+    request.objects.push_back(Describe(shown, m_rules.index.GetRoot()));
     for (const PartEntry& object : m_rules.index.GetObjects())
-        request.objects.push_back(Describe(object));
+        request.objects.push_back(Describe(shown, object));
     for (const IfPropertyDescription* const description : m_descriptions.GetAll()) {
         const PropertyTraits property = m_rules.properties.Get(description->GetId());
         if (CanShow(holders, property))
             request.properties.push_back(
                 {ProductProperties::GetPath(property.number), property.record->caption});
     }
-    request.present = FindCommonTarget(ShownValues(m_rules.index), holders);
+    request.present = FindCommonTarget(shown, holders);
     return request;
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace platform {
 
@@ -62,6 +63,15 @@ void MemoryProduct::Undo() {
 
 void MemoryProduct::Redo() {
     m_state->Go(m_state->history.StepForth(), Direction::Forth);
+}
+
+SharedText MemoryProduct::TakeRefusal() {
+    const std::optional<ProductText> reason = std::exchange(m_state->refusal, std::nullopt);
+    return reason ? GetText(*reason) : SharedText();
+}
+
+SharedText MemoryProduct::TakeNote() {
+    return std::exchange(m_state->note, {});
 }
 
 bool MemoryProduct::IsModified() const {

@@ -48,6 +48,12 @@ public:
     /// IsRebuildRequired says.
     void Undo();
     void Redo();
+    /// Why a value was not taken since the last time that this was asked, in the user's words;
+    /// empty where nothing is to be said.
+    SharedText TakeRefusal();
+    /// What the user should know of the values that were taken since then: in which of several
+    /// embodiments a count stands.
+    SharedText TakeNote();
     /// The user has changed something since the document was saved, and not taken it back.
     bool IsModified() const;
     void MarkSaved();

@@ -53,6 +53,8 @@ MemoryProduct::State::MakeSet(std::shared_ptr<const ProductChange> change) const
         changes.changedProperties.insert(ProductProperties::GetPath(change->GetNumber()));
         changes.Add(std::move(change));
     }
+    if (!refusal)
+        refusal = plan.GetRefusal();
     return changes;
 }
 

@@ -49,6 +49,10 @@ struct MemoryProduct::State {
     std::vector<std::unique_ptr<PropertyDescriptions>> retired;
     EditHistory history;
     IUserDecisions* decisions = nullptr;
+    /// Why the last value was not taken; what the last step is to be told of. Both until they are
+    /// asked for.
+    mutable std::optional<ProductText> refusal;
+    SharedText note;
     std::uint64_t stamp = 0;
     bool isRebuildRequired = true;
     bool areColumnsUnsaved = false;

@@ -96,6 +96,8 @@ void MemoryProduct::CommitChanges(ProductInfObjChangesResult& changes) {
         if (!wanted || !wanted->Plan(m_state->GetRules(), plan))
             return changes.Clear();
         numbers.insert(wanted->GetNumber());
+        if (m_state->index.GetTopParts().GetCurrentKeys().size() > 1)
+            m_state->note = wanted->MakeNote(m_state->GetRules());
     }
     std::vector<std::unique_ptr<IModelEdit>> edits = plan.MakeEdits();
     if (edits.empty())

@@ -5,6 +5,8 @@
 #include "platform/product/StyleSections.h"
 #include "platform/product/ValueFitting.h"
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {
@@ -61,11 +63,23 @@ bool ValueChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     if (!part)
         return false;
     const Slot holder = plan.FindHolder(*part, GetNumber());
-    if (plan.IsLinked(holder))
+    if (plan.IsLinked(holder)) {
+        plan.Refuse(ProductText::RefusedLinked);
         return false;
+    }
     std::optional<PropValue> fitted = Fit(rules, *part, GetNumber(), m_value);
     if (!fitted)
         return false;
+    // A moment stays one, and is never made a text by what is typed.
+    const PropValue held = plan.GetHeld(holder).value_or(PropValue());
+    if (held.GetSimpleValue().GetType() == SimplePropVal::TypeDateTime && !fitted->IsEmpty() &&
+        !IsPresentValue(held, *fitted)) {
+        fitted = FitMoment(*fitted);
+        if (!fitted) {
+            plan.Refuse(ProductText::RefusedMoment);
+            return false;
+        }
+    }
     Put(plan, holder, *fitted);
     if (GetNumber() == number::position)
         PutToGroup(rules, *holder.part, *fitted, plan);
@@ -102,22 +116,40 @@ bool BySourceChange::Plan(const EditRules& rules, ValuePlan& plan) const {
 
 bool CountChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     const PartEntry* const part = FindPart(rules);
-    if (!part || part->isRoot || !rules.counts.IsCounted(m_embodiment) ||
-        rules.counts.IsLinked(*part))
+    if (!part || part->isRoot || !rules.counts.IsCounted(m_embodiment))
         return false;
+    if (rules.counts.IsLinked(*part)) {
+        plan.Refuse(ProductText::RefusedLinked);
+        return false;
+    }
     std::optional<SharedText> count;
     if (m_value) {
         const std::optional<PropValue> fitted =
             FitValue(*rules.properties.Get(GetNumber()).record, *m_value);
-        if (!fitted)
+        if (!fitted || !(part->isCountMark || IsCount(fitted->to_wstring()))) {
+            plan.Refuse(ProductText::RefusedCount);
             return false;
-        count = fitted->to_wstring();
+        }
+        // A mark that is taken away is not there; any other count that is emptied is worked out.
+        if (part->isCountMark || !fitted->IsEmpty())
+            count = fitted->to_wstring();
+        else if (!rules.counts.FindTyped(*part, m_embodiment))
+            plan.Refuse(ProductText::RefusedNoTypedCount);
         // What would be so anyhow is not kept, and follows the product from then on.
-        if (*count == rules.counts.WorkOut(*part, m_embodiment).to_wstring())
+        if (count && *count == rules.counts.WorkOut(*part, m_embodiment).to_wstring())
             count.reset();
     }
     plan.SetCount(*part, m_embodiment, std::move(count));
     return true;
+}
+
+SharedText CountChange::MakeNote(const EditRules& rules) const {
+    const auto& embodiments = rules.model.embodiments;
+    const auto found = std::ranges::find(embodiments, m_embodiment, &EmbodimentRecord::key);
+    if (found == embodiments.end())
+        return {};
+    const SharedText name = found->marking.Make(VariantMarkingData::MakeAll, false, false);
+    return name.IsEmpty() ? SharedText() : GetText(ProductText::CountedIn, {name});
 }
 
 } // namespace platform

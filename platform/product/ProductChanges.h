@@ -37,6 +37,8 @@ public:
     virtual bool Plan(const EditRules& rules, ValuePlan& plan) const = 0;
 
     unsigned long GetNumber() const { return m_number; }
+    /// What the user should know when it was made; empty for nothing.
+    virtual SharedText MakeNote(const EditRules&) const { return {}; }
 
 protected:
     ProductChange(UniqueMetaObjectKey part, unsigned long number)
@@ -96,6 +98,7 @@ public:
           m_value(std::move(value)) {}
 
     bool Plan(const EditRules& rules, ValuePlan& plan) const override;
+    SharedText MakeNote(const EditRules& rules) const override;
 
 private:
     UniqueMetaObjectKey m_embodiment;

@@ -1,4 +1,5 @@
-// What a product in memory says to its user: names of steps, titles of questions.
+// What a product in memory says to its user: names of steps, reasons of refusals,
+// titles of questions.
 #pragma once
 
 #include "host/SharedText.h"
@@ -18,6 +19,11 @@ enum class ProductText : unsigned {
     LinkRemoval = 1207,
     Transmission = 1208,
     NewBillet = 1209,
+    RefusedCount = 1221,
+    RefusedMoment = 1222,
+    RefusedLinked = 1223,
+    RefusedNoTypedCount = 1224,
+    CountedIn = 1225,
     LinkTitle = 1301,
     ItemPropertiesTitle = 1302,
     ItemPropertyLine = 1303,

@@ -1,6 +1,7 @@
 #include "platform/product/ValueFitting.h"
 
 #include "host/IfPropertyDescription.h"
+#include "platform/values/Moments.h"
 #include "platform/values/Utf8.h"
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <boost/property_tree/ptree.hpp>
 #include <cmath>
 #include <limits>
+#include <string_view>
 
 namespace platform {
 
@@ -159,6 +161,33 @@ std::optional<PropValue> FitValue(const PropertyRecord& property, const PropValu
     if (!fitted || !IsInRange(property, *fitted))
         return std::nullopt;
     return PropValue(*fitted, value.GetFormat());
+}
+
+bool IsCount(const std::wstring& text) {
+    const auto isDigit = [](wchar_t c) { return c >= L'0' && c <= L'9'; };
+    auto at = std::ranges::find_if_not(text, IsBlank);
+    if (at == text.end())
+        return true;
+    if (!isDigit(*at))
+        return false;
+    at = std::find_if_not(at, text.end(), isDigit);
+    if (at != text.end() && (*at == L'.' || *at == L',')) {
+        if (++at == text.end() || !isDigit(*at))
+            return false;
+        at = std::find_if_not(at, text.end(), isDigit);
+    }
+    at = std::find_if_not(at, text.end(), IsBlank);
+    constexpr std::wstring_view c_noUnit = L".,+-";
+    return std::none_of(at, text.end(), [&](wchar_t c) {
+        return isDigit(c) || c_noUnit.find(c) != std::wstring_view::npos;
+    });
+}
+
+std::optional<PropValue> FitMoment(const PropValue& value) {
+    if (value.GetSimpleValue().GetType() == SimplePropVal::TypeDateTime)
+        return value;
+    const std::optional<DateTime> moment = ParseMoment(ToUtf8(value.to_wstring().Str()));
+    return moment ? std::optional(PropValue(SimplePropVal(*moment))) : std::nullopt;
 }
 
 std::optional<PropValue> FitMarking(const ObjectRecord& object, const PropValue& value) {

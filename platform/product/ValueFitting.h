@@ -19,6 +19,14 @@ std::optional<double> FindNumber(const SimplePropVal& value);
 /// no finite number, or a text that is too long, not Unicode or holds a null character.
 std::optional<PropValue> FitValue(const PropertyRecord& property, const PropValue& value);
 
+/// Whether a text can be a count: none, or a number from 0 on, with a point or a comma, and perhaps
+/// a unit behind it, which has no digits.
+bool IsCount(const std::wstring& text);
+
+/// The moment that a text says, in ISO 8601 or as a date alone; a moment itself. No value: it says
+/// none.
+std::optional<PropValue> FitMoment(const PropValue& value);
+
 /// The same for a designation: its structured value or the text of one. Parts that are locked for
 /// the object must stay as they are.
 std::optional<PropValue> FitMarking(const ObjectRecord& object, const PropValue& value);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/product/ModelEdits.h"
+#include "platform/product/ProductTexts.h"
 
 #include <memory>
 #include <unordered_map>
@@ -32,6 +33,11 @@ public:
                   std::optional<SharedText> count);
     /// Whether the object's name follows its section.
     void SetNameLink(const PartEntry& object, bool isLinked);
+
+    /// Why something that was wished for can't be had, where the user should be told; the first
+    /// reason counts.
+    void Refuse(ProductText reason) { m_refusal = m_refusal.value_or(reason); }
+    std::optional<ProductText> GetRefusal() const { return m_refusal; }
 
     /// Nothing would be changed.
     bool IsEmpty() const;
@@ -69,6 +75,7 @@ private:
     bool IsNew(const CountSlot& slot, const std::optional<SharedText>& count) const;
 
     ShownValues m_shown;
+    std::optional<ProductText> m_refusal;
     Wishes<Slot, PropValue> m_values;
     Wishes<Slot, LinkRecord> m_links;
     /// By the objects' sections.

@@ -1,9 +1,9 @@
-#include "desktop/store/Moments.h"
+#include "platform/values/Moments.h"
 
 #include <charconv>
 #include <chrono>
 
-namespace desktop::store {
+namespace platform {
 
 namespace {
 
@@ -29,28 +29,7 @@ int NumberAt(std::string_view text, std::size_t place, std::size_t length) {
     return number;
 }
 
-void WriteNumber(std::string& text, std::size_t place, std::size_t length, std::int64_t number) {
-    for (std::size_t i = place + length; i-- > place; number /= 10)
-        text[i] = static_cast<char>('0' + number % 10);
-}
-
 } // namespace
-
-std::string FormatMoment(DateTime moment) {
-    using namespace std::chrono;
-    const sys_seconds time{seconds(moment.seconds)};
-    const sys_days day = floor<days>(time);
-    const year_month_day date(day);
-    const hh_mm_ss clock(time - day);
-    std::string text(c_pattern);
-    WriteNumber(text, 0, 4, static_cast<int>(date.year()));
-    WriteNumber(text, 5, 2, static_cast<unsigned>(date.month()));
-    WriteNumber(text, 8, 2, static_cast<unsigned>(date.day()));
-    WriteNumber(text, 11, 2, clock.hours().count());
-    WriteNumber(text, 14, 2, clock.minutes().count());
-    WriteNumber(text, 17, 2, clock.seconds().count());
-    return text;
-}
 
 std::optional<DateTime> ParseMoment(std::string_view text) {
     using namespace std::chrono;
@@ -69,4 +48,4 @@ std::optional<DateTime> ParseMoment(std::string_view text) {
     return DateTime{time.time_since_epoch().count()};
 }
 
-} // namespace desktop::store
+} // namespace platform

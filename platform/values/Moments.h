@@ -1,4 +1,5 @@
 // Moments as ISO 8601 texts, "2024-05-01T12:00:00Z", in the years 1 to 9999.
+// SimplePropVal::to_wstring writes them.
 #pragma once
 
 #include "host/SimplePropVal.h"
@@ -7,10 +8,9 @@
 #include <string>
 #include <string_view>
 
-namespace desktop::store {
+namespace platform {
 
-std::string FormatMoment(DateTime moment);
 /// No value: the text is no moment. A date alone is its midnight.
 std::optional<DateTime> ParseMoment(std::string_view text);
 
-} // namespace desktop::store
+} // namespace platform

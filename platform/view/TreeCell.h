@@ -53,6 +53,8 @@ public:
     bool IsRecalculable() const { return HasFlag(c_recalculable); }
     /// Of a link: the value does not agree with its source any more.
     bool IsOutdated() const { return HasFlag(c_outdated); }
+    /// Of a text: it is a moment.
+    bool IsMoment() const { return HasFlag(c_moment); }
     /// Of a link: a click opens an editor of the host rather than following it.
     bool OpensEditor() const { return HasFlag(c_opensEditor); }
 
@@ -95,7 +97,8 @@ private:
         c_recalculable = 8,
         c_outdated = 16,
         c_opensEditor = 32,
-        c_liveLink = 64
+        c_liveLink = 64,
+        c_moment = 128
     };
 
     /// A text that is not shown as it is.

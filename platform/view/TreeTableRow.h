@@ -68,6 +68,8 @@ public:
     void SetTextCell(const SharedText& columnId, const SharedText& text, const SharedText& shown,
                      bool editable, bool recalculable, const SharedText& icon,
                      const MenuPtr& popup) override;
+    void SetTimeCell(const SharedText& columnId, const SharedText& text, bool editable,
+                     const SharedText& icon) override;
     void SetCellText(const SharedText& columnId, const SharedText& text,
                      const SharedText& shown) override;
     SharedText GetCellText(const SharedText& columnId) const override;

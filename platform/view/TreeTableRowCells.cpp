@@ -182,8 +182,21 @@ void TreeTableRow::SetTextCell(const SharedText& columnId, const SharedText& tex
         return;
     cell.Texts(text, shown);
     cell.State(editable, recalculable);
+    cell.Flag(TreeCell::c_moment, false);
     cell.Icon(icon);
     cell.Popup(popup);
+}
+
+void TreeTableRow::SetTimeCell(const SharedText& columnId, const SharedText& text, bool editable,
+                               const SharedText& icon) {
+    CellWriter cell(*this, CellOf(columnId));
+    if (!cell.Begin(CellKind::Text))
+        return;
+    cell.Texts(text, text);
+    cell.State(editable, false);
+    cell.Flag(TreeCell::c_moment, true);
+    cell.Icon(icon);
+    cell.Popup(nullptr);
 }
 
 void TreeTableRow::SetCellText(const SharedText& columnId, const SharedText& text,
@@ -308,6 +321,10 @@ void TreeTableRow::SetLinkCell(const SharedText& columnId, const SharedText& sho
 }
 
 SharedText TreeTableRow::GetCellSourceIcon(const SharedText& columnId) const {
+    if (columnId.Str() == GetNameColumn())
+        return GetNameIcon();
+    if (columnId.Str() == GetMarking().GetColumn())
+        return GetMarking().GetIcon();
     const TreeCell* const cell = CellOf(columnId);
     return cell ? GetIconOf(*cell) : SharedText();
 }

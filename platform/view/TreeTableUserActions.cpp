@@ -236,6 +236,12 @@ bool TreeTableView::SetColumnsVisibleByUser(
     const std::vector<productTree::ColumnVisibility>& columns) {
     if (!CanCallControl())
         return false;
+    // The order of the entries becomes that of the columns: who comes stands last.
+    for (const productTree::ColumnVisibility& column : columns) {
+        const int index = m_columns.Find(column.columnId);
+        if (column.visible && index >= 0 && !m_columns.Get(index)->isVisible)
+            m_columns.MoveToEnd(index);
+    }
     return CallControl([&](IfProductTreeCtrl& control) { control.SetColumnsVisibility(columns); });
 }
 

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -282,6 +283,35 @@ TEST_F(EditingTest, ALockedPartOfADesignationCannotBeTyped) {
     EXPECT_FALSE(parts[0]->isEnabled());
     EXPECT_FALSE(parts[6]->isEnabled());
     EXPECT_EQ(QApplication::focusWidget(), parts[1]);
+}
+
+TEST_F(EditingTest, AMomentStaysOneHoweverItIsEdited) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    constexpr std::int64_t may31 = 1'780'185'600;
+    auto product = Parts();
+    product.objects[0].properties.emplace_back(ProductProperties::GetPropId(L"note"),
+                                               PropValue(SimplePropVal(DateTime{may31})));
+    Show(product);
+    Tree().expandAll();
+    const auto iso = [&] { return At({0, 0}, m_note).data(Qt::EditRole).toString(); };
+    EXPECT_EQ(TextAt({0, 0}, m_note), "31.05.2026");
+    Tree().setCurrentIndex(At({0, 0}, m_note));
+    Press(Qt::Key_F2);
+    auto* const editor = Tree().findChild<QDateTimeEdit*>();
+    ASSERT_TRUE(editor);
+    Shoot("edit-moment");
+    editor->setDate(QDate(2026, 6, 1));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(iso(), "2026-06-01T00:00:00Z");
+    EXPECT_EQ(TextAt({0, 0}, m_note), "01.06.2026");
+    Tree().model()->setData(At({0, 0}, m_note), "someday", Qt::EditRole);
+    EXPECT_EQ(iso(), "2026-06-01T00:00:00Z");
+    EXPECT_EQ(m_window->statusBar()->currentMessage(),
+              "Note: not taken, a date is expected, as 2026-05-31");
+    Trigger("Clear Value");
+    EXPECT_EQ(iso(), "");
+    QLocale::setDefault(before);
 }
 
 TEST_F(EditingTest, ATruthValueIsToggledByClickAndBySpace) {

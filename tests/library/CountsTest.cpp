@@ -152,7 +152,7 @@ TEST(Counts, AnEditIsOneStepAndBuildsRowsOnlyWhereACountComesOrGoes) {
     const std::wstring f = L"count|f";
     const EditCase cases[] = {
         {"another number", {0, 2}, f, SharedText(L"3"), "a:3*", false},
-        {"a number taken away", {1}, e, SharedText(), "b:*", true},
+        {"a number that is worked out taken away", {1}, e, SharedText(), "b:1", false, false},
         {"a number where there is none", {1}, f, SharedText(L"2"), "b:2*", true},
         {"a number with a unit", {1}, e, SharedText(L"0.5 m"), "b:0.5 m*", false},
         {"what follows from the product", {0, 2}, f, SharedText(L"1"), "a:1", false},
@@ -167,7 +167,8 @@ TEST(Counts, AnEditIsOneStepAndBuildsRowsOnlyWhereACountComesOrGoes) {
         {"a mark set", {3, 1}, f, true, "d:[x]", true},
         {"a mark taken away", {4}, f, false, "x:[ ]", true},
         {"the number of a group", {0}, e, SharedText(L"7"), "a (x3):7* [a:1 a:1 a:]", false},
-        {"no number for a group", {0}, e, SharedText(), "a (x3):* [a:1 a:1 a:]", false},
+        {"no number", {1}, e, SharedText(L"abc"), "b:1", false, false},
+        {"less than nothing", {1}, e, SharedText(L"-3"), "b:1", false, false},
         {"the number that a group has",
          {0},
          e,

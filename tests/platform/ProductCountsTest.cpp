@@ -1,5 +1,6 @@
 // Counts of a product in memory: what follows from the product, what was typed, and the way back.
 
+#include "platform/values/Utf8.h"
 #include "tests/support/ProductBuilder.h"
 
 #include <gtest/gtest.h>
@@ -103,8 +104,10 @@ TEST(ProductCounts, AGroupAddsUpNumbersAlone) {
     Type(*product, "screw#1", "f", L"0,5");
     EXPECT_EQ(Count(*product, "screw", "f"), L"3.5");
     Type(*product, "screw#1", "f", L"");
-    EXPECT_EQ(Count(*product, "screw", "f"), L"3");
-    Type(*product, "screw#1", "f", L"as needed");
+    EXPECT_EQ(Count(*product, "screw", "f"), L"4") << "worked out again";
+    product->Change([](platform::ProductModel& model) {
+        model.objects[0].occurrences[0].counts = {{Key("f"), L"as needed"}};
+    });
     EXPECT_EQ(Count(*product, "screw", "f"), L"");
     product->DeleteObjects({Key("screw#1")});
     EXPECT_EQ(Count(*product, "screw", "f"), L"3");
@@ -123,6 +126,21 @@ TEST(ProductCounts, ALinkedCountIsThatOfTheOtherObject) {
     EXPECT_EQ(Count(*product, "can", "e"), L"3,2");
     EXPECT_FALSE(Type(*product, "can", "e", L"7"));
     EXPECT_FALSE(product->IsRecalcAvailable(Ref("can", "e")));
+}
+
+TEST(ProductCounts, ACountIsANumberFromZeroOnWithAUnitPerhaps) {
+    const auto product = Product().Object("a").Uses().Make();
+    const auto give = [&](const wchar_t* text) { return Type(*product, "a#1", "root", text); };
+    for (const wchar_t* text : {L"7", L"0", L"2,5", L" 3 m", L"0.5 m\u00B2", L"12pcs"})
+        EXPECT_TRUE(give(text)) << platform::ToUtf8(text);
+    static_cast<void>(product->TakeRefusal());
+    for (const wchar_t* text : {L"abc", L"-3", L"3-4", L"1e5", L",5", L"2.", L"x"}) {
+        EXPECT_FALSE(give(text)) << platform::ToUtf8(text);
+        EXPECT_FALSE(product->TakeRefusal().IsEmpty());
+    }
+    EXPECT_TRUE(give(L"")) << "it is worked out again";
+    EXPECT_EQ(Count(*product, "a#1", "root"), L"1");
+    EXPECT_FALSE(product->IsRecalcAvailable(Ref("a#1", "root")));
 }
 
 } // namespace

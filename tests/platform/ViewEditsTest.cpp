@@ -280,6 +280,8 @@ TEST_F(ViewEdits, ClicksReachTheControlOnlyWhereThereIsSomethingToClick) {
     m_row->SetNameIcon(columns::icon);
     m_row->SetNameHypertext(true);
     m_row->GetMarkingEditor()->SetIcon(columns::icon);
+    for (const std::wstring& column : {m_row->GetNameColumn(), m_row->GetMarking().GetColumn()})
+        EXPECT_EQ(m_row->GetCellSourceIcon(column).Str(), columns::icon.Str());
     const auto icon = [&](const wchar_t* id) { return m_view->ClickSourceIconByUser(*m_row, id); };
     const auto link = [&](const wchar_t* id) { return m_view->ClickLinkByUser(*m_row, id); };
     EXPECT_TRUE(icon(L"note") && icon(L"name") && icon(L"marking") && icon(L"mass"));
