@@ -3,6 +3,7 @@
 #include "desktop/import/StandardParts.h"
 #include "host/ProductProperties.h"
 
+#include <array>
 #include <utility>
 
 namespace desktop::step {
@@ -20,19 +21,19 @@ constexpr ComponentKind assemblyKind{PartKindAssembly, 15, 0};
 constexpr ComponentKind detailKind{PartKindDetail, 20, 1};
 constexpr ComponentKind standardKind{PartKindStandard, 25, 2};
 
-constexpr const wchar_t* sectionPath = L"SPCSection";
-constexpr const wchar_t* positionPath = L"position";
 constexpr const wchar_t* materialPath = L"material";
 constexpr const wchar_t* densityPath = L"material.density";
-constexpr const wchar_t* massPath = L"mass";
-constexpr const wchar_t* notePath = L"note";
+
+/// What is shown of an assembly beside names and designations.
+constexpr std::array shownPaths = {L"position",         L"count", L"SPCSection", L"material",
+                                   L"material.density", L"mass",  L"comment"};
 
 const char* const rootKey = "root";
 
 ComponentKind KindOf(const Product& product, bool isAssembly) {
     if (isAssembly)
         return assemblyKind;
-    const bool isStandard = BeginsWithStandard(product.name) || BeginsWithStandard(product.id);
+    const bool isStandard = NamesStandard(product.name) || NamesStandard(product.id);
     return isStandard ? standardKind : detailKind;
 }
 
@@ -121,8 +122,7 @@ platform::ProductModel BuildModel(const ProductStructure& structure, const RootC
         model.objects.push_back(MakeObject(structure, component, part));
     model.root.sumsPartMasses = !model.objects.empty();
     model.isSimplified = true;
-    for (const wchar_t* path :
-         {sectionPath, positionPath, materialPath, densityPath, massPath, notePath})
+    for (const wchar_t* path : shownPaths)
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));
     return model;
 }

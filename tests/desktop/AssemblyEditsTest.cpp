@@ -140,6 +140,7 @@ TEST_F(AssemblyEditsTest, ADensityThatIsGivenBeforeThePartsAreMeasuredMakesTheMa
 
 /// Among the sections that a document without a style of its own offers.
 constexpr platform::SectionDecision c_standardParts{4, false};
+constexpr platform::SectionDecision c_parts{3, false};
 
 TEST_F(AssemblyEditsTest, APartMovesToTheSectionThatIsChosenAndTakesAPosition) {
     Open("as1-oc-214.stp");
@@ -199,13 +200,13 @@ TEST_F(AssemblyEditsTest, AGroupOfTwelveScrewsIsPlacedAsOne) {
     Edit(Find(name, c_position), "none");
     Press(Qt::Key_Escape);
     EXPECT_TRUE(areAll(c_position, "7"));
-    m_decisions->ChooseNextSection(c_standardParts);
+    m_decisions->ChooseNextSection(c_parts);
     ClickLink(Find(name, c_section));
-    EXPECT_TRUE(areAll(c_section, "Standard parts"));
+    EXPECT_TRUE(areAll(c_section, "Parts"));
     EXPECT_EQ(Tree().currentIndex().siblingAtColumn(0), Find(name, "Name"));
 
     Trigger("Undo");
-    EXPECT_TRUE(areAll(c_section, "Parts"));
+    EXPECT_TRUE(areAll(c_section, "Standard parts"));
     EXPECT_TRUE(areAll(c_position, "7"));
     Trigger("Undo");
     EXPECT_TRUE(areAll(c_position, ""));

@@ -136,7 +136,7 @@ TEST(StepImport, MakesADocumentThatThePanelCanShow) {
     EXPECT_FALSE(model.style);
     EXPECT_TRUE(model.isSimplified);
     EXPECT_TRUE(model.root.sumsPartMasses);
-    EXPECT_EQ(model.visibleProperties.size(), 6u);
+    EXPECT_EQ(model.visibleProperties.size(), 7u);
     for (const unsigned long number : model.visibleProperties)
         EXPECT_NE(ProductProperties::GetPath(number), L"");
 
