@@ -46,6 +46,7 @@ ImportedDocument::ImportedDocument(std::unique_ptr<StepReader> reader, StepConte
                                    RootChoice choice, std::vector<Component> components,
                                    const std::wstring& title)
     : m_reader(std::move(reader)), m_structure(std::move(contents.structure)),
+      m_hasSolids(contents.hasSolids),
       m_choice(std::move(choice)), m_components(std::move(components)),
       m_model(BuildModel(m_structure, m_choice, m_components, title)) {
     AddNote(contents.otherFiles.size(), "other file is", "other files are",
@@ -60,8 +61,11 @@ ImportedDocument::ImportedDocument(std::unique_ptr<StepReader> reader, StepConte
 }
 
 std::unique_ptr<Measuring> ImportedDocument::StartMeasuring(MeasuredParts parts) {
-    return std::make_unique<VolumeMeasuring>(*this, *m_reader, m_structure,
-                                             FindPartsToMeasure(m_structure, m_choice.tops, parts));
+    // Shells would be gone through for half a minute, to no end.
+    std::vector<std::size_t> measured;
+    if (m_hasSolids)
+        measured = FindPartsToMeasure(m_structure, m_choice.tops, parts);
+    return std::make_unique<VolumeMeasuring>(*this, *m_reader, m_structure, std::move(measured));
 }
 
 Measures ImportedDocument::GetMeasures(const std::vector<std::optional<double>>& volumes) const {

@@ -32,6 +32,7 @@ private:
 
     std::unique_ptr<StepReader> m_reader;
     ProductStructure m_structure;
+    bool m_hasSolids;
     RootChoice m_choice;
     std::vector<Component> m_components;
     platform::ProductModel m_model;

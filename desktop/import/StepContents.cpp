@@ -16,6 +16,7 @@
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StepRepr_ProductDefinitionShape.hxx>
 #include <StepRepr_PropertyDefinitionRepresentation.hxx>
+#include <StepShape_SolidModel.hxx>
 #include <TCollection_HAsciiString.hxx>
 
 #include <optional>
@@ -99,6 +100,8 @@ private:
         else if (const auto property =
                      Handle(StepRepr_PropertyDefinitionRepresentation)::DownCast(entity))
             AddMaterial(*property);
+        else if (entity->IsKind(STANDARD_TYPE(StepShape_SolidModel)))
+            m_contents.hasSolids = true;
         else if (const auto file = Handle(StepBasic_DocumentFile)::DownCast(entity))
             m_contents.otherFiles.insert(RawText(file->Id().get()));
     }

@@ -23,6 +23,8 @@ struct StepContents {
     std::set<std::string> otherFiles;
     /// How many densities have no unit of mass per volume and are left out.
     std::size_t unclearDensities = 0;
+    /// Some shape has a volume; surfaces alone have none.
+    bool hasSolids = false;
 };
 
 /// An error where a use has lost one of its ends.

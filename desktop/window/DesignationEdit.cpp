@@ -1,8 +1,11 @@
 #include "desktop/window/DesignationEdit.h"
 
+#include "host/VariantMarking.h"
+
 #include <QApplication>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 
 #include <algorithm>
@@ -26,6 +29,8 @@ constexpr std::array<PartLook, DesignationEdit::c_partCount> c_parts = {{
     {1, true},
     {3, false},
 }};
+constexpr double c_labelSize = 0.8;
+constexpr int c_labelRoom = 6;
 /// What the frame and the cursor of a line take beside the letters.
 constexpr int c_lineRoom = 9;
 
@@ -34,12 +39,14 @@ constexpr int c_lineRoom = 9;
 DesignationEdit::DesignationEdit(const EditorRequest& request, QWidget* parent) : QWidget(parent) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
-    auto* const layout = new QHBoxLayout(this);
+    auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(1);
+    layout->setColumnStretch(0, 1);
     for (int part = 0; part < c_partCount; ++part) {
         QLineEdit* const line = MakePart(part, request);
-        layout->addWidget(line, part == 0 ? 1 : 0);
+        layout->addWidget(line, 0, part);
+        layout->addWidget(MakeLabel(LabelOf(part, request), *line), 1, part);
         m_parts[static_cast<std::size_t>(part)] = line;
         if (!focusProxy() && line->isEnabled())
             setFocusProxy(line);
@@ -64,10 +71,59 @@ QLineEdit* DesignationEdit::MakePart(int part, const EditorRequest& request) {
     line->setModified(false);
     line->setSizePolicy(line->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
     line->setEnabled(!request.lockedParts.contains(part + 1));
-    if (static_cast<std::size_t>(part) < request.partTips.size())
-        line->setToolTip(request.partTips[static_cast<std::size_t>(part)]);
+    line->setToolTip(LabelOf(part, request));
     line->installEventFilter(this);
     return line;
+}
+
+QString DesignationEdit::LabelOf(int part, const EditorRequest& request) {
+    const auto place = static_cast<std::size_t>(part);
+    if (c_parts[place].isDelimiter)
+        return tr("Delimiter");
+    return place < request.partTips.size() ? request.partTips[place] : QString();
+}
+
+QLabel* DesignationEdit::MakeLabel(const QString& text, QLineEdit& line) {
+    auto* const label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * c_labelSize);
+    label->setFont(font);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    label->setContentsMargins(1, 0, c_labelRoom, 0);
+    label->setBuddy(&line);
+    return label;
+}
+
+int DesignationEdit::GetLabelHeight() const {
+    int height = 0;
+    for (const QLabel* const label : findChildren<QLabel*>())
+        height = std::max(height, label->sizeHint().height());
+    return height;
+}
+
+// Only where all other parts are empty: what stands in them is what the user wants there.
+void DesignationEdit::TakeApart() {
+    const bool isAlone = std::all_of(m_parts.begin() + 1, m_parts.end(), [](const QLineEdit* line) {
+        return line->text().isEmpty() && line->isEnabled();
+    });
+    VariantMarking marking;
+    marking.Parse(SharedText(m_parts.front()->text().toStdWString()));
+    if (!isAlone || marking.GetBase().Str().size() ==
+                        static_cast<std::size_t>(m_parts.front()->text().toStdWString().size()))
+        return;
+    const auto delim = [](wchar_t c) { return c == 0 ? QString() : QString(QChar(char16_t(c))); };
+    const auto text = [](const SharedText& part) { return QString::fromStdWString(part.Str()); };
+    const QString texts[] = {
+        text(marking.GetBase()),          delim(marking.GetEmbodimentNumDelim()),
+        text(marking.GetEmbodimentNum()), delim(marking.GetAdditionalNumDelim()),
+        text(marking.GetAdditionalNum()), delim(marking.GetCodeDelim()),
+        text(marking.GetCode())};
+    for (std::size_t part = 0; part < m_parts.size(); ++part) {
+        m_parts[part]->setText(texts[part]);
+        m_parts[part]->setModified(true);
+    }
 }
 
 std::optional<QVariant> DesignationEdit::TakeInput() const {
@@ -97,6 +153,8 @@ bool DesignationEdit::eventFilter(QObject* watched, QEvent* event) {
 bool DesignationEdit::OnKey(const QLineEdit& part, int key) {
     switch (key) {
     case Qt::Key_Tab:
+        if (&part == m_parts.front())
+            TakeApart();
         GoOn(part, 1);
         return true;
     case Qt::Key_Backtab:
@@ -104,6 +162,7 @@ bool DesignationEdit::OnKey(const QLineEdit& part, int key) {
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        TakeApart();
         emit Left(QAbstractItemDelegate::SubmitModelCache);
         return true;
     case Qt::Key_Escape:

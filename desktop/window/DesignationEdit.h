@@ -1,5 +1,6 @@
-// The editor of a designation: its seven parts side by side, each in a line of its own, the
-// delimiters one character wide.
+// The editor of a designation: its seven parts side by side, each in a line of its own with its
+// label below, the delimiters one character wide. A whole designation that is typed or pasted into
+// the first part is taken apart when the user goes on from there.
 #pragma once
 
 #include "desktop/window/CellEditors.h"
@@ -9,6 +10,7 @@
 
 #include <array>
 
+class QLabel;
 class QLineEdit;
 
 namespace desktop {
@@ -22,6 +24,8 @@ public:
     DesignationEdit(const EditorRequest& request, QWidget* parent);
 
     std::optional<QVariant> TakeInput() const override;
+    /// What the labels need below the lines.
+    int GetLabelHeight() const;
 
 signals:
     /// The user is through with the parts: by Enter, by Escape, by Tab behind the last one, by
@@ -33,6 +37,9 @@ protected:
 
 private:
     QLineEdit* MakePart(int part, const EditorRequest& request);
+    static QString LabelOf(int part, const EditorRequest& request);
+    QLabel* MakeLabel(const QString& text, QLineEdit& line);
+    void TakeApart();
     bool OnKey(const QLineEdit& part, int key);
     void GoOn(const QLineEdit& from, int direction);
     void CheckFocus();

@@ -192,6 +192,7 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     connect(m_model.get(), &TreeItemModel::RowStatesChanged, this, &MainWindow::ShowCounts);
     connect(m_model.get(), &TreeItemModel::Changed, this, &MainWindow::ShowState);
     connect(m_model.get(), &TreeItemModel::InputAnswered, this, &MainWindow::OnInputAnswered);
+    connect(m_model.get(), &TreeItemModel::HeadAnswered, this, &MainWindow::OnHeadAnswered);
     m_tree->ShowModel(m_model.get());
 
     QStringList notes;
@@ -286,7 +287,7 @@ void MainWindow::DoWhatWaits() {
 
 void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVariant& input,
                                  bool isTaken) {
-    const QString reason = QString::fromStdWString(m_session->TakeRefusal().Str());
+    const QString reason = m_refusal = QString::fromStdWString(m_session->TakeRefusal().Str());
     if (isTaken) {
         statusBar()->showMessage(QString::fromStdWString(m_session->TakeNote().Str()),
                                  c_messageMilliseconds);
@@ -304,6 +305,19 @@ void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVari
         text += LimitsText(*limits);
     statusBar()->showMessage(text, c_messageMilliseconds);
     m_tree->NoteRefusal(text);
+}
+
+void MainWindow::OnHeadAnswered(const platform::ColumnHead& column, int takers, int rows) {
+    if (takers == 0 || takers == rows)
+        return;
+    const QString reason =
+        m_refusal.isEmpty() ? tr("the others can't be edited there") : std::exchange(m_refusal, {});
+    statusBar()->showMessage(tr("%1: taken by %2 of %3 rows, %4")
+                                 .arg(QString::fromStdWString(column.caption))
+                                 .arg(takers)
+                                 .arg(rows)
+                                 .arg(reason),
+                             c_messageMilliseconds);
 }
 
 void MainWindow::FitToRows() {

@@ -79,6 +79,8 @@ private:
     void DoWhatWaits();
     /// Tells of an input that was not taken, until the next one is.
     void OnInputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
+    /// Tells of rows that have not taken what others have.
+    void OnHeadAnswered(const platform::ColumnHead& column, int takers, int rows);
     void OnMeasured(const step::Measures& measures);
 
     void ShowCaption();
@@ -91,6 +93,8 @@ private:
     std::unique_ptr<Session> m_session;
     std::unique_ptr<TreeItemModel> m_model;
     FileWatch m_watch;
+    /// Why the last input, or some of it, was not taken.
+    QString m_refusal;
     std::vector<std::function<void()>> m_waiting;
     QAction* m_save = nullptr;
     QAction* m_undo = nullptr;

@@ -49,16 +49,24 @@ const TreeItemModel& PanelHead::Model() const {
 }
 
 void PanelHead::OfferEditors(int rows) {
+    m_takes.clear();
+    viewport()->update();
     if (rows == m_rows)
         return;
     CloseEditor();
     m_rows = rows;
-    viewport()->update();
 }
 
 bool PanelHead::IsOffered(int column) const {
-    return m_rows > 1 && model() && column >= 0 && column < count() &&
-           Model().GetHeadEditor(column).kind != EditKind::None;
+    if (m_rows < 2 || !model() || column < 0 || column >= count() ||
+        Model().GetHeadEditor(column).kind == EditKind::None)
+        return false;
+    // Asked at each painting, and answered by a walk over the selected rows.
+    m_takes.resize(static_cast<std::size_t>(count()));
+    std::optional<bool>& takes = m_takes[static_cast<std::size_t>(column)];
+    if (!takes)
+        takes = Model().TakesFromHead(column);
+    return *takes;
 }
 
 void PanelHead::OpenEditor(int column) {

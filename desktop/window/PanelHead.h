@@ -7,6 +7,8 @@
 #include <QIcon>
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 class QLineEdit;
 
@@ -20,8 +22,8 @@ class PanelHead final : public QHeaderView {
 public:
     explicit PanelHead(QWidget* parent = nullptr);
 
-    /// How many rows a value would be given to; fewer than two: none are offered. An open editor
-    /// closes when the number changes.
+    /// The selected rows are others, or can do other things: how many a value would be given to;
+    /// fewer than two: none are offered. An open editor closes when the number changes.
     void OfferEditors(int rows);
     /// Nothing happens where no editor is offered.
     void OpenEditor(int column);
@@ -52,6 +54,8 @@ private:
 
     QIcon m_pencil;
     int m_rows = 0;
+    /// By column: some selected row takes what the head gives; no value until it is asked.
+    mutable std::vector<std::optional<bool>> m_takes;
     int m_column = -1;
     QWidget* m_editor = nullptr;
 };

@@ -111,6 +111,9 @@ void PanelTree::ShowModel(TreeItemModel* model) {
     if (!model)
         return;
     connect(model, &TreeItemModel::RowStatesChanged, this, &PanelTree::ApplyRowStates);
+    connect(model, &TreeItemModel::Changed, this, [this] {
+        m_head->OfferEditors(static_cast<int>(m_model->GetView().GetSelectedRows().size()));
+    });
     connect(model, &TreeItemModel::NameEditWanted, this, &PanelTree::EditCell);
     // While the model is replaced, the head lays its columns out anew: no width is the user's then.
     connect(model, &TreeItemModel::modelAboutToBeReset, this, [this] {

@@ -348,6 +348,8 @@ void RowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIt
     const int left = isNumber ? place.right() - width + 1 : place.left();
     place.setWidth(width);
     place.moveLeft(std::clamp(left, 0, room - width));
+    if (const auto* const designation = qobject_cast<const DesignationEdit*>(editor))
+        place.setHeight(place.height() + designation->GetLabelHeight());
     editor->setGeometry(place);
 }
 

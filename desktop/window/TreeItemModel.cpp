@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace desktop {
 
 namespace {
@@ -99,23 +101,18 @@ public:
     /// Of one column.
     explicit InputWatch(const QModelIndexList& cells)
         : m_anyCell(cells.isEmpty() ? QModelIndex() : cells.front()), m_cells(cells) {
-        for (const QModelIndex& cell : cells)
+        for (const QModelIndex& cell : cells) {
             m_before.push_back(Look(cell));
+            m_editable += TreeItemModel::LookOf(cell).kind != EditKind::None ? 1 : 0;
+        }
     }
 
     /// Rows that were built anew are the answer to an input that was taken.
     bool IsTaken(const QVariant& input) const {
-        if (!m_anyCell.isValid())
-            return true;
-        bool isThere = true;
-        for (qsizetype i = 0; i < m_cells.size(); ++i) {
-            const Shown& before = m_before[static_cast<std::size_t>(i)];
-            if (Look(m_cells[i]) != before)
-                return true;
-            isThere = isThere && StandsIn(m_cells[i], input);
-        }
-        return isThere;
+        return m_cells.isEmpty() || !m_anyCell.isValid() || CountTakers(input, true) > 0;
     }
+    /// How many of the cells show the input now, or something new.
+    int CountTakers(const QVariant& input) const { return CountTakers(input, false); }
 
 private:
     struct Shown {
@@ -124,6 +121,22 @@ private:
 
         friend bool operator==(const Shown&, const Shown&) = default;
     };
+
+    int CountTakers(const QVariant& input, bool areAllAsked) const {
+        if (!m_anyCell.isValid())
+            return m_editable;
+        int takers = 0;
+        bool areAll = true;
+        for (qsizetype i = 0; i < m_cells.size(); ++i) {
+            const bool isChanged = Look(m_cells[i]) != m_before[static_cast<std::size_t>(i)];
+            const bool takes = isChanged || StandsIn(m_cells[i], input);
+            if (areAllAsked && isChanged)
+                return 1;
+            areAll = areAll && takes;
+            takers += takes ? 1 : 0;
+        }
+        return areAllAsked && !areAll ? 0 : takers;
+    }
 
     /// The row of a group shows little of its members: each of them has to have the value.
     static bool StandsIn(const QModelIndex& cell, const QVariant& input) {
@@ -147,6 +160,7 @@ private:
     QPersistentModelIndex m_anyCell;
     QModelIndexList m_cells;
     std::vector<Shown> m_before;
+    int m_editable = 0;
 };
 
 QVariant SectionFont() {
@@ -311,7 +325,16 @@ bool TreeItemModel::EditHead(int column, const QVariant& value) {
     const bool isAsked =
         kind != EditKind::None && m_view.EditHeadByUser(head.id, ToInput(kind, value));
     emit InputAnswered(head, value, isAsked && watch.IsTaken(value));
+    emit HeadAnswered(head, watch.CountTakers(value), static_cast<int>(cells.size()));
     return isAsked;
+}
+
+bool TreeItemModel::TakesFromHead(int column) const {
+    const std::vector<TreeRowPtr> rows = m_view.GetSelectedRows();
+    return std::ranges::any_of(rows, [&](const TreeRowPtr& row) {
+        const auto& shown = static_cast<const TreeTableRow&>(*row);
+        return LookOf(IndexOf(shown, column)).kind != EditKind::None;
+    });
 }
 
 void TreeItemModel::SetColumnWidth(int column, int width) {

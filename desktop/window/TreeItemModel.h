@@ -41,6 +41,8 @@ public:
     bool ClickLink(const QModelIndex& index);
     /// Gives all selected rows a value.
     bool EditHead(int column, const QVariant& value);
+    /// Some selected row has a cell there that can be edited.
+    bool TakesFromHead(int column) const;
     void SetColumnWidth(int column, int width);
 
     /// The row and the head of a valid index.
@@ -68,6 +70,8 @@ signals:
     /// The cells, or those of all selected rows in that column, show what they showed before, or
     /// they don't. The rows may have been replaced.
     void InputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
+    /// Behind it, of a head: how many of the selected rows have the value now.
+    void HeadAnswered(const platform::ColumnHead& column, int takers, int rows);
     /// The last of the signals about a change.
     void Changed();
 

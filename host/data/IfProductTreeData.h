@@ -241,7 +241,8 @@ public:
 
 /// What deleting would take away.
 struct DeleteInfo {
-    /// Of the one object that goes; no value for more than one.
+    /// Of the one object that all keys belong to, whatever goes along with it; no value for several
+    /// objects.
     std::optional<SharedText> name;
     /// Objects that go, those that go along included; no value when that can't be told.
     std::optional<int> count;

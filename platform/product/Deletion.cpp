@@ -71,6 +71,19 @@ void Deletion::TakeUses(const PartEntry& object, const Parts& uses) {
     m_uses.push_back({object.key, RecordsSwap<OccurrenceRecord>(keys)});
 }
 
+bool Deletion::IsOneObject(const std::set<UniqueMetaObjectKey>& keys) const {
+    const PartEntry* object = nullptr;
+    for (const UniqueMetaObjectKey& key : keys) {
+        const PartEntry* const part = m_index.Find(key);
+        if (!part || part->isRoot)
+            continue;
+        if (object && object != part->owner)
+            return false;
+        object = part->owner;
+    }
+    return object != nullptr;
+}
+
 bool Deletion::IsGone(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_index.Find(key);
     return part && m_gone.contains(part);

@@ -21,6 +21,8 @@ public:
     bool IsEmpty() const { return m_gone.empty(); }
     /// Rows that go: occurrences that have one, and objects without any.
     std::size_t GetRowCount() const { return m_rowCount; }
+    /// All keys are of one object or its occurrences, whatever goes along with it.
+    bool IsOneObject(const std::set<UniqueMetaObjectKey>& keys) const;
     /// One of the objects that are deleted or lose occurrences; null when there is none.
     const PartEntry* GetObject() const { return m_object; }
 

@@ -88,7 +88,7 @@ DeleteInfo MemoryProduct::GetDeleteInfo(const std::set<UniqueMetaObjectKey>& key
     const Deletion deletion(m_state->index, keys);
     DeleteInfo info;
     info.count = static_cast<int>(deletion.GetRowCount());
-    if (deletion.GetRowCount() == 1)
+    if (deletion.IsOneObject(keys))
         info.name = NameOf(*deletion.GetObject());
     return info;
 }
@@ -100,7 +100,7 @@ bool MemoryProduct::DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) {
     if (deletion.IsEmpty())
         return false;
     SharedText name =
-        deletion.GetRowCount() == 1
+        deletion.IsOneObject(keys)
             ? GetText(ProductText::Deletion, {NameOf(*deletion.GetObject())})
             : GetText(ProductText::Deletions, {std::to_wstring(deletion.GetRowCount())});
     return m_state->Do({std::move(name), deletion.MakeEdits()});

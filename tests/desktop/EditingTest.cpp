@@ -8,6 +8,7 @@
 #include "tests/support/ProductBuilder.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QHeaderView>
@@ -270,6 +271,33 @@ TEST_F(EditingTest, ADesignationIsEditedInItsParts) {
     Press(Qt::Key_Return);
     EXPECT_EQ(TextAt({0, 0}, 1), "AB.10a-02");
     EXPECT_TRUE(Action("Undo")->isEnabled());
+}
+
+TEST_F(EditingTest, AWholeDesignationIsTakenApart) {
+    Tree().setCurrentIndex(At({0, 0}, 1));
+    Press(Qt::Key_F2);
+    QApplication::clipboard()->setText("AB.107-02.11 AD");
+    OpenLine()->selectAll();
+    OpenLine()->paste();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Tree().currentIndex().siblingAtColumn(1).data(Qt::EditRole).toStringList(),
+              QStringList({"AB.107", "-", "02", ".", "11", " ", "AD"}));
+}
+
+TEST_F(EditingTest, AHeadIsOfferedWhereARowTakesItsValueAndTellsOfThoseThatDoNot) {
+    auto product = Parts();
+    product.objects[3].readOnlyProperties = {1001};
+    Show(product);
+    Tree().expandAll();
+    SelectAllParts();
+    ClickHead(m_batch);
+    EXPECT_FALSE(OpenLine()) << "no row takes a batch";
+    ClickHead(m_teeth);
+    Type("20");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(ColumnTexts(m_teeth), QStringList({"20", "20", "20", "17", "20"}));
+    EXPECT_EQ(m_window->statusBar()->currentMessage(),
+              "Teeth: taken by 4 of 5 rows, the others can't be edited there");
 }
 
 TEST_F(EditingTest, ALockedPartOfADesignationCannotBeTyped) {
