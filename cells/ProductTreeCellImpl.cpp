@@ -226,8 +226,12 @@ ProductInfObjChangesResult ProductTreeCellImpl::MakeChangesFromDouble() {
 
 // The list of stored values has the same places as the list that is shown.
 ProductInfObjChangesResult ProductTreeCellImpl::MakeChangesFromList() {
-    const SimplePropVal* const value =
-        GetFromList(m_column.GetStoredList(), m_row->GetListIndex(GetColumnId()));
+    const int index = m_row->GetListIndex(GetColumnId());
+    // No place in the list takes a value away that is in it. One that is not in the list has no
+    // place either, and stays.
+    if (index < 0 && !GetShownValue().IsEmpty())
+        return MakeChanges(PropValue(), std::nullopt);
+    const SimplePropVal* const value = GetFromList(m_column.GetStoredList(), index);
     return value ? MakeChanges(PropValue(*value), std::nullopt) : ProductInfObjChangesResult();
 }
 

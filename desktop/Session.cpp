@@ -55,6 +55,26 @@ void Session::ExpandAll() {
         SetAllExpanded(*root, true);
 }
 
+void Session::UnfoldSections(int rows) {
+    platform::TreeTableRow* const root = GetView().GetRoot();
+    if (!root)
+        return;
+    const std::size_t count = root->GetChildCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (root->GetChildRow(i).IsExpanded() && root->GetChildRow(i).GetChildCount() > 0)
+            return;
+    }
+    root->SetExpanded(true);
+    auto room = static_cast<std::int64_t>(rows) - 1 - static_cast<std::int64_t>(count);
+    for (std::size_t i = 0; i < count && room > 0; ++i) {
+        platform::TreeTableRow& row = root->GetChildRow(i);
+        if (!row.IsSection())
+            continue;
+        row.SetExpanded(true);
+        room -= static_cast<std::int64_t>(row.GetChildCount());
+    }
+}
+
 void Session::CollapseAll() {
     if (platform::TreeTableRow* root = GetView().GetRoot()) {
         SetAllExpanded(*root, false);

@@ -48,6 +48,9 @@ public:
     void SetDecisions(platform::IUserDecisions* decisions);
 
     void ExpandAll();
+    /// The root row and its sections from the first on, as long as no more than so many rows show.
+    /// Nothing where anything below the root is expanded already.
+    void UnfoldSections(int rows);
     /// All but the root row, which alone would tell nothing of the product.
     void CollapseAll();
     /// Counts are shown for each embodiment by itself. Nothing happens where there are none.

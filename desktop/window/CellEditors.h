@@ -27,7 +27,7 @@ struct EditorRequest {
 
     /// Of numbers: by how much a key changes one.
     double step = 1;
-    /// Of numbers and truth values.
+    /// Of numbers, truth values and lists.
     bool canBeEmpty = false;
 
     /// The values that a list offers.

@@ -151,7 +151,7 @@ EditorRequest ValueEditor(const TreeCell& cell) {
     EditorRequest editor;
     editor.value = ValueOf(cell);
     editor.step = cell.GetStep();
-    editor.canBeEmpty = cell.CanBeEmpty();
+    editor.canBeEmpty = cell.GetKind() == CellKind::List ? cell.HasValue() : cell.CanBeEmpty();
     editor.list = ToStrings(cell.GetList());
     return editor;
 }

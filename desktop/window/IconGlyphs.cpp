@@ -112,7 +112,9 @@ QIcon MakeIcon(const std::function<void(QPainter&)>& draw) {
         painter.scale(size / c_grid, size / c_grid);
         draw(painter);
         painter.end();
+        // A selected row must not take the colours of its icon, which tell kinds apart.
         made.addPixmap(pixmap);
+        made.addPixmap(pixmap, QIcon::Selected);
     }
     return made;
 }

@@ -137,7 +137,7 @@ QWidget* MainWindow::MakePanel() {
     font.setPointSizeF(font.pointSizeF() * 1.15);
     m_caption->setFont(font);
     m_file = new QLabel;
-    m_file->setForegroundRole(QPalette::PlaceholderText);
+    m_file->setForegroundRole(QPalette::WindowText);
     m_tree = new PanelTree;
     connect(m_tree, &PanelTree::SelectedRowsChanged, this, &MainWindow::ShowCounts);
     connect(m_tree, &PanelTree::Edited, this, [this] {
@@ -212,8 +212,8 @@ void MainWindow::ShowCaption() {
     m_caption->setText(caption);
     m_file->setText(file);
     m_tree->setHeaderHidden(!panel.areHeadsShown);
-    const QString title = file + QStringLiteral("[*]");
-    setWindowTitle(caption.isEmpty() ? title : QStringLiteral("%1 - %2").arg(title, caption));
+    // The caption of the panel stands above it, once.
+    setWindowTitle(file + QStringLiteral("[*]"));
 }
 
 void MainWindow::ShowCounts() {
@@ -318,6 +318,10 @@ void MainWindow::OnHeadAnswered(const platform::ColumnHead& column, int takers, 
                                  .arg(rows)
                                  .arg(reason),
                              c_messageMilliseconds);
+}
+
+void MainWindow::UnfoldToScreen() {
+    m_session->UnfoldSections(m_tree->RowsThatFit());
 }
 
 void MainWindow::FitToRows() {

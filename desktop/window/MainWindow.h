@@ -45,6 +45,9 @@ public:
     /// Measures the parts in the background, from which masses follow. Nothing happens for a
     /// product file.
     void StartMasses();
+    /// Unfolds the sections of a product that is shown for the first time, as far as their rows
+    /// fit.
+    void UnfoldToScreen();
     /// Asks for the size that shows the rows without scrolling, within what a screen holds.
     void FitToRows();
 

@@ -70,6 +70,7 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
     }
     if (session) {
         Show(std::move(session));
+        UnfoldToScreen();
         StartMasses();
         return;
     }

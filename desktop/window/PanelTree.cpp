@@ -224,6 +224,11 @@ int PanelTree::HeightForRows() const {
     return header()->sizeHint().height() + rows * height;
 }
 
+int PanelTree::RowsThatFit() const {
+    const int height = m_model && m_model->rowCount() > 0 ? rowHeight(m_model->index(0, 0)) : 0;
+    return height > 0 ? viewport()->height() / height : 0;
+}
+
 void PanelTree::OnExpanded(const QModelIndex& index, bool expanded) {
     if (!m_isFollowing)
         TreeItemModel::RowOf(index).SetExpandedByUser(expanded);

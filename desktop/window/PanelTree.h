@@ -32,6 +32,8 @@ public:
     void ShowModel(TreeItemModel* model);
     /// How high the tree must be to show its rows without scrolling.
     int HeightForRows() const;
+    /// How many rows the tree shows at once.
+    int RowsThatFit() const;
     /// An editor of a cell or of a head is open, with what the user has typed so far.
     bool IsEditing() const;
     /// An open editor of a cell is closed as by Enter, one of a head as by Escape. False when an

@@ -7,12 +7,15 @@
 #include "desktop/window/TreeItemModel.h"
 #include "desktop/window/ValueEdits.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -38,7 +41,7 @@ constexpr double c_plateRound = 3;
 /// Stands in the cell of a group whose members have different values.
 constexpr QChar c_differs(0x2260);
 /// How much of a box is seen that has no value.
-constexpr double c_absent = 0.3;
+constexpr double c_absent = 0.65;
 
 bool HasRoomForIcon(const QStyleOptionViewItem& option) {
     return option.rect.width() >= c_narrowestWithIcon;
@@ -150,6 +153,17 @@ QRect RowDelegate::IconOf(const QStyleOptionViewItem& option, const CellLook& lo
     return hasIcon ? IconRoom(option) : QRect();
 }
 
+bool RowDelegate::IsIconDrawn(const QStyleOptionViewItem& option, const QModelIndex& index,
+                              const CellLook& look) {
+    if (!SourceIcons::IsBySource(look.sourceIcon))
+        return true;
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    const bool isCurrent =
+        view && view->currentIndex().siblingAtColumn(0) == index.siblingAtColumn(0);
+    return isCurrent || option.state.testFlag(QStyle::State_Selected) ||
+           option.state.testFlag(QStyle::State_MouseOver);
+}
+
 QRect RowDelegate::ContentOf(const QStyleOptionViewItem& option, const QModelIndex& index,
                              const CellLook& look) const {
     QRect content = option.rect;
@@ -200,7 +214,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     cell.rect = ContentOf(option, index, look);
     QStyledItemDelegate::paint(painter, cell, index);
     PaintBox(*painter, cell, index, look);
-    if (const QRect icon = IconOf(option, look); icon.isValid()) {
+    if (const QRect icon = IconOf(option, look);
+        icon.isValid() && IsIconDrawn(option, index, look)) {
         if (option.state.testFlag(QStyle::State_Selected))
             PaintPlate(*painter, option, icon);
         m_sourceIcons.Find(look.sourceIcon)->paint(painter, icon);
@@ -209,6 +224,21 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     line.setAlphaF(c_columnLine);
     painter->setPen(line);
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+}
+
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                            const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() == QEvent::ToolTip && index.isValid() &&
+        SpotAt(option, index, event->pos()) == Spot::SourceIcon) {
+        const bool isBySource = SourceIcons::IsBySource(TreeItemModel::LookOf(index).sourceIcon);
+        QToolTip::showText(event->globalPos(),
+                           isBySource ? tr("The value comes from the source. A click gives the row "
+                                           "one of its own.")
+                                      : tr("A value of its own. A click takes that of the source."),
+                           view);
+        return true;
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
 void RowDelegate::PaintBox(QPainter& painter, const QStyleOptionViewItem& cell,
@@ -227,6 +257,8 @@ void RowDelegate::PaintBox(QPainter& painter, const QStyleOptionViewItem& cell,
     box.state.setFlag(QStyle::State_On, checked.toInt() == Qt::Checked);
     box.state.setFlag(QStyle::State_NoChange, isMixed);
     box.state.setFlag(QStyle::State_Off, !isMixed && checked.toInt() != Qt::Checked);
+    if (box.state.testFlag(QStyle::State_Selected))
+        PaintPlate(painter, cell, box.rect);
     painter.save();
     painter.setOpacity(!hasValue && !isMixed ? c_absent : look.isReadOnly ? c_dimmed : 1);
     StyleOf(cell).drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, cell.widget);

@@ -38,6 +38,10 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
+    /// What a click on the source icon does.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
 signals:
     /// The rows may be replaced in consequence: to be connected in a queue.
     void SpotClicked(const QPersistentModelIndex& index, desktop::RowDelegate::Spot spot);
@@ -55,6 +59,9 @@ private:
     /// Where the icon stands in a cell that has one.
     static QRect IconRoom(const QStyleOptionViewItem& option);
     QRect IconOf(const QStyleOptionViewItem& option, const CellLook& look) const;
+    /// That a value comes from the source is told where the user looks; that it does not, always.
+    static bool IsIconDrawn(const QStyleOptionViewItem& option, const QModelIndex& index,
+                            const CellLook& look);
     void PaintBox(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index,
                   const CellLook& look) const;
     void Finish(QWidget* editor, EndEditHint hint) const;

@@ -25,6 +25,10 @@ constexpr std::array c_icons = {
 
 } // namespace
 
+bool SourceIcons::IsBySource(const SharedText& name) {
+    return name.Str() == c_icons.front().name;
+}
+
 const QIcon* SourceIcons::Find(const SharedText& name) const {
     if (name.IsEmpty())
         return nullptr;

@@ -15,6 +15,8 @@ class SourceIcons {
 public:
     /// Null for an empty name, and for one that is none of the three.
     const QIcon* Find(const SharedText& name) const;
+    /// The usual case, which need not be told of at each value.
+    static bool IsBySource(const SharedText& name);
 
 private:
     mutable std::array<QIcon, 3> m_icons;

@@ -42,7 +42,7 @@ CellInput ToInput(EditKind kind, const QVariant& value) {
     if (kind == EditKind::Text || kind == EditKind::Moment)
         return ToText(value.toString());
     if (!value.isValid())
-        return {};
+        return kind == EditKind::List ? CellInput(platform::ListIndex{}) : CellInput();
     switch (kind) {
     case EditKind::Int:
     case EditKind::Double:

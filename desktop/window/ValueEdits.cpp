@@ -133,6 +133,8 @@ ChoiceEdit::ChoiceEdit(const EditorRequest& request, QWidget* parent) : QComboBo
     } else {
         for (int i = 0; i < request.list.size(); ++i)
             addItem(request.list[i], i);
+        if (request.canBeEmpty)
+            addItem(tr("No value"), -1);
     }
     if (request.value.isValid())
         m_first = findData(request.value);

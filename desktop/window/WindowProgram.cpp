@@ -1,10 +1,12 @@
 #include "desktop/window/WindowProgram.h"
 
 #include "desktop/window/MainWindow.h"
+#include "desktop/window/RowIcons.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QPixmap>
+#include <QScreen>
 
 #include <cstdio>
 #include <cstdlib>
@@ -14,12 +16,16 @@ namespace desktop {
 
 namespace {
 
+/// The program has the picture that rows of assemblies have.
+constexpr int c_assemblyIcon = 63248;
+
 /// The toolkit with the program's looks. Options of the command line are not for it.
 class Application {
 public:
     Application() {
         QApplication::setApplicationName(QStringLiteral("product-tree"));
         QApplication::setStyle(QStringLiteral("Fusion"));
+        QApplication::setWindowIcon(RowIcons().Get(c_assemblyIcon));
     }
 
     int Run() { return QApplication::exec(); }
@@ -44,7 +50,11 @@ int RunWindow(std::unique_ptr<Session> session) {
     Application application;
     MainWindow window;
     window.Show(std::move(session));
+    // A screen may be small, or scaled.
+    window.resize(window.size().boundedTo(window.screen()->availableSize()));
     window.show();
+    QApplication::processEvents();
+    window.UnfoldToScreen();
     window.StartMasses();
     return application.Run();
 }
@@ -66,6 +76,8 @@ bool WritePicture(std::unique_ptr<Session> session, const std::filesystem::path&
     MainWindow window;
     window.Show(std::move(session));
     window.show();
+    QApplication::processEvents();
+    window.UnfoldToScreen();
     QApplication::processEvents();
     window.FitToRows();
     QApplication::processEvents();

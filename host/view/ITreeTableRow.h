@@ -161,6 +161,7 @@ public:
                              int index, bool editable, const SharedText& icon) = 0;
     /// -1 for none.
     virtual void SetListIndex(const SharedText& columnId, int index) = 0;
+    /// -1: the user has chosen no value.
     virtual int GetListIndex(const SharedText& columnId) const = 0;
 
     /// A text that can be clicked, which comes back by OnCellHypertextActivated, and not typed.

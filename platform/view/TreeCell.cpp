@@ -82,8 +82,7 @@ bool TreeCell::Accepts(const CellInput& input) const {
         return std::holds_alternative<bool>(input);
     case CellKind::List: {
         const ListIndex* const place = std::get_if<ListIndex>(&input);
-        return place && place->index >= 0 &&
-               static_cast<std::size_t>(place->index) < GetList().size();
+        return place && place->index >= -1 && place->index < static_cast<int>(GetList().size());
     }
     }
     return false;

@@ -368,6 +368,12 @@ TEST_F(EditingTest, AListOffersItsValues) {
     emit list->activated(1);
     QApplication::processEvents();
     EXPECT_EQ(TextAt({0, 0}, m_finish), "Raw");
+    Press(Qt::Key_F2);
+    auto* const again = qobject_cast<QComboBox*>(Tree().findChildren<QComboBox*>().last());
+    again->setCurrentIndex(again->findText("No value"));
+    emit again->activated(2);
+    QApplication::processEvents();
+    EXPECT_EQ(TextAt({0, 0}, m_finish), "");
 }
 
 TEST_F(EditingTest, TypingWhereNothingCanBeEditedSaysSoAndDoesNothingElse) {

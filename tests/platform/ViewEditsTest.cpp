@@ -93,7 +93,7 @@ TEST_F(ViewEdits, WhatACellCanNotHoldNeverReachesTheControl) {
         {L"visible", 1},
         {L"section", 1},
         {L"section", ListIndex{2}},
-        {L"section", ListIndex{-1}},
+        {L"section", ListIndex{-2}},
         {L"section", {}},
         {L"source", SharedText(L"x")},
         {L"missing", 1},
