@@ -12,10 +12,10 @@ public:
     BilletItemImpl(TreeRowPtr row, IfProductTreeData* data, UniqueMetaObjectKey key,
                    UniqueMetaObjectKey sourceKey);
 
-    /// For instance "Rod (billet AB.123)".
     /// Never: the document shows its owner.
     bool CanHighlight() const override;
     void CollectSelectionKeys(std::vector<Key>& keys) const override;
+    /// For instance "Rod (billet AB.123)".
     SharedText GetDisplayName(const SharedText& text) const override;
     /// 0 unless `withBillets` is 1.
     unsigned GetCount(int withBillets) const override;

@@ -349,11 +349,14 @@ class IProductDataPositions {
 public:
     virtual ~IProductDataPositions() = default;
 
-    /// The panel may offer to number the document now.
+    /// The command that numbers the whole tree is offered now. Asked when the state of commands is
+    /// shown; a document that could be numbered may still answer false, for instance while the user
+    /// works on something else.
     virtual bool CanCalculatePositions() const = 0;
     /// The number that numbering begins with, 1 or more.
     virtual unsigned GetFirstPosition() const = 0;
-    /// The document can be numbered at all.
+    /// The root row may number its children. Asked when numbering runs; false keeps every position
+    /// as it is, whoever has given the command.
     virtual bool CanStartPositions() const = 0;
     virtual bool CanSetPosition(const UniqueMetaObjectKey& key) const = 0;
     /// The object has a position of its own that numbering leaves alone and passes over.
