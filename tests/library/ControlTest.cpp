@@ -163,11 +163,11 @@ TEST(Control, AReadOnlyDocumentThatHasNotChangedIsNeitherBuiltNorReadAgain) {
     auto calls = data->TakeCalls();
     EXPECT_EQ(CountCalls(calls, "BeginRebuild") + CountCalls(calls, "BeginRead"), 0);
 
-    data->Change([](ProductModel& model) { model.visibleProperties = {6}; });
+    data->Product().Change([](ProductModel& model) { model.visibleProperties = {6}; });
     frame.GetTree().Synchronize();
     EXPECT_EQ(CountCalls(data->TakeCalls(), "BeginRebuild"), 1);
 
-    data->Change([](ProductModel& model) { model.isReadOnly = false; });
+    data->Product().Change([](ProductModel& model) { model.isReadOnly = false; });
     frame.GetTree().Synchronize();
     data->TakeCalls();
     frame.GetTree().Synchronize();

@@ -188,9 +188,9 @@ TEST(Counts, AnEditIsOneStepAndBuildsRowsOnlyWhereACountComesOrGoes) {
         frame.GetView().EditCellByUser(RowAt(frame.GetView(), c.row), c.column, c.input);
         EXPECT_EQ(Has(data->TakeCalls(), "BeginRebuild"), c.isRebuilt);
         EXPECT_EQ(DumpCounts(RowAt(frame.GetView(), c.row), c.column), c.after);
-        EXPECT_EQ(data->CanUndo(), c.isWritten);
-        data->Undo();
-        EXPECT_FALSE(data->CanUndo()) << "one step";
+        EXPECT_EQ(data->Product().CanUndo(), c.isWritten);
+        data->Product().Undo();
+        EXPECT_FALSE(data->Product().CanUndo()) << "one step";
         frame.TellDocumentChanged(false);
         EXPECT_EQ(DumpAll(frame.GetView(), c.column), before);
     }
@@ -215,7 +215,7 @@ TEST(Counts, WhatTheProductRefusesComesBack) {
         if (c.row != std::vector<std::size_t>{3}) {
             EXPECT_EQ(DumpAll(frame.GetView(), L"count|f"), before);
         }
-        EXPECT_FALSE(data->CanUndo());
+        EXPECT_FALSE(data->Product().CanUndo());
     }
 }
 

@@ -515,7 +515,7 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
                 ThreeParts().Columns({c_column, L"position", L"SPCSection", L"count"}));
             platform::ScriptedDecisions decisions;
             decisions.ChooseNextSection(platform::SectionDecision{4, false});
-            data->SetDecisions(&decisions);
+            data->Product().SetDecisions(&decisions);
             const platform::HostFrame frame(data);
             data->ThrowAt(n);
             isThrowing = false;
@@ -531,7 +531,7 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
             frame.GetTree().Synchronize();
             const auto calls = data->TakeCalls();
             ASSERT_EQ(std::ranges::count(calls, "BeginRebuild"), 1) << "a flag stayed set, " << n;
-            const Panel fresh(data->GetModel());
+            const Panel fresh(data->Product().GetModel());
             const support::DumpOptions options{.designations = true};
             ASSERT_EQ(support::DumpView(frame.GetView(), options), fresh.Dump(options)) << n;
         }
