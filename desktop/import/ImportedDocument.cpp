@@ -46,8 +46,8 @@ ImportedDocument::ImportedDocument(std::unique_ptr<StepReader> reader, StepConte
                                    RootChoice choice, std::vector<Component> components,
                                    const std::wstring& title)
     : m_reader(std::move(reader)), m_structure(std::move(contents.structure)),
-      m_hasSolids(contents.hasSolids),
-      m_choice(std::move(choice)), m_components(std::move(components)),
+      m_hasSolids(contents.hasSolids), m_choice(std::move(choice)),
+      m_components(std::move(components)),
       m_model(BuildModel(m_structure, m_choice, m_components, title)) {
     AddNote(contents.otherFiles.size(), "other file is", "other files are",
             " referred to and not followed");

@@ -42,7 +42,7 @@ struct Measures {
 };
 
 /// The measuring of parts in a child process, which goes on while this process does other things.
-/// Gone, it has stopped.
+/// Measuring stops when this object goes.
 class Measuring {
 public:
     virtual ~Measuring() = default;

@@ -29,7 +29,7 @@ public:
 
     /// Where the token begins that the parser is working on.
     TextPosition TokenStart() const noexcept { return m_isInToken ? m_tokenStart : m_last; }
-    /// The parser has finished a token, and the next one has not begun.
+    /// The parser has finished a token, and the next one has yet to begin.
     void EndToken() noexcept { m_isInToken = false; }
     /// A number ends where something else begins, so the parser has read one byte further.
     void EndNumber() noexcept;

@@ -82,7 +82,7 @@ private:
     void DoWhatWaits();
     /// Tells of an input that was not taken, until the next one is.
     void OnInputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
-    /// Tells of rows that have not taken what others have.
+    /// Tells of rows that did not take what others did.
     void OnHeadAnswered(const platform::ColumnHead& column, int takers, int rows);
     void OnMeasured(const step::Measures& measures);
 

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -171,6 +172,40 @@ void PanelHead::OpenNext(int direction) {
         next += direction;
     if (next >= 0 && next < count())
         OpenEditor(logicalIndex(next));
+}
+
+void PanelHead::paintEvent(QPaintEvent* event) {
+    QHeaderView::paintEvent(event);
+    if (count() == 0 || m_fixedShift() == 0)
+        return;
+    QPainter painter(viewport());
+    paintSection(&painter, QRect(0, 0, sectionSize(0), viewport()->height()), 0);
+}
+
+bool PanelHead::IsOnFixedHead(const QMouseEvent& event) const {
+    return count() > 0 && m_fixedShift() != 0 && event.position().x() < sectionSize(0);
+}
+
+QMouseEvent PanelHead::AtTheBase(const QMouseEvent& event) const {
+    const QPointF shift(IsOnFixedHead(event) ? m_fixedShift() : 0, 0);
+    return {event.type(),           event.position() - shift, event.scenePosition(),
+            event.globalPosition(), event.button(),           event.buttons(),
+            event.modifiers(),      event.pointingDevice()};
+}
+
+void PanelHead::mousePressEvent(QMouseEvent* event) {
+    QMouseEvent moved = AtTheBase(*event);
+    QHeaderView::mousePressEvent(&moved);
+}
+
+void PanelHead::mouseReleaseEvent(QMouseEvent* event) {
+    QMouseEvent moved = AtTheBase(*event);
+    QHeaderView::mouseReleaseEvent(&moved);
+}
+
+void PanelHead::mouseMoveEvent(QMouseEvent* event) {
+    QMouseEvent moved = AtTheBase(*event);
+    QHeaderView::mouseMoveEvent(&moved);
 }
 
 void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) const {

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QIcon>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -33,12 +34,20 @@ public:
     /// What the user types into; null while there is no such editor.
     QLineEdit* GetLine() const;
 
+    /// How far the first head stands from its place; 0 while it stands there.
+    void SetFixedShift(const std::function<int()>& shift) { m_fixedShift = shift; }
+
 signals:
     /// The editor is closed by then. The columns may be replaced in consequence.
     void ValueGiven(int column, const QVariant& value, const QString& typed);
     void EditorClosed();
 
 protected:
+    /// The first head stays in view with the names below it.
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     QSize sectionSizeFromContents(int column) const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,12 +56,16 @@ private:
     const TreeItemModel& Model() const;
     bool IsOffered(int column) const;
     void MoveEditor();
+    bool IsOnFixedHead(const QMouseEvent& event) const;
+    /// The event at the place where the base has the first head, if it is on that.
+    QMouseEvent AtTheBase(const QMouseEvent& event) const;
     QRect EditorPlace(int column, const QWidget& editor) const;
     bool OnEditorKey(int key);
     void Give();
     void OpenNext(int direction);
 
     QIcon m_pencil;
+    std::function<int()> m_fixedShift;
     int m_rows = 0;
     /// By column: some selected row takes what the head gives; no value until it is asked.
     mutable std::vector<std::optional<bool>> m_takes;

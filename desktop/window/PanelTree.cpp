@@ -89,6 +89,7 @@ PanelTree::PanelTree(QWidget* parent)
             [this](const QModelIndex& index) { OnExpanded(index, false); });
     connect(m_delegate, &RowDelegate::SpotClicked, this, &PanelTree::OnSpotClicked,
             Qt::QueuedConnection);
+    m_head->SetFixedShift([this] { return NameShift(); });
     connect(m_head, &PanelHead::ValueGiven, this, &PanelTree::GiveHeadValue);
     connect(m_head, &PanelHead::EditorClosed, this, [this] {
         ForgetRefused();
@@ -270,6 +271,8 @@ void PanelTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
         painter->fillRect(option.rect, tint);
     }
     QTreeView::drawRow(painter, row, index);
+    if (NameShift() != 0)
+        DrawName(*painter, row, index.siblingAtColumn(0));
     QColor line = option.palette.color(QPalette::WindowText);
     line.setAlphaF(c_rowLine);
     painter->setPen(line);

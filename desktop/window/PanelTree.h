@@ -52,6 +52,12 @@ public:
 
     using QTreeView::edit;
 
+    // Names stay in view when the tree is scrolled sideways: the first column is drawn, found and
+    // clicked at the left edge (PanelTreeNames.cpp).
+    QRect visualRect(const QModelIndex& index) const override;
+    QModelIndex indexAt(const QPoint& place) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
 signals:
     void SelectedRowsChanged();
     /// The user has edited or clicked something; the document may have changed.
@@ -65,6 +71,9 @@ protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;
     void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int x, int y) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     /// Enter does what a click does: opens an editor, follows a link, gives a box its next state.
@@ -102,6 +111,14 @@ private:
     void MakeCurrent(const QModelIndex& index);
     void EditCell(const QModelIndex& index);
     void OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::Spot spot);
+    /// Over what is scrolled there, as the base draws the first cell of a row.
+    void DrawName(QPainter& painter, const QStyleOptionViewItem& row,
+                  const QModelIndex& index) const;
+    /// How far the names stand from their place in the row; 0 while they stand there.
+    int NameShift() const;
+    /// Calls the base's handler as if nothing was scrolled aside, where the mouse is on a name.
+    template <class Handle>
+    void HandleMouse(QMouseEvent& event, const Handle& handle);
     void OpenCurrent();
     void GiveHeadValue(int column, const QVariant& value, const QString& typed);
     /// The open editor of a cell; null for none.

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 namespace desktop {
 
@@ -24,6 +25,26 @@ QList<QLineEdit*> LinesOf(QWidget& editor) {
 
 } // namespace
 
+template <class Handle>
+void PanelTree::HandleMouse(QMouseEvent& event, const Handle& handle) {
+    const int shift = NameShift();
+    const bool isOnName = shift != 0 && event.position().x() < header()->sectionSize(0);
+    // The base looks for the name, and for the arrow before it, where the head has the column.
+    if (isOnName)
+        header()->setOffset(0);
+    handle(event);
+    if (isOnName)
+        header()->setOffset(horizontalScrollBar()->value());
+}
+
+void PanelTree::mousePressEvent(QMouseEvent* event) {
+    HandleMouse(*event, [this](QMouseEvent& moved) { QTreeView::mousePressEvent(&moved); });
+}
+
+void PanelTree::mouseReleaseEvent(QMouseEvent* event) {
+    HandleMouse(*event, [this](QMouseEvent& moved) { QTreeView::mouseReleaseEvent(&moved); });
+}
+
 bool PanelTree::HasSpotAt(QPoint place) const {
     const QModelIndex index = indexAt(place);
     if (!index.isValid())
@@ -35,7 +56,7 @@ bool PanelTree::HasSpotAt(QPoint place) const {
 }
 
 void PanelTree::mouseMoveEvent(QMouseEvent* event) {
-    QTreeView::mouseMoveEvent(event);
+    HandleMouse(*event, [this](QMouseEvent& moved) { QTreeView::mouseMoveEvent(&moved); });
     viewport()->setCursor(HasSpotAt(event->position().toPoint()) ? Qt::PointingHandCursor
                                                                  : Qt::ArrowCursor);
 }
@@ -45,7 +66,8 @@ void PanelTree::mouseDoubleClickEvent(QMouseEvent* event) {
     if (HasSpotAt(event->position().toPoint()))
         mousePressEvent(event);
     else
-        QTreeView::mouseDoubleClickEvent(event);
+        HandleMouse(*event,
+                    [this](QMouseEvent& moved) { QTreeView::mouseDoubleClickEvent(&moved); });
 }
 
 void PanelTree::OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::Spot spot) {

@@ -35,7 +35,7 @@ public:
     /// What has changed since the last BeginRebuild needs other rows or columns, not only other
     /// values in them.
     virtual bool IsRebuildRequired() const = 0;
-    /// Called at the begin of each full build, before anything is read for it.
+    /// Called at the beginning of each full build, before anything is read for it.
     virtual void BeginRebuild() = 0;
     /// Called before the objects are sorted into rows.
     virtual void PrepareData() = 0;

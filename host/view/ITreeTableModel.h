@@ -109,7 +109,7 @@ public:
 
     virtual SharedText GetHeaderName() const = 0;
     virtual SharedText GetHeaderText(const SharedText& columnId) const = 0;
-    /// No value for an editor that the user has emptied or not touched; so with the next two.
+    /// No value for an editor that the user has emptied or not touched, as in the next two.
     virtual std::optional<int> GetHeaderInt(const SharedText& columnId) const = 0;
     virtual std::optional<double> GetHeaderDouble(const SharedText& columnId) const = 0;
     virtual std::optional<bool> GetHeaderBool(const SharedText& columnId) const = 0;

@@ -14,8 +14,8 @@ namespace platform {
 using PartVolumes = std::vector<std::pair<UniqueMetaObjectKey, double>>;
 
 /// Notes the volumes, and gives the objects that have a density their masses. The product's own is
-/// worked out by MemoryProduct, where it is a sum. Objects that the model has not are ignored, and
-/// so are volumes that are no positive numbers.
+/// worked out by MemoryProduct, where it is a sum. Objects that the model does not have are
+/// ignored, and so are volumes that are no positive numbers.
 void ApplyVolumes(ProductModel& model, const PartVolumes& volumes);
 
 /// The masses that have to be written after what the editor has written: those of objects whose

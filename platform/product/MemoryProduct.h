@@ -183,7 +183,7 @@ public:
     /// Those whose parts are laid out.
     std::set<UniqueMetaObjectKey> GetCurrentEmbodiments() const override;
     /// The embodiment that is worked on, if it is one of these and holds the part, else the first
-    /// in the document's order that does. The null key for an object that the document has not.
+    /// in the document's order that does. The null key for an object that the document lacks.
     UniqueMetaObjectKey GetCountKey(const UniqueMetaObjectKey& key,
                                     const std::set<UniqueMetaObjectKey>& embodiments,
                                     bool inGroup) const override;

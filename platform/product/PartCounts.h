@@ -27,7 +27,7 @@ public:
 
     /// Something is counted under that key: an embodiment, or the root where there is none.
     bool IsCounted(const UniqueMetaObjectKey& embodiment) const;
-    /// Empty for no count; so with all below.
+    /// Empty for no count, here and below.
     PropValue Get(const PartEntry& part, const UniqueMetaObjectKey& embodiment) const;
     /// As if nothing was typed for the part itself.
     PropValue WorkOut(const PartEntry& part, const UniqueMetaObjectKey& embodiment) const;

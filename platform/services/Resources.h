@@ -13,7 +13,7 @@ namespace platform {
 /// apart.
 extern const std::wstring_view c_resourceTexts;
 
-/// The resource of an opened module; null for a name that it has not.
+/// The resource of an opened module; null for a name that it does not have.
 const ResourceRow* FindResource(std::string_view moduleName, const ResourceName& resource);
 
 /// The module of the host's own texts.

@@ -169,7 +169,7 @@ public:
     void SetIndexMap(const IfInfObjOrder& order) override { m_order = &order; }
 
 private:
-    /// A key that the order does not know stands at its very begin.
+    /// A key that the order does not know stands at its very beginning.
     InfObjIndex FindIndex(const UniqueMetaObjectKey& key) const {
         return m_order ? m_order->GetIndex(key) : InfObjIndex();
     }

@@ -37,7 +37,7 @@ public:
     TreeTableView& GetView() const;
     GrABaseFeatureTree& GetTree() const;
     ITreeWrapper& GetWrapper() const;
-    /// The id that the tree has registered with the manager; null when it has not.
+    /// The id that the tree has registered with the manager; null when it did not.
     std::shared_ptr<TreeModelId> GetTreeId() const;
 
     /// Who answers the panel's questions; null: nobody can be asked. They must be taken away before

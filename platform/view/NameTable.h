@@ -19,7 +19,7 @@ using NameId = std::uint32_t;
 class NameTable final {
 public:
     static constexpr NameId c_maxId = 0xFFFFFF;
-    /// Of a text that the table has not.
+    /// Of a text that the table does not have.
     static constexpr NameId c_unknown = c_maxId + 1;
 
     NameTable() : m_names(1) {}

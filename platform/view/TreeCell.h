@@ -61,7 +61,7 @@ public:
     /// What an editor starts from, and what is read; both empty for all but text and link.
     const SharedText& GetText() const;
     const SharedText& GetShown() const;
-    /// 0 without a value and for another kind; so with the next two.
+    /// 0 without a value and for another kind, as in the next two.
     int GetInt() const { return m_kind == CellKind::Int ? static_cast<int>(GetNumber()) : 0; }
     double GetDouble() const { return m_kind == CellKind::Double ? GetNumber() : 0; }
     bool GetBool() const { return m_kind == CellKind::Bool && GetNumber() != 0; }

@@ -65,7 +65,7 @@ public:
 
     /// Null takes the input away. It must stay where it is as long as it is known here.
     void SetInput(const RowInput* input) { m_input = input; }
-    /// Null when the user has not left anything there.
+    /// Null when the user left nothing there.
     const RowInput* FindInput(const TreeTableRow& row, RowInput::Place place,
                               NameId column = 0) const {
         return m_input && m_input->row == &row && m_input->place == place &&

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
 
@@ -523,6 +524,34 @@ TEST_F(EditingTest, AHeadOffersNothingForOneRowOrWithoutInput) {
     Press(Qt::Key_Return);
     EXPECT_EQ(ColumnTexts(m_teeth), QStringList(5, "17"));
     EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(EditingTest, NamesStayInViewWhenTheTreeIsScrolledAside) {
+    m_window->resize(600, 400);
+    Tree().header()->resizeSection(0, 200);
+    QApplication::processEvents();
+    auto* const bar = Tree().horizontalScrollBar();
+    bar->setValue(bar->maximum());
+    Shoot("scrolled-aside");
+    const QRect name = Tree().visualRect(At({0, 1}));
+    EXPECT_TRUE(name.left() >= 0 && name.right() < 200);
+    EXPECT_EQ(Tree().indexAt(name.center()), At({0, 1}));
+    Click(At({0, 1}));
+    EXPECT_EQ(Tree().currentIndex(), At({0, 1}));
+    EXPECT_EQ(bar->value(), bar->maximum());
+    Press(Qt::Key_F2);
+    ASSERT_TRUE(OpenLine());
+    EXPECT_GE(OpenLine()->x(), 0);
+    Press(Qt::Key_Escape);
+    // The arrow of the section folds.
+    const QRect section = Tree().visualRect(At({0}));
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier,
+                      {section.left() - Tree().indentation() / 2, section.center().y()});
+    EXPECT_FALSE(Tree().isExpanded(At({0})));
+    Tree().expandAll();
+    // A cell is never scrolled to behind the names.
+    Tree().setCurrentIndex(At({0, 1}, m_note));
+    EXPECT_GE(Tree().visualRect(At({0, 1}, m_note)).left(), 200 - 1);
 }
 
 TEST_F(EditingTest, ARebuildClosesAnOpenEditorSafely) {
