@@ -96,6 +96,12 @@ public:
                ::fchmod(m_file, old.st_mode & 07777) == 0;
     }
 
+    /// The file stays where it is, under the name that is given back.
+    std::string Keep() {
+        m_isKept = true;
+        return m_path.string();
+    }
+
     bool Replace(const fs::path& target) {
         m_isKept = ::rename(m_path.c_str(), target.c_str()) == 0;
         return m_isKept;
@@ -140,9 +146,13 @@ std::optional<FileError> ReplaceFile(const fs::path& path, std::string_view text
     TemporaryFile file(folder);
     if (!file.IsOpen() || !file.Write(text))
         return SystemError(errno);
-    // The new text is safe in the temporary file meanwhile.
-    if (isThere && !file.TakeRights(old))
-        return WriteInPlace(target, text);
+    if (isThere && !file.TakeRights(old)) {
+        // The new text is safe in the temporary file until it stands in the other.
+        std::optional<FileError> error = WriteInPlace(target, text);
+        if (error)
+            error->reason += "; the product is kept in " + file.Keep();
+        return error;
+    }
     if (!file.Replace(target))
         return SystemError(errno);
     return std::nullopt;

@@ -5,6 +5,7 @@
 #include "desktop/window/MassIndicator.h"
 #include "desktop/window/PanelTree.h"
 #include "desktop/window/TreeItemModel.h"
+#include "desktop/window/WindowMemory.h"
 
 #include <QAction>
 #include <QApplication>
@@ -32,6 +33,12 @@ constexpr int c_largestHeight = 1400;
 
 QString ToQString(const std::filesystem::path& path) {
     return QFile::decodeName(path.c_str());
+}
+
+/// The same file wherever the program was started.
+QString MemoryKey(const Session& session) {
+    std::error_code error;
+    return ToQString(std::filesystem::absolute(session.GetPath(), error));
 }
 
 std::size_t CountRows(const platform::TreeTableRow& row) {
@@ -183,6 +190,7 @@ void MainWindow::MakeStatusBar() {
 void MainWindow::Show(std::unique_ptr<Session> session) {
     m_masses->Stop();
     m_waiting.clear();
+    KeepView();
     m_tree->ShowModel(nullptr);
     m_model.reset();
     m_session = std::move(session);
@@ -320,8 +328,27 @@ void MainWindow::OnHeadAnswered(const platform::ColumnHead& column, int takers, 
                              c_messageMilliseconds);
 }
 
-void MainWindow::UnfoldToScreen() {
-    m_session->UnfoldSections(m_tree->RowsThatFit());
+void MainWindow::RememberIn(std::unique_ptr<WindowMemory> memory) {
+    m_memory = std::move(memory);
+    if (const auto state = m_memory->Find(MemoryKey(*m_session)))
+        restoreGeometry(state->place);
+}
+
+void MainWindow::TakeUpView() {
+    const auto state = m_memory ? m_memory->Find(MemoryKey(*m_session)) : std::nullopt;
+    if (!state) {
+        m_session->UnfoldSections(m_tree->RowsThatFit());
+        return;
+    }
+    Expand(m_session->GetView(), state->expanded);
+    for (auto width = state->widths.begin(); width != state->widths.end(); ++width)
+        m_tree->SetUserWidth(width.key().toStdWString(), *width);
+}
+
+void MainWindow::KeepView() {
+    if (m_memory && m_session)
+        m_memory->Keep(MemoryKey(*m_session), {saveGeometry(), m_tree->GetUserWidths(),
+                                               ListExpanded(m_session->GetView())});
 }
 
 void MainWindow::FitToRows() {

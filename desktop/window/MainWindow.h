@@ -25,6 +25,7 @@ namespace desktop {
 class MassIndicator;
 class PanelTree;
 class TreeItemModel;
+class WindowMemory;
 
 class MainWindow final : public QMainWindow {
     Q_OBJECT
@@ -45,9 +46,11 @@ public:
     /// Measures the parts in the background, from which masses follow. Nothing happens for a
     /// product file.
     void StartMasses();
-    /// Unfolds the sections of a product that is shown for the first time, as far as their rows
-    /// fit.
-    void UnfoldToScreen();
+    /// How files are left is remembered there, and how the one that is shown was left comes back.
+    void RememberIn(std::unique_ptr<WindowMemory> memory);
+    /// Rows and columns as the user left them in that file; of one that is shown for the first time
+    /// the sections are unfolded, as far as their rows fit.
+    void TakeUpView();
     /// Asks for the size that shows the rows without scrolling, within what a screen holds.
     void FitToRows();
 
@@ -71,6 +74,7 @@ private:
     void OnFileTouched();
     void TakeFileNews();
     bool MayReload();
+    void KeepView();
     void TellError(const QString& title, const std::filesystem::path& path, const FileError& error);
 
     void Undo();
@@ -98,6 +102,8 @@ private:
     FileWatch m_watch;
     /// Why the last input, or some of it, was not taken.
     QString m_refusal;
+    /// Null where nothing is remembered.
+    std::unique_ptr<WindowMemory> m_memory;
     std::vector<std::function<void()>> m_waiting;
     QAction* m_save = nullptr;
     QAction* m_undo = nullptr;

@@ -60,6 +60,7 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
         auto opened = OpenDocument(path, options);
         if (auto* document = std::get_if<Document>(&opened)) {
             // One session at a time: the frame of the old one goes before that of the new comes.
+            KeepView();
             m_tree->ShowModel(nullptr);
             m_model.reset();
             m_session.reset();
@@ -70,7 +71,7 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
     }
     if (session) {
         Show(std::move(session));
-        UnfoldToScreen();
+        TakeUpView();
         StartMasses();
         return;
     }
@@ -144,6 +145,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     m_masses->Stop();
+    KeepView();
     QMainWindow::closeEvent(event);
 }
 

@@ -105,6 +105,7 @@ void PanelTree::ShowModel(TreeItemModel* model) {
         m_model->disconnect(this);
     m_model = model;
     m_isNameWidthChosen = false;
+    m_userWidths.clear();
     m_currentColumn = 0;
     m_isFollowing = true;
     setModel(model);
@@ -258,7 +259,16 @@ void PanelTree::OnColumnResized(int column, int width) {
     if (m_isFollowing || !m_model)
         return;
     m_isNameWidthChosen = m_isNameWidthChosen || column == 0;
+    const std::wstring& id = m_model->GetHeads()[static_cast<std::size_t>(column)].id;
+    m_userWidths.insert(QString::fromStdWString(id), width);
     m_model->SetColumnWidth(column, width);
+}
+
+void PanelTree::SetUserWidth(const std::wstring& columnId, int width) {
+    const std::vector<platform::ColumnHead>& heads = m_model->GetHeads();
+    const auto head = std::ranges::find(heads, columnId, &platform::ColumnHead::id);
+    if (head != heads.end())
+        header()->resizeSection(static_cast<int>(head - heads.begin()), width);
 }
 
 void PanelTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,

@@ -5,6 +5,7 @@
 
 #include "desktop/window/RowDelegate.h"
 
+#include <QMap>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTreeView>
@@ -32,6 +33,9 @@ public:
     void ShowModel(TreeItemModel* model);
     /// How high the tree must be to show its rows without scrolling.
     int HeightForRows() const;
+    /// Widths that the user has chosen, by column id in pixels, and one of them given back.
+    QMap<QString, int> GetUserWidths() const { return m_userWidths; }
+    void SetUserWidth(const std::wstring& columnId, int width);
     /// How many rows the tree shows at once.
     int RowsThatFit() const;
     /// An editor of a cell or of a head is open, with what the user has typed so far.
@@ -151,6 +155,7 @@ private:
     bool m_isFollowing = false;
     /// The user has chosen a width for the name; until then it takes the room that is left.
     bool m_isNameWidthChosen = false;
+    QMap<QString, int> m_userWidths;
     /// Where the user was before the rows were replaced.
     int m_currentColumn = 0;
     std::optional<int> m_scrollPlace;

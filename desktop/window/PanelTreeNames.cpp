@@ -18,7 +18,8 @@ constexpr double c_mostOfTheTree = 0.6;
 } // namespace
 
 int PanelTree::NameShift() const {
-    const bool hasRoom = m_model && header()->count() > 0 &&
+    // From right to left the names begin at the other edge, where they scroll as before.
+    const bool hasRoom = m_model && !isRightToLeft() && header()->count() > 0 &&
                          header()->sectionSize(0) <= c_mostOfTheTree * viewport()->width();
     return hasRoom ? header()->offset() : 0;
 }

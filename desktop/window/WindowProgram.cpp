@@ -2,11 +2,13 @@
 
 #include "desktop/window/MainWindow.h"
 #include "desktop/window/RowIcons.h"
+#include "desktop/window/WindowMemory.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QPixmap>
 #include <QScreen>
+#include <QStandardPaths>
 
 #include <cstdio>
 #include <cstdlib>
@@ -52,9 +54,12 @@ int RunWindow(std::unique_ptr<Session> session) {
     window.Show(std::move(session));
     // A screen may be small, or scaled.
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
+    window.RememberIn(std::make_unique<WindowMemory>(
+        QStandardPaths::writableLocation(QStandardPaths::ConfigLocation) +
+        QStringLiteral("/product-tree/window.ini")));
     window.show();
     QApplication::processEvents();
-    window.UnfoldToScreen();
+    window.TakeUpView();
     window.StartMasses();
     return application.Run();
 }
@@ -77,7 +82,7 @@ bool WritePicture(std::unique_ptr<Session> session, const std::filesystem::path&
     window.Show(std::move(session));
     window.show();
     QApplication::processEvents();
-    window.UnfoldToScreen();
+    window.TakeUpView();
     QApplication::processEvents();
     window.FitToRows();
     QApplication::processEvents();

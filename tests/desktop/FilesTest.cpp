@@ -1,10 +1,12 @@
 #include "desktop/store/ProductFile.h"
+#include "desktop/window/WindowMemory.h"
 #include "tests/desktop/WindowFixture.h"
 #include "tests/support/ProductBuilder.h"
 #include "tests/support/TestFolder.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -170,6 +172,26 @@ TEST_F(FilesTest, AHalfTypedTextOutlivesAFileThatOthersChange) {
     EXPECT_EQ(NameInFile(m_file), L"Theirs");
     Press(Qt::Key_Escape);
     WaitForName("Theirs");
+}
+
+TEST_F(FilesTest, AFileIsShownAsItWasLeftAndNothingOfThatStandsInIt) {
+    const QString settings = QString::fromStdString((m_folder / "window.ini").string());
+    const auto mark = desktop::FileMark::Take(m_file);
+    m_window->RememberIn(std::make_unique<desktop::WindowMemory>(settings));
+    m_window->TakeUpView();
+    EXPECT_TRUE(Tree().isExpanded(At({0}))) << "never seen before: its sections are unfolded";
+    Tree().collapse(At({0}));
+    Tree().header()->resizeSection(Column("Note"), 321);
+    ASSERT_TRUE(m_window->close());
+    EXPECT_EQ(desktop::FileMark::Take(m_file), mark);
+
+    Show(Gearbox(), nullptr, m_file);
+    m_window->RememberIn(std::make_unique<desktop::WindowMemory>(settings));
+    m_window->TakeUpView();
+    QApplication::processEvents();
+    EXPECT_FALSE(Tree().isExpanded(At({0})));
+    EXPECT_TRUE(Tree().isExpanded(At({})));
+    EXPECT_EQ(Tree().header()->sectionSize(Column("Note")), 321);
 }
 
 TEST_F(FilesTest, AnInvalidFileIsToldOfInOneLineAndTheProductStays) {
