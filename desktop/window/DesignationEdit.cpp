@@ -36,13 +36,15 @@ constexpr int c_lineRoom = 9;
 
 } // namespace
 
-DesignationEdit::DesignationEdit(const EditorRequest& request, QWidget* parent) : QWidget(parent) {
+DesignationEdit::DesignationEdit(const EditorRequest& request, QWidget* parent) : QFrame(parent) {
+    setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(1);
     layout->setColumnStretch(0, 1);
+    layout->setRowStretch(0, 1);
     for (int part = 0; part < c_partCount; ++part) {
         QLineEdit* const line = MakePart(part, request);
         layout->addWidget(line, 0, part);
@@ -103,11 +105,11 @@ int DesignationEdit::GetLabelHeight() const {
     return height;
 }
 
-// Only where all other parts are empty: what stands in them is what the user wants there.
-void DesignationEdit::TakeApart() {
-    const bool isAlone = std::all_of(m_parts.begin() + 1, m_parts.end(), [](const QLineEdit* line) {
-        return line->text().isEmpty() && line->isEnabled();
-    });
+void DesignationEdit::TakeApart(bool replacesOthers) {
+    const bool isAlone =
+        std::all_of(m_parts.begin() + 1, m_parts.end(), [&](const QLineEdit* line) {
+            return line->isEnabled() && (replacesOthers || line->text().isEmpty());
+        });
     VariantMarking marking;
     marking.Parse(SharedText(m_parts.front()->text().toStdWString()));
     if (!isAlone || marking.GetBase().Str().size() ==
@@ -139,7 +141,7 @@ std::optional<QVariant> DesignationEdit::TakeInput() const {
 bool DesignationEdit::eventFilter(QObject* watched, QEvent* event) {
     const auto& part = static_cast<const QLineEdit&>(*watched);
     if (event->type() == QEvent::KeyPress)
-        return OnKey(part, static_cast<QKeyEvent*>(event)->key());
+        return OnKey(part, *static_cast<QKeyEvent*>(event));
     // Escape would be taken for a shortcut of the window otherwise.
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
@@ -147,14 +149,21 @@ bool DesignationEdit::eventFilter(QObject* watched, QEvent* event) {
     // The focus may be on its way to another part.
     if (event->type() == QEvent::FocusOut)
         QMetaObject::invokeMethod(this, &DesignationEdit::CheckFocus, Qt::QueuedConnection);
-    return QWidget::eventFilter(watched, event);
+    return QFrame::eventFilter(watched, event);
 }
 
-bool DesignationEdit::OnKey(const QLineEdit& part, int key) {
-    switch (key) {
+bool DesignationEdit::OnKey(const QLineEdit& part, const QKeyEvent& event) {
+    QLineEdit& first = *m_parts.front();
+    if (&part == &first && event.matches(QKeySequence::Paste) &&
+        first.selectedText() == first.text()) {
+        first.paste();
+        TakeApart(true);
+        return true;
+    }
+    switch (event.key()) {
     case Qt::Key_Tab:
-        if (&part == m_parts.front())
-            TakeApart();
+        if (&part == &first)
+            TakeApart(false);
         GoOn(part, 1);
         return true;
     case Qt::Key_Backtab:
@@ -162,7 +171,7 @@ bool DesignationEdit::OnKey(const QLineEdit& part, int key) {
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        TakeApart();
+        TakeApart(false);
         emit Left(QAbstractItemDelegate::SubmitModelCache);
         return true;
     case Qt::Key_Escape:

@@ -1,21 +1,23 @@
 // The editor of a designation: its seven parts side by side, each in a line of its own with its
 // label below, the delimiters one character wide. A whole designation that is typed or pasted into
-// the first part is taken apart when the user goes on from there.
+// the first part is taken apart when the user goes on from there; one that is pasted in place of
+// the first part replaces all the others, too.
 #pragma once
 
 #include "desktop/window/CellEditors.h"
 
 #include <QAbstractItemDelegate>
-#include <QWidget>
+#include <QFrame>
 
 #include <array>
 
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 
 namespace desktop {
 
-class DesignationEdit final : public QWidget, public CellEditor {
+class DesignationEdit final : public QFrame, public CellEditor {
     Q_OBJECT
 
 public:
@@ -39,8 +41,9 @@ private:
     QLineEdit* MakePart(int part, const EditorRequest& request);
     static QString LabelOf(int part, const EditorRequest& request);
     QLabel* MakeLabel(const QString& text, QLineEdit& line);
-    void TakeApart();
-    bool OnKey(const QLineEdit& part, int key);
+    /// Leaves the other parts alone unless they are empty or to be replaced.
+    void TakeApart(bool replacesOthers);
+    bool OnKey(const QLineEdit& part, const QKeyEvent& event);
     void GoOn(const QLineEdit& from, int direction);
     void CheckFocus();
 

@@ -276,13 +276,19 @@ TEST_F(EditingTest, ADesignationIsEditedInItsParts) {
 
 TEST_F(EditingTest, AWholeDesignationIsTakenApart) {
     Tree().setCurrentIndex(At({0, 0}, 1));
+    const auto parts = [&] {
+        return Tree().currentIndex().siblingAtColumn(1).data(Qt::EditRole).toStringList();
+    };
     Press(Qt::Key_F2);
-    QApplication::clipboard()->setText("AB.107-02.11 AD");
-    OpenLine()->selectAll();
-    OpenLine()->paste();
+    Type("AB.107-02.11 AD");
     Press(Qt::Key_Return);
-    EXPECT_EQ(Tree().currentIndex().siblingAtColumn(1).data(Qt::EditRole).toStringList(),
-              QStringList({"AB.107", "-", "02", ".", "11", " ", "AD"}));
+    EXPECT_EQ(parts(), QStringList({"AB.107", "-", "02", ".", "11", " ", "AD"}));
+    Press(Qt::Key_F2);
+    QApplication::clipboard()->setText("CD.1-03");
+    OpenLine()->selectAll();
+    Press(Qt::Key_V, Qt::ControlModifier);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(parts(), QStringList({"CD.1", "-", "03", "", "", "", ""})) << "in place of another";
 }
 
 TEST_F(EditingTest, AHeadIsOfferedWhereARowTakesItsValueAndTellsOfThoseThatDoNot) {
