@@ -1,6 +1,7 @@
 #include "desktop/window/CellEditors.h"
 
 #include "desktop/window/DesignationEdit.h"
+#include "desktop/window/MomentEdit.h"
 #include "desktop/window/ValueEdits.h"
 
 namespace desktop {

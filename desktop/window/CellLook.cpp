@@ -87,18 +87,38 @@ CellLook DesignationLook(const TreeTableRow& row) {
     return look;
 }
 
+/// The text begins with a moment.
+bool BeginsAsMoment(const std::wstring& text) {
+    constexpr std::size_t middle = 10, end = 19;
+    return text.size() > end && text[middle] == L'T' && text[end] == L'Z';
+}
+
+/// The cell holds a moment, or it is that of a group and lists those of its members.
+bool IsOfMoments(const TreeTableRow& row, const TreeCell& cell) {
+    if (cell.GetKind() != CellKind::Text || cell.IsMoment() ||
+        !BeginsAsMoment(cell.GetShownText().Str()))
+        return cell.IsMoment();
+    const std::wstring& column = row.GetColumnOf(cell).Str();
+    for (std::size_t i = 0; i < row.GetChildCount(); ++i) {
+        const TreeCell* const member = row.GetChildRow(i).FindCell(column);
+        if (member && member->IsMoment())
+            return true;
+    }
+    return false;
+}
+
 CellLook ValueLook(const TreeTableRow& row, const TreeCell& cell) {
     CellLook look;
     look.isReadOnly = !cell.IsEditable() || row.IsReadOnly();
     if (!look.isReadOnly)
-        look.kind = cell.IsMoment() ? EditKind::Moment : EditKindOf(cell.GetKind());
+        look.kind = IsOfMoments(row, cell) ? EditKind::Moment : EditKindOf(cell.GetKind());
     look.link = LinkOf(cell.GetKind() == CellKind::Link, cell.GetLinkStyle());
     look.isOutdated = cell.IsOutdated() || cell.IsRecalculable();
     look.sourceIcon = row.GetIconOf(cell);
     return look;
 }
 
-QString ValueText(const TreeCell& cell) {
+QString ValueText(const TreeTableRow& row, const TreeCell& cell) {
     switch (cell.GetKind()) {
     case CellKind::Int:
         return cell.HasValue() ? FormatNumber(cell.GetInt()) : QString();
@@ -108,8 +128,8 @@ QString ValueText(const TreeCell& cell) {
         // Its box says it all.
         return {};
     default:
-        return cell.IsMoment() ? FormatMoment(ToQString(cell.GetShownText()))
-                               : ToQString(cell.GetShownText());
+        return IsOfMoments(row, cell) ? FormatMoments(ToQString(cell.GetShownText()))
+                                      : ToQString(cell.GetShownText());
     }
 }
 
@@ -188,7 +208,7 @@ QString GetCellText(const TreeTableRow& row, const ColumnHead& head) {
     if (head.kind == HeadKind::Designation)
         return ToQString(row.GetMarking().GetDisplayText());
     const TreeCell* cell = row.FindCell(head.id);
-    return cell ? ValueText(*cell) : QString();
+    return cell ? ValueText(row, *cell) : QString();
 }
 
 SharedText GetCellTip(const TreeTableRow& row, const ColumnHead& head) {

@@ -290,4 +290,12 @@ void Pencil(QPainter& painter) {
     Fill(painter, c_steel.darker(130), {{2.3, 11}, {5, 13.7}, {1.6, 14.4}});
 }
 
+void Calendar(QPainter& painter) {
+    painter.setPen(QPen(c_grey, 1));
+    painter.setBrush(c_paper);
+    painter.drawRect(QRectF(2.5, 3.5, 11, 10));
+    Fill(painter, c_steel, {{2.5, 3.5}, {13.5, 3.5}, {13.5, 6.5}, {2.5, 6.5}});
+    Lines(painter, c_grey, 1.4, {{5, 9, 5, 9}, {8, 9, 8, 9}, {11, 9, 11, 9}, {5, 11.5, 5, 11.5}});
+}
+
 } // namespace desktop::glyphs

@@ -53,5 +53,7 @@ void BrokenChain(QPainter& painter);
 void HalfChain(QPainter& painter);
 /// Something can be typed here.
 void Pencil(QPainter& painter);
+/// A date can be chosen here.
+void Calendar(QPainter& painter);
 
 } // namespace desktop::glyphs

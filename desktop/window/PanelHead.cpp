@@ -75,6 +75,8 @@ void PanelHead::OpenEditor(int column) {
     if (!IsOffered(column))
         return;
     EditorRequest request = Model().GetHeadEditor(column);
+    if (request.kind == EditKind::Text && Model().AreMoments(column))
+        request.kind = EditKind::Moment;
     request.hint =
         tr("%1 of %2 rows").arg(model()->headerData(column, orientation()).toString()).arg(m_rows);
     m_editor = MakeEditor(request, viewport());

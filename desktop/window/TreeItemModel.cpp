@@ -337,6 +337,15 @@ bool TreeItemModel::TakesFromHead(int column) const {
     });
 }
 
+bool TreeItemModel::AreMoments(int column) const {
+    const std::vector<TreeRowPtr> rows = m_view.GetSelectedRows();
+    return TakesFromHead(column) && std::ranges::all_of(rows, [&](const TreeRowPtr& row) {
+               const EditKind kind =
+                   LookOf(IndexOf(static_cast<const TreeTableRow&>(*row), column)).kind;
+               return kind == EditKind::None || kind == EditKind::Moment;
+           });
+}
+
 void TreeItemModel::SetColumnWidth(int column, int width) {
     if (column < 0 || column >= columnCount())
         return;

@@ -43,6 +43,8 @@ public:
     bool EditHead(int column, const QVariant& value);
     /// Some selected row has a cell there that can be edited.
     bool TakesFromHead(int column) const;
+    /// All cells that take what the head gives hold moments.
+    bool AreMoments(int column) const;
     void SetColumnWidth(int column, int width);
 
     /// The row and the head of a valid index.

@@ -1,6 +1,5 @@
 #include "desktop/window/ValueEdits.h"
 
-#include "desktop/window/LocaleMoments.h"
 #include "desktop/window/LocaleNumbers.h"
 
 #include <QKeyEvent>
@@ -107,21 +106,6 @@ void NumberEdit::ShowWhetherNumber() {
     if (!number || (!number->isValid() && !m_request.canBeEmpty))
         colours.setColor(QPalette::Text, c_refused);
     setPalette(colours);
-}
-
-MomentEdit::MomentEdit(const EditorRequest& request, QWidget* parent)
-    : QDateTimeEdit(parent), m_first(ReadMoment(request.value.toString())) {
-    setTimeSpec(Qt::UTC);
-    setDisplayFormat(MomentFormat(m_first));
-    setMinimumDate(QDate(1, 1, 1));
-    setCalendarPopup(true);
-    setDateTime(m_first);
-}
-
-std::optional<QVariant> MomentEdit::TakeInput() const {
-    if (dateTime() == m_first)
-        return std::nullopt;
-    return dateTime().toString(Qt::ISODate);
 }
 
 ChoiceEdit::ChoiceEdit(const EditorRequest& request, QWidget* parent) : QComboBox(parent) {

@@ -1,11 +1,10 @@
-// The editors of single values: a line of text, a moment, a number, a choice from a list.
+// The editors of single values: a line of text, a number, a choice from a list.
 #pragma once
 
 #include "desktop/window/CellEditors.h"
 #include "desktop/window/ControlPictures.h"
 
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QLineEdit>
 
 namespace desktop {
@@ -49,20 +48,6 @@ private:
     void ShowWhetherNumber();
 
     EditorRequest m_request;
-};
-
-/// A date, with its time where that is not midnight, in the order of the user's locale: typed part
-/// by part, stepped through, or chosen from a calendar.
-class MomentEdit final : public QDateTimeEdit, public CellEditor {
-    Q_OBJECT
-
-public:
-    MomentEdit(const EditorRequest& request, QWidget* parent);
-
-    std::optional<QVariant> TakeInput() const override;
-
-private:
-    QDateTime m_first;
 };
 
 /// One of a list, or yes and no.
