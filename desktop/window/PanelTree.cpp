@@ -100,6 +100,7 @@ PanelTree::PanelTree(QWidget* parent)
 void PanelTree::ShowModel(TreeItemModel* model) {
     // An editor that outlived its model would write into what is gone.
     CloseEditors(QAbstractItemDelegate::RevertModelCache);
+    m_draft.reset();
     const std::unique_ptr<QItemSelectionModel> oldSelection(selectionModel());
     if (m_model)
         m_model->disconnect(this);
@@ -113,12 +114,14 @@ void PanelTree::ShowModel(TreeItemModel* model) {
     if (!model)
         return;
     connect(model, &TreeItemModel::RowStatesChanged, this, &PanelTree::ApplyRowStates);
+    connect(model, &TreeItemModel::RowStatesChanged, this, &PanelTree::OpenDraft);
     connect(model, &TreeItemModel::Changed, this, [this] {
         m_head->OfferEditors(static_cast<int>(m_model->GetView().GetSelectedRows().size()));
     });
     connect(model, &TreeItemModel::NameEditWanted, this, &PanelTree::EditCell);
     // While the model is replaced, the head lays its columns out anew: no width is the user's then.
     connect(model, &TreeItemModel::modelAboutToBeReset, this, [this] {
+        KeepDraft();
         m_isFollowing = true;
         m_head->CloseEditor();
         m_scrollPlace = verticalScrollBar()->value();
@@ -141,6 +144,10 @@ void PanelTree::ApplyRowStates() {
     const TreeTableRow* root = m_model->GetView().GetRoot();
     if (!root || m_model->columnCount() == 0)
         return;
+    if (IsEditedRowElsewhere()) {
+        KeepDraft();
+        closeEditor(CellEditorWidget(), QAbstractItemDelegate::RevertModelCache);
+    }
     const QScopedValueRollback following(m_isFollowing, true);
     // While a layout is owed, expanding costs nothing; each spanned row would pay it.
     scheduleDelayedItemsLayout();

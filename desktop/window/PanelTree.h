@@ -3,6 +3,7 @@
 // left it. Values are edited in their cells, and those of all selected rows in the heads.
 #pragma once
 
+#include "desktop/window/EditorDraft.h"
 #include "desktop/window/RowDelegate.h"
 
 #include <QMap>
@@ -70,6 +71,8 @@ signals:
     void EditorLeft();
     /// The user has typed on a cell that can't be edited.
     void TypedInVain(const QString& column);
+    /// Something else has taken the row away while the user was typing.
+    void DraftLost(const QString& column);
 
 protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -85,7 +88,7 @@ protected:
     /// What is typed is for the current cell and never looks for a row.
     void keyboardSearch(const QString& text) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
-    /// Tab moves along the row.
+    /// Tab moves along the row and on to the next one.
     bool event(QEvent* event) override;
     /// Left and Right fold, also where the tree is scrolled aside.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -107,11 +110,12 @@ private:
     void OnColumnResized(int column, int width);
     /// Something in a cell does something when it is clicked there.
     bool HasSpotAt(QPoint place) const;
-    /// The next cell of the row that can be edited; `from` when there is none.
+    /// The next cell that can be edited, in this row or in those below it, or above it when
+    /// `direction` is -1; `from` when there is none.
     QModelIndex NextEditable(const QModelIndex& from, int direction) const;
     QModelIndex Fold(const QModelIndex& from);
     QModelIndex Unfold(const QModelIndex& from);
-    /// Leaves the selection alone.
+    /// The selection is left alone unless the row is another one.
     void MakeCurrent(const QModelIndex& index);
     void EditCell(const QModelIndex& index);
     void OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::Spot spot);
@@ -130,8 +134,12 @@ private:
     void HoldRefused(QWidget& editor);
     /// Back to the editor of which the input was refused.
     void ReturnToRefused();
-    /// The rows were built anew although the input was refused: its editor opens again.
-    void OpenRefusedAgain(const QString& typed);
+    /// The rows are about to be replaced, and an open editor with them.
+    void KeepDraft();
+    /// The object that is edited stands in another row now, and another object in the editor's.
+    bool IsEditedRowElsewhere() const;
+    /// The rows were replaced: the editor opens again in the same cell.
+    void OpenDraft();
     void ForgetRefused();
     /// What stands in a cell's editor is taken when the hint says so.
     void CloseEditors(QAbstractItemDelegate::EndEditHint hint);
@@ -149,6 +157,10 @@ private:
     QPersistentModelIndex m_edited;
     /// Of the input that is being taken; empty when it was not refused.
     QString m_refusal;
+    /// What stood in an editor that went with its row.
+    std::optional<EditorDraft> m_draft;
+    /// The user has left the editor of which the input is being taken.
+    bool m_isTaking = false;
     /// The open editor that holds a refused input.
     QPointer<QWidget> m_refused;
     /// The tree is being made to follow the view in memory: what it tells is no news.

@@ -11,19 +11,9 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace desktop {
-
-namespace {
-
-/// The lines that the user types into.
-QList<QLineEdit*> LinesOf(QWidget& editor) {
-    QList<QLineEdit*> lines = editor.findChildren<QLineEdit*>();
-    if (auto* const line = qobject_cast<QLineEdit*>(&editor))
-        lines.append(line);
-    return lines;
-}
-
-} // namespace
 
 template <class Handle>
 void PanelTree::HandleMouse(QMouseEvent& event, const Handle& handle) {
@@ -94,7 +84,7 @@ bool PanelTree::event(QEvent* event) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         const int direction = key == Qt::Key_Tab ? 1 : key == Qt::Key_Backtab ? -1 : 0;
         const QModelIndex current = currentIndex();
-        // At the end of the row the key leaves the tree.
+        // Behind the last cell of all the key leaves the tree.
         if (direction && current.isValid() && NextEditable(current, direction) != current) {
             MakeCurrent(NextEditable(current, direction));
             return true;
@@ -128,7 +118,8 @@ void PanelTree::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Asterisk:
     case Qt::Key_Plus:
     case Qt::Key_Minus:
-        QAbstractItemView::keyPressEvent(event);
+        if (!edit(current, AnyKeyPressed, event))
+            keyboardSearch(event->text());
         return;
     default:
         break;
@@ -165,19 +156,23 @@ void PanelTree::OpenCurrent() {
 
 void PanelTree::ClearValue() {
     const QModelIndex current = currentIndex();
-    if (!current.isValid() || IsEditing())
+    if (!current.isValid())
         return;
+    // What stands in an open editor goes with the value.
+    CloseEditors(QAbstractItemDelegate::RevertModelCache);
     const EditorRequest editor = TreeItemModel::EditorOf(current);
-    const bool isText = editor.kind == EditKind::Text || editor.kind == EditKind::Moment;
-    if (!isText && !editor.canBeEmpty) {
+    if (editor.kind == EditKind::None) {
         keyboardSearch({});
         return;
     }
+    const bool isText = editor.kind == EditKind::Text || editor.kind == EditKind::Moment;
     m_model->setData(current, isText ? QVariant(QString()) : QVariant(), Qt::EditRole);
     OnEdited();
 }
 
 void PanelTree::ClickSourceIcon() {
+    if (!CommitEditor())
+        return;
     const QModelIndex current = currentIndex();
     if (current.isValid() && !TreeItemModel::LookOf(current).sourceIcon.IsEmpty())
         OnSpotClicked(current, RowDelegate::Spot::SourceIcon);
@@ -218,12 +213,18 @@ QModelIndex PanelTree::Unfold(const QModelIndex& from) {
 }
 
 QModelIndex PanelTree::NextEditable(const QModelIndex& from, int direction) const {
-    for (int place = header()->visualIndex(from.column()) + direction;
-         place >= 0 && place < header()->count(); place += direction) {
-        const QModelIndex next = from.siblingAtColumn(header()->logicalIndex(place));
-        const CellLook look = TreeItemModel::LookOf(next);
-        if (look.kind != EditKind::None || (look.link != LinkLook::None && !look.isReadOnly))
-            return next;
+    if (m_model->GetView().GetPanel().isReadOnly)
+        return from;
+    int place = header()->visualIndex(from.column()) + direction;
+    for (QModelIndex row = from; row.isValid();
+         row = direction > 0 ? indexBelow(row) : indexAbove(row)) {
+        for (; place >= 0 && place < header()->count(); place += direction) {
+            const QModelIndex next = row.siblingAtColumn(header()->logicalIndex(place));
+            const CellLook look = TreeItemModel::LookOf(next);
+            if (look.kind != EditKind::None || (look.link != LinkLook::None && !look.isReadOnly))
+                return next;
+        }
+        place = direction > 0 ? 0 : header()->count() - 1;
     }
     return from;
 }
@@ -236,7 +237,10 @@ void PanelTree::EditCell(const QModelIndex& index) {
 }
 
 void PanelTree::MakeCurrent(const QModelIndex& index) {
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    const bool isSameRow = index.siblingAtColumn(0) == currentIndex().siblingAtColumn(0);
+    selectionModel()->setCurrentIndex(index, isSameRow ? QItemSelectionModel::NoUpdate
+                                                       : QItemSelectionModel::ClearAndSelect |
+                                                             QItemSelectionModel::Rows);
 }
 
 void PanelTree::EditHead() {
@@ -244,7 +248,7 @@ void PanelTree::EditHead() {
 }
 
 bool PanelTree::IsEditing() const {
-    return CellEditorWidget() || m_head->IsEditing();
+    return CellEditorWidget() || m_draft || m_head->IsEditing();
 }
 
 QWidget* PanelTree::CellEditorWidget() const {
@@ -273,20 +277,31 @@ bool PanelTree::IsOpen(const QWidget& editor) const {
 }
 
 void PanelTree::commitData(QWidget* editor) {
+    // What has happened to the rows meanwhile comes first: the input is for the object that it was
+    // typed for, and an editor that is not in its row any more opens again where that is.
+    if (!m_isFollowing && !m_isTaking)
+        m_model->TellChanges();
     if (!IsOpen(*editor) || editor == m_refused)
         return;
-    const auto* const line = qobject_cast<QLineEdit*>(editor);
-    const QString typed = line ? line->text() : QString();
+    std::optional<EditorDraft> draft;
+    if (m_edited.isValid())
+        draft.emplace(*editor, m_edited, QString());
     m_refusal.clear();
-    QTreeView::commitData(editor);
-    OnEdited();
-    if (m_refusal.isEmpty() || qobject_cast<QComboBox*>(editor))
+    {
+        const QScopedValueRollback taking(m_isTaking, true);
+        QTreeView::commitData(editor);
+        OnEdited();
+    }
+    if (m_refusal.isEmpty() || !draft || qobject_cast<QComboBox*>(editor))
         return;
-    if (IsOpen(*editor))
+    if (IsOpen(*editor)) {
         HoldRefused(*editor);
-    else if (line)
-        QMetaObject::invokeMethod(
-            this, [this, typed] { OpenRefusedAgain(typed); }, Qt::QueuedConnection);
+        return;
+    }
+    // The rows were built anew although the input was refused.
+    draft->SetRefusal(m_refusal);
+    m_draft = std::move(draft);
+    QMetaObject::invokeMethod(this, &PanelTree::OpenDraft, Qt::QueuedConnection);
 }
 
 void PanelTree::NoteRefusal(const QString& reason) {
@@ -319,16 +334,35 @@ void PanelTree::ReturnToRefused() {
         m_refused->setFocus();
 }
 
-void PanelTree::OpenRefusedAgain(const QString& typed) {
-    const QString reason = m_refusal;
-    EditCell(currentIndex());
-    auto* const line = qobject_cast<QLineEdit*>(CellEditorWidget());
-    if (!line)
+void PanelTree::KeepDraft() {
+    QWidget* const editor = m_isTaking ? nullptr : CellEditorWidget();
+    if (!editor)
         return;
-    line->setText(typed);
-    line->setModified(true);
-    m_refusal = reason;
-    HoldRefused(*line);
+    m_draft.emplace(*editor, m_edited, editor == m_refused ? m_refusal : QString());
+    ForgetRefused();
+}
+
+bool PanelTree::IsEditedRowElsewhere() const {
+    return !m_isTaking && CellEditorWidget() &&
+           m_model->GetView().GetCurrentRow() != &TreeItemModel::RowOf(m_edited);
+}
+
+void PanelTree::OpenDraft() {
+    const std::optional<EditorDraft> draft = std::exchange(m_draft, std::nullopt);
+    if (!draft)
+        return;
+    if (const QModelIndex cell = draft->Find(currentIndex()); cell.isValid())
+        EditCell(cell);
+    QWidget* const editor = CellEditorWidget();
+    if (!editor) {
+        emit DraftLost(draft->GetCaption());
+        emit EditorLeft();
+        return;
+    }
+    draft->PutInto(*editor);
+    m_refusal = draft->GetRefusal();
+    if (!m_refusal.isEmpty())
+        HoldRefused(*editor);
 }
 
 void PanelTree::GiveHeadValue(int column, const QVariant& value, const QString& typed) {

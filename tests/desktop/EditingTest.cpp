@@ -1,3 +1,4 @@
+#include "desktop/Session.h"
 #include "desktop/window/DesignationEdit.h"
 #include "desktop/window/PanelHead.h"
 #include "desktop/window/RefusalNote.h"
@@ -222,6 +223,42 @@ TEST_F(EditingTest, TabMovesAlongTheRowAndOpensTheNextEditor) {
     Press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(Tree().currentIndex(), At({0, 2}, m_teeth));
     EXPECT_TRUE(IsEditing());
+    Tree().setCurrentIndex(At({0, 2}, m_finish));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Tree().currentIndex(), At({0, 3}));
+    EXPECT_TRUE(Tree().selectionModel()->isRowSelected(3, At({0})));
+}
+
+TEST_F(EditingTest, AnOpenEditorStaysWithItsObjectWhateverElseMovesTheRows) {
+    desktop::Document document;
+    document.path = "small.json";
+    document.model = Parts();
+    for (platform::ObjectRecord& object : document.model.objects)
+        object.marking = {};
+    auto session = std::make_unique<desktop::Session>(std::move(document));
+    desktop::Session& other = *session;
+    m_window->Show(std::move(session));
+    Tree().expandAll();
+    Edit(At({0, 4}), "A lid");
+    for (const int column : {m_note, 1}) {
+        Tree().setCurrentIndex(At({0, 1}, column));
+        Press(Qt::Key_F2);
+        Type("draft");
+        Press(Qt::Key_Left, Qt::ShiftModifier);
+        other.Undo();
+        QApplication::processEvents();
+        EXPECT_EQ(Tree().currentIndex(), At({0, 0}, column));
+        ASSERT_TRUE(OpenLine());
+        EXPECT_EQ(OpenLine()->text() + OpenLine()->selectedText(), "draftt");
+        Press(Qt::Key_Escape);
+        other.Redo();
+        QApplication::processEvents();
+    }
+    Edit(At({0, 1}, m_teeth), "201");
+    other.Undo();
+    QApplication::processEvents();
+    EXPECT_EQ(OpenLine()->text(), "201");
+    EXPECT_TRUE(FindNote()->isVisible());
 }
 
 TEST_F(EditingTest, LeftAndRightFold) {
@@ -447,14 +484,17 @@ TEST_F(EditingTest, EnterOpensWhatAClickOpens) {
 
 TEST_F(EditingTest, AGroupIsEmptiedWhereItShowsNothing) {
     support::Product product;
-    product.Root(L"r").NoSectionRows().Columns({L"note", L"user.1003"});
+    product.Root(L"r").NoSectionRows().Columns({L"note", L"user.1003", L"user.1004"});
     product.UserProperty(1003, L"Spare", c_boolean);
+    product.UserProperty(1004, L"Finish", 2)
+        .LastPropertyList({SimplePropVal(Text("x")), SimplePropVal(Text("y"))});
     for (const char* const key : {"x", "y"}) {
         product.Object(key)
             .Name(L"Pin")
             .Designation(L"P.1")
             .Value(L"note", SimplePropVal(Text(key)))
             .Value(L"user.1003", SimplePropVal(*key == 'x'))
+            .Value(L"user.1004", SimplePropVal(Text(key)))
             .Uses();
     }
     Show(product);
@@ -473,6 +513,9 @@ TEST_F(EditingTest, AGroupIsEmptiedWhereItShowsNothing) {
     Tree().setCurrentIndex(At({0}, 3));
     Trigger("Clear Value");
     EXPECT_EQ(At({0, 0}, 3).data(Qt::CheckStateRole).toInt(), Qt::PartiallyChecked);
+    Tree().setCurrentIndex(At({0}, 4));
+    Trigger("Clear Value");
+    EXPECT_EQ(TextAt({0, 0}, 4) + TextAt({0, 1}, 4), "");
 }
 
 TEST_F(EditingTest, TheSourceIconUntiesAValueAndTiesItAgain) {
