@@ -149,7 +149,10 @@ void ListGroupCellImpl::Update() {
 }
 
 TreeActionResult ListGroupCellImpl::OnValueEdited() {
-    return FinishEdit(MakeChangesFromList(), TreeActionResult::ValuesChanged,
+    // No place in the list takes the members' values away, whether they agree or not.
+    const bool isEmptied = m_row->GetListIndex(GetColumnId()) < 0;
+    return FinishEdit(isEmptied ? MakeChanges(PropValue(), std::nullopt) : MakeChangesFromList(),
+                      TreeActionResult::ValuesChanged,
                       [this] { m_row->SetListIndex(GetColumnId(), FindGroupIndex()); });
 }
 

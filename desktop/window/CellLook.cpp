@@ -1,6 +1,7 @@
 #include "desktop/window/CellLook.h"
 
 #include "desktop/window/DesignationEdit.h"
+#include "desktop/window/GroupValues.h"
 #include "desktop/window/LocaleMoments.h"
 #include "desktop/window/LocaleNumbers.h"
 #include "platform/view/TreeTableView.h"
@@ -167,11 +168,18 @@ QStringList ToStrings(const std::vector<SharedText>& texts) {
     return strings;
 }
 
-EditorRequest ValueEditor(const TreeCell& cell) {
+/// A list always has a way back to no value, where there is one to take away.
+bool CanBeEmptied(const TreeTableRow& row, const ColumnHead& head, const TreeCell& cell) {
+    if (cell.GetKind() != CellKind::List)
+        return cell.CanBeEmpty();
+    return cell.HasValue() || GroupValues(row, head).GetState() == GroupValues::State::Different;
+}
+
+EditorRequest ValueEditor(const TreeTableRow& row, const ColumnHead& head, const TreeCell& cell) {
     EditorRequest editor;
     editor.value = ValueOf(cell);
     editor.step = cell.GetStep();
-    editor.canBeEmpty = cell.GetKind() == CellKind::List ? cell.HasValue() : cell.CanBeEmpty();
+    editor.canBeEmpty = CanBeEmptied(row, head, cell);
     editor.list = ToStrings(cell.GetList());
     return editor;
 }
@@ -230,7 +238,7 @@ EditorRequest GetCellEditor(const TreeTableRow& row, const ColumnHead& head) {
     else if (head.kind == HeadKind::Designation)
         editor = DesignationEditor(row.GetMarking());
     else
-        editor = ValueEditor(*row.FindCell(head.id));
+        editor = ValueEditor(row, head, *row.FindCell(head.id));
     editor.kind = kind;
     return editor;
 }

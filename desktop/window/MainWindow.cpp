@@ -157,6 +157,10 @@ QWidget* MainWindow::MakePanel() {
         statusBar()->showMessage(tr("%1 can't be edited in this row").arg(column),
                                  c_messageMilliseconds);
     });
+    connect(m_tree, &PanelTree::DraftLost, this, [this](const QString& column) {
+        statusBar()->showMessage(tr("%1: the row that was edited is gone").arg(column),
+                                 c_messageMilliseconds);
+    });
 
     auto* const head = new QHBoxLayout;
     head->setContentsMargins(10, 7, 10, 7);
@@ -309,6 +313,8 @@ void MainWindow::OnInputAnswered(const platform::ColumnHead& column, const QVari
     // A number within the limits was refused for another reason.
     if (!reason.isEmpty())
         text += QStringLiteral(", ") + reason;
+    else if (!input.isValid())
+        text += tr(", a value is needed");
     else if (limits && !(isNumber && IsWithin(*limits, number)))
         text += LimitsText(*limits);
     statusBar()->showMessage(text, c_messageMilliseconds);
