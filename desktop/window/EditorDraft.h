@@ -1,4 +1,4 @@
-// What the user has typed into the editor of a cell and has not given yet. Editors go with their
+// What the user has typed into the editor of a cell but not yet entered. Editors go with their
 // rows when these are replaced; the draft is what it takes to open the same editor again.
 #pragma once
 
