@@ -1,7 +1,7 @@
 #include "desktop/Document.h"
 
+#include "desktop/LevelChoice.h"
 #include "desktop/store/ProductFile.h"
-#include "host/ProductProperties.h"
 #include "platform/product/MassRules.h"
 
 #include <algorithm>
@@ -9,7 +9,6 @@
 #include <cstring>
 #include <fstream>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 namespace desktop {
@@ -70,12 +69,7 @@ std::variant<Document, FileError> OpenStep(const std::filesystem::path& path,
 #endif
 }
 
-std::variant<Document, FileError> OpenProduct(const std::filesystem::path& path,
-                                              const step::StepOptions& options) {
-    if (!options.assembly.empty())
-        return FileError{"--assembly is for STEP files"};
-    if (options.flatten)
-        return FileError{"--flatten is for STEP files"};
+std::variant<Document, FileError> OpenProduct(const std::filesystem::path& path) {
     Document document;
     document.mark = FileMark::Take(path);
     auto read = store::ReadProductFile(path);
@@ -86,12 +80,20 @@ std::variant<Document, FileError> OpenProduct(const std::filesystem::path& path,
     return document;
 }
 
-void AddMass(platform::ObjectRecord& object, double mass) {
-    const unsigned long number = ProductProperties::GetPropId(L"mass");
-    const bool hasMass = std::ranges::any_of(
-        object.properties, [&](const auto& property) { return property.first == number; });
-    if (!hasMass)
-        object.properties.emplace_back(number, PropValue(SimplePropVal(mass)));
+std::variant<Document, FileError> OpenWhole(const std::filesystem::path& path,
+                                            const step::StepOptions& options) {
+    const auto kind = TellKind(path);
+    if (const auto* error = std::get_if<FileError>(&kind))
+        return *error;
+    switch (std::get<FileKind>(kind)) {
+    case FileKind::Step:
+        return OpenStep(path, options);
+    case FileKind::Product:
+        return OpenProduct(path);
+    case FileKind::Unknown:
+        break;
+    }
+    return FileError{"neither a STEP file nor a product file"};
 }
 
 constexpr const char* c_unnamed = "Unnamed";
@@ -126,28 +128,19 @@ std::optional<FileError> FindWhatStands(const std::filesystem::path& path) {
 
 std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,
                                                const step::StepOptions& options) {
-    const auto kind = TellKind(path);
-    if (const auto* error = std::get_if<FileError>(&kind))
-        return *error;
-    switch (std::get<FileKind>(kind)) {
-    case FileKind::Step:
-        return OpenStep(path, options);
-    case FileKind::Product:
-        return OpenProduct(path, options);
-    case FileKind::Unknown:
-        break;
-    }
-    return FileError{"neither a STEP file nor a product file"};
+    auto opened = OpenWhole(path, options);
+    auto* const document = std::get_if<Document>(&opened);
+    if (!document)
+        return opened;
+    auto level = ShowLevel(document->model, options);
+    if (auto* error = std::get_if<FileError>(&level))
+        return std::move(*error);
+    if (const std::string& note = std::get<std::string>(level); !note.empty())
+        document->notes.push_back(note);
+    return opened;
 }
 
 void ApplyMeasures(platform::ProductModel& model, const step::Measures& measures) {
-    const std::unordered_map<UniqueMetaObjectKey, double> masses(measures.masses.begin(),
-                                                                 measures.masses.end());
-    for (platform::ObjectRecord& object : model.objects) {
-        const auto mass = masses.find(object.key);
-        if (mass != masses.end())
-            AddMass(object, mass->second);
-    }
     platform::ApplyVolumes(model, measures.volumes);
 }
 

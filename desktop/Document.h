@@ -38,13 +38,12 @@ Document MakeUnnamed(Document document);
 /// holds a product or nothing, and where there is no file.
 std::optional<FileError> FindWhatStands(const std::filesystem::path& path);
 
-/// The options that choose what is shown of a STEP file are an error for a product file.
+/// Shows the level that the options ask for.
 std::variant<Document, FileError> OpenDocument(const std::filesystem::path& path,
                                                const step::StepOptions& options);
 
 /// Gives the parts their volumes, and masses where they have a density, which need not be that of
-/// the file. An object that has a mass already keeps it: the user has typed it. Measures of objects
-/// that are not in the model are ignored.
+/// the file. Measures of objects that are not in the model are ignored.
 void ApplyMeasures(platform::ProductModel& model, const step::Measures& measures);
 
 /// "product-tree: FILE: text" as one line without its end, whatever the texts hold.

@@ -7,7 +7,8 @@ namespace desktop {
 
 void ComputeMasses(Session& session) {
     if (step::StepDocument* document = session.GetStep()) {
-        const auto measuring = document->StartMeasuring(step::MeasuredParts::WithDensity);
+        const auto measuring =
+            document->StartMeasuring(step::MeasuredParts::WithDensity, session.GetLevel().assembly);
         measuring->Wait();
         session.TakeMeasures(measuring->GetMeasures());
     }

@@ -3,6 +3,9 @@
 #include "columns/ColumnInfo.h"
 #include "desktop/store/ProductFile.h"
 #include "host/IfPropertyDescription.h"
+#include "items/ProductTreeItemData.h"
+#include "items/ProductTreeItemImpl.h"
+#include "platform/product/AssemblyLevels.h"
 #include "platform/product/MemoryProduct.h"
 #include "platform/view/HostFrame.h"
 
@@ -24,6 +27,11 @@ bool IsNoLimit(double limit, unsigned type) {
     return std::abs(limit) >= last;
 }
 
+SharedText TitleOf(const platform::ObjectRecord& object) {
+    return object.name.IsEmpty() ? object.marking.Make(VariantMarkingData::MakeAll, false, false)
+                                 : object.name;
+}
+
 void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
     row.SetExpanded(expanded);
     for (std::size_t i = 0; i < row.GetChildCount(); ++i)
@@ -37,7 +45,9 @@ Session::Session(Document document)
       m_step(std::move(document.step)), m_mark(document.mark),
       m_isProductFile(!m_step && !document.isNew),
       m_product(std::make_shared<platform::MemoryProduct>(std::move(document.model))),
-      m_frame(std::make_unique<platform::HostFrame>(m_product)) {}
+      m_frame(std::make_unique<platform::HostFrame>(m_product)) {
+    FollowLevel();
+}
 
 Session::~Session() = default;
 
@@ -80,6 +90,113 @@ void Session::CollapseAll() {
         SetAllExpanded(*root, false);
         root->SetExpanded(true);
     }
+}
+
+bool Session::HasLevels() const {
+    return m_product->HasLevels();
+}
+
+const platform::ProductLevel& Session::GetLevel() const {
+    return m_product->GetLevel();
+}
+
+platform::ProductLevel Session::GetHome() const {
+    return platform::GetHome(m_product->GetModel());
+}
+
+SharedText Session::NameOf(const UniqueMetaObjectKey& assembly) const {
+    const platform::ProductModel& model = m_product->GetModel();
+    if (model.root.key == assembly)
+        return TitleOf(model.root);
+    for (const auto* const list : {&model.objects, &model.objectsBelow}) {
+        const auto found = std::ranges::find(*list, assembly, &platform::ObjectRecord::key);
+        if (found != list->end())
+            return TitleOf(*found);
+    }
+    return {};
+}
+
+std::vector<SharedText> Session::GetWay() const {
+    std::vector<SharedText> names;
+    for (const platform::ProductLevel& level : m_way)
+        names.push_back(NameOf(level.assembly));
+    return names;
+}
+
+UniqueMetaObjectKey Session::FindAssembly(const platform::TreeTableRow& row) const {
+    const productTree::ProductTreeItemData* const data = row.GetData();
+    if (!data || !data->GetImpl() || !HasLevels())
+        return {};
+    const productTree::ProductTreeItemImpl& item = *data->GetImpl();
+    UniqueMetaObjectKey assembly = m_product->FindAssembly(item.GetObjectKey());
+    if (assembly.IsEmpty())
+        return {};
+    std::vector<UniqueMetaObjectKey> members;
+    item.AppendKey(members);
+    const bool isOne = std::ranges::all_of(members, [&](const UniqueMetaObjectKey& member) {
+        return m_product->FindAssembly(member) == assembly;
+    });
+    return isOne ? assembly : UniqueMetaObjectKey();
+}
+
+bool Session::OpensAssembly(const platform::TreeTableRow& row) const {
+    return !FindAssembly(row).IsEmpty();
+}
+
+bool Session::OpenAssembly(const platform::TreeTableRow& row) {
+    const UniqueMetaObjectKey assembly = FindAssembly(row);
+    if (assembly.IsEmpty())
+        return false;
+    m_way.push_back({assembly, false});
+    return Enter(platform::ProductLevel(m_way.back()));
+}
+
+bool Session::GoBack(std::size_t entry) {
+    return entry + 1 < m_way.size() && Enter(platform::ProductLevel(m_way[entry]));
+}
+
+bool Session::ShowAllParts(bool on) {
+    return HasLevels() && Enter({GetLevel().assembly, on});
+}
+
+bool Session::Enter(const platform::ProductLevel& level) {
+    if (!m_product->EnterLevel(level))
+        return false;
+    TellPanel();
+    return true;
+}
+
+void Session::FollowLevel() {
+    const platform::ProductModel& model = m_product->GetModel();
+    const platform::ProductLevel& level = m_product->GetLevel();
+    std::erase_if(m_way, [&](const platform::ProductLevel& entry) {
+        return !platform::OpensLevel(model, entry.assembly);
+    });
+    const auto known = std::ranges::find(m_way, level.assembly, &platform::ProductLevel::assembly);
+    if (known != m_way.end()) {
+        m_way.erase(known + 1, m_way.end());
+    } else {
+        m_way = {platform::GetHome(model)};
+        if (!(level.assembly == m_way.front().assembly))
+            m_way.push_back(level);
+    }
+    m_way.back().allParts = level.allParts;
+}
+
+platform::TreeTableRow* Session::FindRow(const UniqueMetaObjectKey& assembly) const {
+    platform::TreeTableRow* const root = GetView().GetRoot();
+    if (!root)
+        return nullptr;
+    std::vector<platform::TreeTableRow*> open{root};
+    while (!open.empty()) {
+        platform::TreeTableRow* const row = open.back();
+        open.pop_back();
+        if (FindAssembly(*row) == assembly)
+            return row;
+        for (std::size_t i = row->GetChildCount(); i > 0; --i)
+            open.push_back(&row->GetChildRow(i - 1));
+    }
+    return nullptr;
 }
 
 bool Session::HasEmbodiments() const {
@@ -165,7 +282,8 @@ void Session::Redo() {
     TellPanel();
 }
 
-void Session::TellPanel() const {
+void Session::TellPanel() {
+    FollowLevel();
     m_frame->TellDocumentChanged(m_product->IsRebuildRequired());
 }
 
@@ -183,7 +301,7 @@ std::optional<FileError> Session::SaveAs(const std::filesystem::path& path) {
     const bool isOurs = m_isProductFile && m_mark && FileMark::Take(path) == m_mark;
     if (auto error = isOurs ? std::nullopt : FindWhatStands(path))
         return error;
-    if (auto error = store::WriteProductFile(path, m_product->GetModel()))
+    if (auto error = store::WriteProductFile(path, m_product->MakeSaved()))
         return error;
     m_path = path;
     m_isProductFile = true;
@@ -214,6 +332,7 @@ std::optional<FileError> Session::Reload(const SharedText& stepName) {
         return std::move(*error);
     m_product->Replace(std::get<platform::ProductModel>(std::move(read)), stepName);
     m_hasUnsavedMeasures = false;
+    FollowLevel();
     m_frame->TellDocumentChanged(true);
     return std::nullopt;
 }

@@ -12,6 +12,7 @@ namespace platform {
 class HostFrame;
 class IUserDecisions;
 class MemoryProduct;
+class TreeTableRow;
 class TreeTableView;
 } // namespace platform
 
@@ -53,6 +54,24 @@ public:
     void UnfoldSections(int rows);
     /// All but the root row, which alone would tell nothing of the product.
     void CollapseAll();
+    /// A product with assemblies in it is shown level by level: the direct components of one of
+    /// them, or all parts below it.
+    bool HasLevels() const;
+    const platform::ProductLevel& GetLevel() const;
+    /// The level that the product is opened with.
+    platform::ProductLevel GetHome() const;
+    /// The names of the assemblies that the user has opened one in the other, the product first.
+    std::vector<SharedText> GetWay() const;
+    /// The row is one of an assembly that can be opened; of a group, all its members are uses of
+    /// the same.
+    bool OpensAssembly(const platform::TreeTableRow& row) const;
+    /// False, with a refusal, when the level can't be shown; false also where there is none.
+    bool OpenAssembly(const platform::TreeTableRow& row);
+    /// Back to an entry of GetWay.
+    bool GoBack(std::size_t entry);
+    bool ShowAllParts(bool on);
+    /// The row of the assembly in the level that is shown; null for none.
+    platform::TreeTableRow* FindRow(const UniqueMetaObjectKey& assembly) const;
     /// Counts are shown for each embodiment by itself. Nothing happens where there are none.
     bool HasEmbodiments() const;
     bool IsEmbodimentMode() const;
@@ -95,7 +114,12 @@ public:
     std::optional<FileError> Reload(const SharedText& stepName);
 
 private:
-    void TellPanel() const;
+    void TellPanel();
+    bool Enter(const platform::ProductLevel& level);
+    /// The level may be another one: undoing goes where it was done.
+    void FollowLevel();
+    UniqueMetaObjectKey FindAssembly(const platform::TreeTableRow& row) const;
+    SharedText NameOf(const UniqueMetaObjectKey& assembly) const;
 
     std::filesystem::path m_path;
     std::vector<std::string> m_notes;
@@ -108,6 +132,8 @@ private:
     /// Nothing of the product is on disk any more.
     bool m_isFileGone = false;
     std::shared_ptr<platform::MemoryProduct> m_product;
+    /// Of the levels that were opened one in the other; the last is the one that is shown.
+    std::vector<platform::ProductLevel> m_way;
     std::unique_ptr<platform::HostFrame> m_frame;
 };
 

@@ -3,12 +3,15 @@
 #include "desktop/import/Masses.h"
 #include "desktop/import/MeasureApart.h"
 #include "desktop/import/ModelBuilder.h"
+#include "desktop/import/TextDecoder.h"
 
 #include <utility>
 
 namespace desktop::step {
 
 namespace {
+
+constexpr const char* c_usualEncoding = "ISO-8859-1";
 
 /// `definitions` are those to measure.
 class VolumeMeasuring final : public Measuring {
@@ -43,43 +46,47 @@ private:
 } // namespace
 
 ImportedDocument::ImportedDocument(std::unique_ptr<StepReader> reader, StepContents contents,
-                                   RootChoice choice, std::vector<Component> components,
-                                   const std::wstring& title)
+                                   FileRoots roots, const std::wstring& title,
+                                   const StepOptions& options)
     : m_reader(std::move(reader)), m_structure(std::move(contents.structure)),
-      m_hasSolids(contents.hasSolids), m_choice(std::move(choice)),
-      m_components(std::move(components)),
-      m_model(BuildModel(m_structure, m_choice, m_components, title)) {
+      m_hasSolids(contents.hasSolids), m_foreignTexts(std::move(contents.foreignTexts)),
+      m_encoding(options.encoding.empty() ? c_usualEncoding : options.encoding),
+      m_roots(std::move(roots)), m_objects(m_structure, m_roots.tops),
+      m_model(BuildModel(m_structure, m_roots, m_objects, title, options.flatten)) {
     AddNote(contents.otherFiles.size(), "other file is", "other files are",
             " referred to and not followed");
+    if (options.encoding.empty() && !m_foreignTexts.empty())
+        m_notes.emplace_back("names that are no UTF-8 are read as Latin-1; another encoding can be "
+                             "chosen (Text Encoding, --encoding)");
     AddNote(contents.unclearDensities, "density has", "densities have",
             " no unit of mass per volume and can't be used");
-    AddNote(m_choice.namesakes, "other assembly has", "other assemblies have",
-            " the same name as the one shown");
-    // The model has them; there may be millions.
-    for (Component& component : m_components)
-        component.occurrences = {};
 }
 
-std::unique_ptr<Measuring> ImportedDocument::StartMeasuring(MeasuredParts parts) {
+std::optional<std::wstring> ImportedDocument::Decode(const std::string& text,
+                                                     const std::string& encoding) const {
+    const std::optional<TextDecoder> decoder = TextDecoder::Make(encoding);
+    return decoder ? std::optional(decoder->Decode(text)) : std::nullopt;
+}
+
+std::unique_ptr<Measuring> ImportedDocument::StartMeasuring(MeasuredParts parts,
+                                                            const UniqueMetaObjectKey& below) {
+    std::vector<std::size_t> tops = m_roots.tops;
+    for (const ProductObject& object : m_objects.Get()) {
+        if (object.key == below)
+            tops = {object.definition};
+    }
     // Shells would be gone through for half a minute, to no end.
     std::vector<std::size_t> measured;
     if (m_hasSolids)
-        measured = FindPartsToMeasure(m_structure, m_choice.tops, parts);
+        measured = FindPartsToMeasure(m_structure, tops, parts);
     return std::make_unique<VolumeMeasuring>(*this, *m_reader, m_structure, std::move(measured));
 }
 
 Measures ImportedDocument::GetMeasures(const std::vector<std::optional<double>>& volumes) const {
-    const auto masses = ComputeDefinitionMasses(m_structure, m_choice.tops, volumes);
     Measures result;
-    for (const Component& component : m_components) {
-        const auto& values = component.isAssembly ? masses : volumes;
-        if (const std::optional<double> value = values[component.definition]) {
-            (component.isAssembly ? result.masses : result.volumes)
-                .emplace_back(GetObjectKey(m_structure, component), *value);
-        }
-    }
-    if (m_components.empty() && m_choice.root && volumes[*m_choice.root]) {
-        result.volumes.emplace_back(m_model.root.key, *volumes[*m_choice.root]);
+    for (const ProductObject& object : m_objects.Get()) {
+        if (const std::optional<double> volume = volumes[object.definition])
+            result.volumes.emplace_back(object.key, *volume);
     }
     return result;
 }

@@ -2,7 +2,7 @@
 // weigh it later.
 #pragma once
 
-#include "desktop/import/ProductSelection.h"
+#include "desktop/import/ProductObjects.h"
 #include "desktop/import/StepContents.h"
 #include "desktop/import/StepImport.h"
 #include "desktop/import/StepReader.h"
@@ -17,12 +17,17 @@ namespace desktop::step {
 class ImportedDocument final : public StepDocument {
 public:
     /// `title` names the root where no product of the file does.
-    ImportedDocument(std::unique_ptr<StepReader> reader, StepContents contents, RootChoice choice,
-                     std::vector<Component> components, const std::wstring& title);
+    ImportedDocument(std::unique_ptr<StepReader> reader, StepContents contents, FileRoots roots,
+                     const std::wstring& title, const StepOptions& options);
 
     const platform::ProductModel& GetModel() const override { return m_model; }
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
-    std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts) override;
+    const std::vector<std::string>& GetForeignTexts() const override { return m_foreignTexts; }
+    const std::string& GetEncoding() const override { return m_encoding; }
+    std::optional<std::wstring> Decode(const std::string& text,
+                                       const std::string& encoding) const override;
+    std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts,
+                                              const UniqueMetaObjectKey& below) override;
 
     /// From volumes in m3, by definition.
     Measures GetMeasures(const std::vector<std::optional<double>>& volumes) const;
@@ -33,8 +38,10 @@ private:
     std::unique_ptr<StepReader> m_reader;
     ProductStructure m_structure;
     bool m_hasSolids;
-    RootChoice m_choice;
-    std::vector<Component> m_components;
+    std::vector<std::string> m_foreignTexts;
+    std::string m_encoding;
+    FileRoots m_roots;
+    ProductObjects m_objects;
     platform::ProductModel m_model;
     std::vector<std::string> m_notes;
 };

@@ -2,6 +2,7 @@
 
 #include "desktop/import/StandardParts.h"
 #include "host/ProductProperties.h"
+#include "platform/product/AssemblyLevels.h"
 
 #include <array>
 #include <utility>
@@ -29,6 +30,7 @@ constexpr std::array shownPaths = {L"position",         L"count", L"SPCSection",
                                    L"material.density", L"mass",  L"comment"};
 
 const char* const rootKey = "root";
+constexpr std::size_t c_noPlace = static_cast<std::size_t>(-1);
 
 ComponentKind KindOf(const Product& product, bool isAssembly) {
     if (isAssembly)
@@ -59,68 +61,99 @@ void SetMaterial(platform::ObjectRecord& object, const Material& material) {
                                        PropValue(SimplePropVal(*material.density)));
 }
 
-platform::ObjectRecord MakeObject(const ProductStructure& structure, const Component& component,
+platform::ObjectRecord MakeObject(const ProductStructure& structure, const ProductObject& source,
                                   const ProductPart& part) {
-    const Product& product = structure.products[component.product];
-    const ComponentKind kind = KindOf(product, component.isAssembly);
+    const Definition& definition = structure.definitions[source.definition];
+    const Product& product = structure.GetProduct(source.definition);
+    const ComponentKind kind = KindOf(product, definition.IsAssembly());
     platform::ObjectRecord object;
-    object.key = GetObjectKey(structure, component);
+    object.key = source.key;
     object.kind = kind.kind;
     object.part = part;
     object.section.numbers[0] = kind.section;
     object.section.name = GetDefaultSectionNumbName(kind.section);
     object.iconType = kind.iconType;
+    object.sumsPartMasses = definition.IsAssembly();
     SetTitle(object, product);
-    SetMaterial(object, structure.definitions[component.definition].material);
-
-    platform::OccurrenceRecord occurrence;
-    occurrence.kind = kind.kind;
-    occurrence.part = part;
-    object.occurrences.reserve(component.occurrences.size());
-    for (const std::string& name : component.occurrences) {
-        occurrence.key = UniqueMetaObjectKey(name);
-        object.occurrences.push_back(occurrence);
-    }
+    SetMaterial(object, definition.material);
     return object;
 }
 
-platform::ObjectRecord MakeRoot(const ProductStructure& structure, const RootChoice& choice,
-                                const std::wstring& title, const ProductPart& part) {
+/// The product itself: nothing says in which section it stands.
+platform::ObjectRecord MakeRoot(const ProductStructure& structure, const FileRoots& roots,
+                                const ProductObjects& objects, const std::wstring& title,
+                                const ProductPart& part) {
     platform::ObjectRecord root;
-    root.key = UniqueMetaObjectKey(rootKey);
+    if (roots.root) {
+        root = MakeObject(structure, objects.Get()[objects.PlaceOf(*roots.root)], part);
+        root.section = {};
+        return root;
+    }
     root.kind = assemblyKind.kind;
     root.iconType = assemblyKind.iconType;
     root.part = part;
     root.name = title;
-    if (!choice.root)
-        return root;
-    const Definition& definition = structure.definitions[*choice.root];
-    SetTitle(root, structure.GetProduct(*choice.root));
-    SetMaterial(root, definition.material);
-    if (!definition.IsAssembly()) {
-        root.kind = detailKind.kind;
-        root.iconType = detailKind.iconType;
-    }
     return root;
+}
+
+/// The components as they stand in an assembly.
+std::vector<platform::ObjectRecord> MakeStandings(const platform::ProductModel& model,
+                                                  const std::vector<Component>& components) {
+    std::vector<platform::ObjectRecord> standings;
+    standings.reserve(components.size());
+    for (const Component& component : components) {
+        const platform::ObjectRecord& object = model.objectsBelow[component.object];
+        platform::ObjectRecord& standing = standings.emplace_back();
+        standing.key = object.key;
+        platform::OccurrenceRecord use;
+        use.kind = object.kind;
+        use.part = object.part;
+        standing.occurrences.reserve(component.uses.size());
+        for (const std::string& name : component.uses) {
+            use.key = UniqueMetaObjectKey(name);
+            standing.occurrences.push_back(use);
+        }
+    }
+    return standings;
 }
 
 } // namespace
 
-UniqueMetaObjectKey GetObjectKey(const ProductStructure& structure, const Component& component) {
-    const int number = structure.products[component.product].number;
-    return UniqueMetaObjectKey("product" + std::to_string(number));
-}
-
-platform::ProductModel BuildModel(const ProductStructure& structure, const RootChoice& choice,
-                                  const std::vector<Component>& components,
-                                  const std::wstring& title) {
+platform::ProductModel BuildModel(const ProductStructure& structure, const FileRoots& roots,
+                                  const ProductObjects& objects, const std::wstring& title,
+                                  bool isPartItsOwn) {
     platform::ProductModel model;
     const ProductPart part = StandsIn(model);
-    model.root = MakeRoot(structure, choice, title, part);
-    model.objects.reserve(components.size());
-    for (const Component& component : components)
-        model.objects.push_back(MakeObject(structure, component, part));
-    model.root.sumsPartMasses = !model.objects.empty();
+    for (const ProductObject& object : objects.Get())
+        model.objectsBelow.push_back(MakeObject(structure, object, part));
+    platform::ObjectRecord root = MakeRoot(structure, roots, objects, title, part);
+    const bool isRootAnObject =
+        roots.root && (structure.definitions[*roots.root].IsAssembly() || !isPartItsOwn);
+    if (!isRootAnObject) {
+        root.key = UniqueMetaObjectKey(rootKey);
+        root.sumsPartMasses = true;
+    }
+    const std::size_t rootPlace = isRootAnObject ? objects.PlaceOf(*roots.root) : c_noPlace;
+    const auto add = [&](const UniqueMetaObjectKey& key, const std::vector<Component>& components) {
+        model.assemblies.push_back({key, MakeStandings(model, components), {}, {}});
+    };
+    add(root.key, isRootAnObject ? ListComponents(objects, structure.definitions[*roots.root].uses)
+                                 : ListComponents(objects, roots.tops));
+    for (std::size_t i = 0; i < objects.Get().size(); ++i) {
+        const Definition& definition = structure.definitions[objects.Get()[i].definition];
+        if (i != rootPlace && definition.IsAssembly())
+            add(objects.Get()[i].key, ListComponents(objects, definition.uses));
+    }
+    if (isRootAnObject)
+        model.objectsBelow[rootPlace] = std::move(root);
+    else
+        model.objectsBelow.push_back(std::move(root));
+    platform::TakeOut(model, platform::GetHome(model));
+    // Without assemblies in it there is one level, and nothing to be told of it.
+    if (model.assemblies.size() == 1) {
+        model.assemblies.clear();
+        model.level = {};
+    }
     model.isSimplified = true;
     for (const wchar_t* path : shownPaths)
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));

@@ -1,21 +1,18 @@
-// Turns the chosen products of a STEP file into a product document for the panel.
+// Makes the document that the panel shows: all products of a file as objects, with what each is
+// built up of.
 #pragma once
 
-#include "desktop/import/ProductSelection.h"
-#include "desktop/import/ProductStructure.h"
+#include "desktop/import/ProductObjects.h"
 #include "platform/product/ProductModel.h"
 
 #include <string>
-#include <vector>
 
 namespace desktop::step {
 
-/// The key of the object that a component becomes.
-UniqueMetaObjectKey GetObjectKey(const ProductStructure& structure, const Component& component);
-
-/// `title` names the root where no product of the file does.
-platform::ProductModel BuildModel(const ProductStructure& structure, const RootChoice& choice,
-                                  const std::vector<Component>& components,
-                                  const std::wstring& title);
+/// The direct components of the root are shown. `title` names the root where no product does. A
+/// file of a single part has no components, unless it is asked for as one of its own.
+platform::ProductModel BuildModel(const ProductStructure& structure, const FileRoots& roots,
+                                  const ProductObjects& objects, const std::wstring& title,
+                                  bool isPartItsOwn);
 
 } // namespace desktop::step

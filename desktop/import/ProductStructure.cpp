@@ -93,17 +93,4 @@ std::vector<std::size_t> SortByUse(const ProductStructure& structure,
     return sorted;
 }
 
-std::vector<std::size_t> CountOccurrences(const ProductStructure& structure,
-                                          const std::vector<std::size_t>& roots,
-                                          std::size_t limit) {
-    std::vector<std::size_t> counts(structure.definitions.size(), 0);
-    for (const std::size_t root : roots)
-        counts[root] = 1;
-    for (const std::size_t user : SortByUse(structure, roots)) {
-        for (const Use& use : structure.definitions[user].uses)
-            counts[use.child] = std::min(counts[use.child] + counts[user], limit + 1);
-    }
-    return counts;
-}
-
 } // namespace desktop::step

@@ -71,8 +71,4 @@ std::optional<std::size_t> FindCycle(const ProductStructure& structure);
 std::vector<std::size_t> SortByUse(const ProductStructure& structure,
                                    const std::vector<std::size_t>& roots);
 
-/// How often each definition stands below `roots`, which count once each, at most `limit` + 1.
-std::vector<std::size_t> CountOccurrences(const ProductStructure& structure,
-                                          const std::vector<std::size_t>& roots, std::size_t limit);
-
 } // namespace desktop::step

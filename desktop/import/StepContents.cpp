@@ -3,6 +3,7 @@
 #include "desktop/import/ReadMaterial.h"
 #include "desktop/import/ReadText.h"
 #include "desktop/import/TextDecoder.h"
+#include "platform/values/Utf8.h"
 
 #include <Standard_Failure.hxx>
 #include <StepBasic_DocumentFile.hxx>
@@ -19,6 +20,7 @@
 #include <StepShape_SolidModel.hxx>
 #include <TCollection_HAsciiString.hxx>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -29,6 +31,9 @@ namespace desktop::step {
 namespace {
 
 using EntityRef = const Standard_Transient*;
+
+/// Enough to see what they are.
+constexpr std::size_t c_mostForeignTexts = 100;
 
 class ContentsReader final {
 public:
@@ -131,7 +136,7 @@ private:
         const MaterialFacts facts = ReadMaterial(property);
         Material& material = definition->material;
         if (material.name.empty())
-            material.name = m_decoder.Decode(facts.name);
+            material.name = Decode(facts.name);
         if (!material.density)
             material.density = facts.density;
         m_contents.unclearDensities += facts.isDensityUnclear ? 1 : 0;
@@ -144,8 +149,16 @@ private:
                                             : &m_contents.structure.definitions[found->second];
     }
 
-    std::wstring ToText(const Handle(TCollection_HAsciiString) & text) const {
-        return m_decoder.Decode(RawText(text.get()));
+    std::wstring ToText(const Handle(TCollection_HAsciiString) & text) {
+        return Decode(RawText(text.get()));
+    }
+
+    std::wstring Decode(const std::string& text) {
+        std::vector<std::string>& foreign = m_contents.foreignTexts;
+        if (!platform::FromUtf8(text) && foreign.size() < c_mostForeignTexts &&
+            std::ranges::find(foreign, text) == foreign.end())
+            foreign.push_back(text);
+        return m_decoder.Decode(text);
     }
 
     const StepData_StepModel& m_model;

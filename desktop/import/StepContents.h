@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <variant>
+#include <vector>
 
 class StepData_StepModel;
 
@@ -21,6 +22,8 @@ struct StepContents {
     ProductStructure structure;
     /// Names of other files that the file refers to.
     std::set<std::string> otherFiles;
+    /// Some of the texts that are no UTF-8, each once, as they stand in the file.
+    std::vector<std::string> foreignTexts;
     /// How many densities have no unit of mass per volume and are left out.
     std::size_t unclearDensities = 0;
     /// Some shape has a volume; surfaces alone have none.

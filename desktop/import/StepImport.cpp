@@ -1,8 +1,8 @@
 #include "desktop/import/StepImport.h"
 
+#include "desktop/MessageTexts.h"
 #include "desktop/import/ImportedDocument.h"
-#include "desktop/import/MessageTexts.h"
-#include "desktop/import/ProductSelection.h"
+#include "desktop/import/ProductObjects.h"
 #include "desktop/import/StepContents.h"
 #include "desktop/import/StepFile.h"
 #include "desktop/import/StepReader.h"
@@ -57,13 +57,6 @@ Step<LoadedFile> LoadFile(const std::filesystem::path& path, const TextDecoder& 
     return LoadedFile{std::move(ValueOf(reader)), std::move(ValueOf(contents))};
 }
 
-Step<std::vector<Component>> ChooseComponents(const ProductStructure& structure,
-                                              const RootChoice& choice, bool flatten) {
-    if (flatten)
-        return LeafComponents(structure, choice);
-    return DirectComponents(structure, choice);
-}
-
 Step<std::unique_ptr<StepDocument>> ReadUnguarded(const std::filesystem::path& path,
                                                   const StepOptions& options) {
     const std::optional<TextDecoder> decoder = TextDecoder::Make(options.encoding);
@@ -77,16 +70,12 @@ Step<std::unique_ptr<StepDocument>> ReadUnguarded(const std::filesystem::path& p
     if (const std::optional<std::size_t> culprit = FindCycle(structure))
         return FileError{"the product " + Quote(structure.GetProduct(*culprit).GetTitle()) +
                          " is a component of itself"};
-    Step<RootChoice> choice = ChooseRoot(structure, FromUtf8OrLatin1(options.assembly));
-    if (const FileError* error = ErrorOf(choice))
+    Step<FileRoots> roots = FindRoots(structure);
+    if (const FileError* error = ErrorOf(roots))
         return *error;
-    Step<std::vector<Component>> components =
-        ChooseComponents(structure, ValueOf(choice), options.flatten);
-    if (const FileError* error = ErrorOf(components))
-        return *error;
-    return std::make_unique<ImportedDocument>(
-        std::move(reader), std::move(contents), std::move(ValueOf(choice)),
-        std::move(ValueOf(components)), FromUtf8OrLatin1(path.stem().native()));
+    return std::make_unique<ImportedDocument>(std::move(reader), std::move(contents),
+                                              std::move(ValueOf(roots)),
+                                              FromUtf8OrLatin1(path.stem().native()), options);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -15,10 +16,12 @@
 
 namespace desktop::step {
 
+/// `assembly` and `flatten` are for ShowLevel; Read needs to know of `flatten` for a file of a
+/// single part, which is shown as a part of its own then.
 struct StepOptions {
     /// Name or id of the product that becomes the root; empty: the file's own root.
     std::string assembly;
-    /// All leaf products with all their occurrences instead of the direct components.
+    /// All parts with all their uses instead of the direct components.
     bool flatten = false;
     /// What raw 8-bit text is when it is not valid UTF-8; empty: Latin-1.
     std::string encoding;
@@ -37,8 +40,6 @@ struct Measures {
 
     /// In m3, of parts.
     Values volumes;
-    /// In kilograms, of assemblies all of whose parts have volume and density.
-    Values masses;
 };
 
 /// The measuring of parts in a child process, which goes on while this process does other things.
@@ -67,14 +68,24 @@ public:
 
     virtual ~StepDocument() = default;
 
+    /// Shows the direct components of the file's root, with all levels below.
     virtual const platform::ProductModel& GetModel() const = 0;
     /// What the user should know about the file, a line each, for instance that it refers to
     /// others.
     virtual const std::vector<std::string>& GetNotes() const = 0;
-    /// Transfers the geometry, in a child process. The document has to stay. To be called on a
+    /// Some of the texts that are no UTF-8, as they stand in the file; empty: there are none.
+    virtual const std::vector<std::string>& GetForeignTexts() const = 0;
+    /// The name of what these were read as.
+    virtual const std::string& GetEncoding() const = 0;
+    /// No value for an encoding that is not known.
+    virtual std::optional<std::wstring> Decode(const std::string& text,
+                                               const std::string& encoding) const = 0;
+    /// Transfers the geometry of all parts below the assembly, or of the file where the key is none
+    /// of an assembly's, in a child process. The document has to stay. To be called on a
     /// thread that lives as long as the measuring, in a process in which no other one is at work:
     /// the child inherits every lock that is held and nobody who would give it back.
-    virtual std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts) = 0;
+    virtual std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts,
+                                                      const UniqueMetaObjectKey& below) = 0;
 };
 
 /// Whether text of that name can be read, for the command line's own check.

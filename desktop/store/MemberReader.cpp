@@ -227,7 +227,27 @@ void MemberReader::Objects(std::string_view name, std::vector<platform::ObjectRe
     }
 }
 
-void MemberReader::Uses(std::string_view name, platform::ObjectRecord& object) {
+void MemberReader::Components(std::string_view name,
+                              std::vector<platform::ObjectRecord>& components) {
+    components.clear();
+    const JsonValue* const json = Take(name);
+    if (!json)
+        return;
+    const ModelPath path(m_path, name);
+    const JsonArray& array = ArrayOf(*json, path);
+    components.resize(array.size());
+    for (std::size_t i = 0; i < array.size(); ++i) {
+        const ModelPath place(path, i);
+        UniqueMetaObjectKey key;
+        MemberReader(array[i], place, m_context).Value("object", key);
+        MemberReader reader(array[i], place, m_context);
+        DescribeComponent(reader, components[i], m_context.objects.Get(key));
+        reader.Finish();
+    }
+}
+
+void MemberReader::Uses(std::string_view name, platform::ObjectRecord& object,
+                        const platform::ObjectRecord& like) {
     object.occurrences.clear();
     const JsonValue* const json = Take(name);
     if (!json)
@@ -241,18 +261,18 @@ void MemberReader::Uses(std::string_view name, platform::ObjectRecord& object) {
         CheckUses(static_cast<std::size_t>(count), json->at, path);
         const JsonValue plain{json->at, JsonObject()};
         for (int i = 0; i < count; ++i)
-            AddUses(plain, path, object);
+            AddUses(plain, path, object, like);
         return;
     }
     const JsonArray* const array = json->As<JsonArray>();
     if (!array)
         Refuse(json->at, path, "a count or a list is expected");
     for (std::size_t i = 0; i < array->size(); ++i)
-        AddUses((*array)[i], {path, i}, object);
+        AddUses((*array)[i], {path, i}, object, like);
 }
 
 void MemberReader::AddUses(const JsonValue& json, const ModelPath& path,
-                           platform::ObjectRecord& object) {
+                           platform::ObjectRecord& object, const platform::ObjectRecord& like) {
     const std::size_t first = object.occurrences.size();
     MemberReader reader(json, path, m_context);
     int count = 0;
@@ -262,13 +282,13 @@ void MemberReader::AddUses(const JsonValue& json, const ModelPath& path,
     CheckUses(static_cast<std::size_t>(count), json.at, path);
     m_context.usesLeft -= static_cast<std::size_t>(count);
     platform::OccurrenceRecord use;
-    DescribeUse(reader, use, object, first);
+    DescribeUse(reader, use, like, first);
     reader.Finish();
     if (count > 1 && FindMember(*json.As<JsonObject>(), "key"))
         Refuse(json.at, {path, "key"}, "uses that are counted have no key of their own");
     object.occurrences.push_back(use);
     for (int i = 1; i < count; ++i) {
-        use.key = UniqueMetaObjectKey(UseKey(object, object.occurrences.size()));
+        use.key = UniqueMetaObjectKey(UseKey(like, object.occurrences.size()));
         object.occurrences.push_back(use);
     }
 }

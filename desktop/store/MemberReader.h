@@ -28,6 +28,7 @@ std::size_t MostUses();
 
 /// What is known when objects are read.
 struct ReadContext {
+    ObjectsByKey objects;
     PropertyNames names;
     std::optional<platform::StyleRecord> style;
     /// Uses that a product may have, and that may still come. A file of a few bytes could ask for
@@ -123,7 +124,11 @@ public:
                 const platform::ObjectRecord& plain);
     void Objects(std::string_view name, std::vector<platform::ObjectRecord>& objects,
                  const platform::ObjectRecord& plain);
-    void Uses(std::string_view name, platform::ObjectRecord& object);
+    /// What a use does not say it has as `like`.
+    void Uses(std::string_view name, platform::ObjectRecord& object,
+              const platform::ObjectRecord& like);
+    void Components(std::string_view name, std::vector<platform::ObjectRecord>& components);
+    void UseObjects(const platform::ProductModel& model) { m_context.objects.Use(model); }
     void UseProperties(const std::vector<platform::PropertyRecord>& properties);
     void UseStyle(const std::optional<platform::StyleRecord>& style) { m_context.style = style; }
 
@@ -135,7 +140,8 @@ public:
 private:
     template <class Add>
     void ReadProperties(std::string_view name, const Add& add);
-    void AddUses(const JsonValue& json, const ModelPath& path, platform::ObjectRecord& object);
+    void AddUses(const JsonValue& json, const ModelPath& path, platform::ObjectRecord& object,
+                 const platform::ObjectRecord& like);
     void CheckUses(std::size_t count, TextPosition at, const ModelPath& path);
 
     const JsonValue& m_json;

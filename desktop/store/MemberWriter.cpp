@@ -165,7 +165,20 @@ void MemberWriter::Objects(std::string_view name,
         Put(name, std::move(array));
 }
 
-void MemberWriter::Uses(std::string_view name, const platform::ObjectRecord& object) {
+void MemberWriter::Components(std::string_view name,
+                              const std::vector<platform::ObjectRecord>& components) {
+    JsonArray array;
+    for (const platform::ObjectRecord& component : components) {
+        MemberWriter writer(*m_context);
+        DescribeComponent(writer, component, m_context->objects.Get(component.key));
+        array.push_back(writer.TakeJson());
+    }
+    if (!array.empty())
+        Put(name, std::move(array));
+}
+
+void MemberWriter::Uses(std::string_view name, const platform::ObjectRecord& object,
+                        const platform::ObjectRecord& like) {
     struct Run {
         JsonValue use;
         std::int64_t count;
@@ -173,7 +186,7 @@ void MemberWriter::Uses(std::string_view name, const platform::ObjectRecord& obj
     std::vector<Run> runs;
     for (std::size_t i = 0; i < object.occurrences.size(); ++i) {
         MemberWriter writer(*m_context);
-        DescribeUse(writer, object.occurrences[i], object, i);
+        DescribeUse(writer, object.occurrences[i], like, i);
         JsonValue use = writer.TakeJson();
         const bool hasKey = FindMember(*use.As<JsonObject>(), "key");
         if (!hasKey && !runs.empty() && runs.back().use == use)

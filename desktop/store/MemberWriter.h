@@ -13,6 +13,7 @@ namespace desktop::store {
 
 /// What is known when objects are written.
 struct WriteContext {
+    ObjectsByKey objects;
     PropertyNames names;
     const std::optional<platform::StyleRecord>* style = nullptr;
 };
@@ -86,7 +87,10 @@ public:
                 const platform::ObjectRecord& plain);
     void Objects(std::string_view name, const std::vector<platform::ObjectRecord>& objects,
                  const platform::ObjectRecord& plain);
-    void Uses(std::string_view name, const platform::ObjectRecord& object);
+    void Uses(std::string_view name, const platform::ObjectRecord& object,
+              const platform::ObjectRecord& like);
+    void Components(std::string_view name, const std::vector<platform::ObjectRecord>& components);
+    void UseObjects(const platform::ProductModel& model) { m_context->objects.Use(model); }
     void UseProperties(const std::vector<platform::PropertyRecord>& properties);
     void UseStyle(const std::optional<platform::StyleRecord>& style) { m_context->style = &style; }
 

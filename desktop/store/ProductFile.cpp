@@ -5,6 +5,7 @@
 #include "desktop/store/MemberReader.h"
 #include "desktop/store/MemberWriter.h"
 #include "desktop/store/ModelLocation.h"
+#include "platform/product/AssemblyLevels.h"
 #include "platform/product/ProductValidation.h"
 
 #include <cerrno>
@@ -31,6 +32,7 @@ ReadResult ReadModel(const JsonResult& result) {
         MemberReader reader(json, path, context);
         Describe(reader, model);
         reader.Finish();
+        model.level = GetHome(model);
     } catch (const ReadFault& fault) {
         return ErrorAt(fault.at, fault.reason);
     }

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <unordered_map>
 
 namespace desktop::store {
 
@@ -50,6 +51,30 @@ inline int PlainIcon(int kind) {
 inline std::string UseKey(const platform::ObjectRecord& object, std::size_t index) {
     return object.key.String() + '#' + std::to_string(index + 1);
 }
+
+/// The objects of a product by their keys, for what is said of them elsewhere.
+class ObjectsByKey {
+public:
+    /// The model must stay as it is.
+    void Use(const platform::ProductModel& model) {
+        m_objects.clear();
+        if (model.objectsBelow.empty())
+            return;
+        for (const auto* const list : {&model.objects, &model.objectsBelow}) {
+            for (const platform::ObjectRecord& object : *list)
+                m_objects.emplace(object.key, &object);
+        }
+    }
+    /// An empty record for one that is not there.
+    const platform::ObjectRecord& Get(const UniqueMetaObjectKey& key) const {
+        const auto found = m_objects.find(key);
+        return found == m_objects.end() ? m_none : *found->second;
+    }
+
+private:
+    std::unordered_map<UniqueMetaObjectKey, const platform::ObjectRecord*> m_objects;
+    platform::ObjectRecord m_none;
+};
 
 template <class Archive>
 void Describe(Archive& file, In<Archive, platform::EmbodimentRecord> record) {
@@ -168,7 +193,30 @@ void DescribeObject(Archive& file, In<Archive, platform::ObjectRecord> object,
     file.Properties("readOnlyProperties", object.readOnlyProperties);
     file.Links("links", object.links);
     file.Records("counts", object.counts);
-    file.Uses("uses", object);
+    file.Uses("uses", object, object);
+}
+
+/// How an object stands in an assembly.
+template <class Archive>
+void DescribeComponent(Archive& file, In<Archive, platform::ObjectRecord> component,
+                       const platform::ObjectRecord& object) {
+    file.Value("object", component.key);
+    file.Word("billet", component.billet, c_billets, platform::BilletKind::None);
+    file.Value("billetOwner", component.billetOwner);
+    file.Value("parents", component.parents);
+    file.Value("owners", component.owners);
+    file.Value("group", component.groupKey);
+    file.Values("properties", component.properties);
+    file.Links("links", component.links);
+    file.Records("counts", component.counts);
+    file.Uses("uses", component, object);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::AssemblyRecord> assembly) {
+    file.Value("object", assembly.object);
+    file.Components("components", assembly.components);
+    file.Components("allParts", assembly.allParts);
 }
 
 /// What an object is taken to be: it stands in the document's own specification.
@@ -210,6 +258,9 @@ void Describe(Archive& file, In<Archive, platform::ProductModel> model) {
     DescribeSettings(file, model);
     file.Object("product", model.root, PlainObject(model, c_rootKey));
     file.Objects("objects", model.objects, PlainObject(model));
+    file.Objects("objectsBelow", model.objectsBelow, PlainObject(model));
+    file.UseObjects(model);
+    file.Records("assemblies", model.assemblies);
 }
 
 } // namespace desktop::store

@@ -1,6 +1,7 @@
 #include "desktop/window/MainWindow.h"
 
 #include "desktop/window/DialogDecisions.h"
+#include "desktop/window/LevelBar.h"
 #include "desktop/window/LocaleNumbers.h"
 #include "desktop/window/MassIndicator.h"
 #include "desktop/window/PanelTree.h"
@@ -25,7 +26,6 @@ namespace desktop {
 namespace {
 
 constexpr QSize c_usualSize(1280, 800);
-constexpr int c_messageMilliseconds = 10'000;
 /// How long what waits for the user waits while a dialog is open.
 constexpr int c_retryMilliseconds = 500;
 constexpr int c_smallestHeight = 420;
@@ -102,13 +102,17 @@ void MainWindow::MakeFileMenu() {
     file->addAction(tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), this,
                     &MainWindow::SaveAs);
     file->addSeparator();
+    m_encoding = file->addAction(tr("&Text Encoding..."), this, &MainWindow::ChooseEncoding);
+    file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
 }
 
 void MainWindow::MakeEditMenu() {
     QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
-    m_undo = edit->addAction(tr("&Undo"), QKeySequence::Undo, this, &MainWindow::Undo);
-    m_redo = edit->addAction(tr("&Redo"), QKeySequence::Redo, this, &MainWindow::Redo);
+    m_undo =
+        edit->addAction(tr("&Undo"), QKeySequence::Undo, this, [this] { GoStep(&Session::Undo); });
+    m_redo =
+        edit->addAction(tr("&Redo"), QKeySequence::Redo, this, [this] { GoStep(&Session::Redo); });
     edit->addSeparator();
     edit->addAction(tr("Value of &Selected Rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
                     &PanelTree::EditHead);
@@ -121,6 +125,7 @@ void MainWindow::MakeEditMenu() {
 
 void MainWindow::MakeViewMenu() {
     QMenu* const view = menuBar()->addMenu(tr("&View"));
+    AddLevelActions(*view);
     view->addAction(tr("&Expand all"), QKeySequence(Qt::CTRL | Qt::Key_E), this,
                     [this] { m_session->ExpandAll(); });
     view->addAction(tr("&Collapse all"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
@@ -146,7 +151,13 @@ QWidget* MainWindow::MakePanel() {
     m_file = new QLabel;
     m_file->setForegroundRole(QPalette::WindowText);
     m_tree = new PanelTree;
-    connect(m_tree, &PanelTree::SelectedRowsChanged, this, &MainWindow::ShowCounts);
+    connect(m_tree, &PanelTree::SelectedRowsChanged, this, [this] {
+        ShowCounts();
+        ShowLevel();
+    });
+    connect(m_tree, &PanelTree::AssemblyOpened, this, &MainWindow::OpenAssembly);
+    m_levels = new LevelBar;
+    connect(m_levels, &LevelBar::Chosen, this, &MainWindow::GoBack);
     connect(m_tree, &PanelTree::Edited, this, [this] {
         // What was said of the time before is no news any more.
         m_note->clear();
@@ -165,6 +176,7 @@ QWidget* MainWindow::MakePanel() {
     auto* const head = new QHBoxLayout;
     head->setContentsMargins(10, 7, 10, 7);
     head->addWidget(m_caption);
+    head->addWidget(m_levels);
     head->addStretch();
     head->addWidget(m_file);
     auto* const panel = new QWidget;
@@ -198,6 +210,7 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     m_tree->ShowModel(nullptr);
     m_model.reset();
     m_session = std::move(session);
+    m_places.clear();
     m_session->SetDecisions(m_decisions.get());
     m_model = std::make_unique<TreeItemModel>(m_session->GetView());
     connect(m_model.get(), &TreeItemModel::PanelChanged, this, &MainWindow::ShowCaption);
@@ -205,6 +218,8 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     connect(m_model.get(), &TreeItemModel::Changed, this, &MainWindow::ShowState);
     connect(m_model.get(), &TreeItemModel::InputAnswered, this, &MainWindow::OnInputAnswered);
     connect(m_model.get(), &TreeItemModel::HeadAnswered, this, &MainWindow::OnHeadAnswered);
+    m_model->SetOpener(
+        [this](const platform::TreeTableRow& row) { return m_session->OpensAssembly(row); });
     m_tree->ShowModel(m_model.get());
 
     QStringList notes;
@@ -240,25 +255,14 @@ void MainWindow::ShowState() {
     setWindowModified(m_session->IsModified());
     // A STEP file is saved as a product file at any time.
     m_save->setEnabled(m_session->IsModified() || !m_session->IsProductFile());
+    const step::StepDocument* const step = m_session->GetStep();
+    m_encoding->setEnabled(step && !m_session->IsProductFile() && !step->GetForeignTexts().empty());
     m_number->setEnabled(m_session->CanNumberPositions());
     m_embodiments->setEnabled(m_session->HasEmbodiments());
     m_embodiments->setChecked(m_session->IsEmbodimentMode());
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
-}
-
-void MainWindow::Undo() {
-    if (!m_tree->CommitEditor())
-        return;
-    m_session->Undo();
-    ShowState();
-}
-
-void MainWindow::Redo() {
-    if (!m_tree->CommitEditor())
-        return;
-    m_session->Redo();
-    ShowState();
+    ShowLevel();
 }
 
 void MainWindow::NumberPositions() {
@@ -352,9 +356,14 @@ void MainWindow::TakeUpView() {
 }
 
 void MainWindow::KeepView() {
-    if (m_memory && m_session)
-        m_memory->Keep(MemoryKey(*m_session), {saveGeometry(), m_tree->GetUserWidths(),
-                                               ListExpanded(m_session->GetView())});
+    if (!m_memory || !m_session)
+        return;
+    KeepPlace();
+    const auto home = m_places.constFind(PlaceKey(m_session->GetHome()));
+    m_memory->Keep(
+        MemoryKey(*m_session),
+        {saveGeometry(), m_tree->GetUserWidths(),
+         home == m_places.constEnd() ? ListExpanded(m_session->GetView()) : home->expanded});
 }
 
 void MainWindow::FitToRows() {

@@ -8,20 +8,28 @@
 #include "desktop/window/FileWatch.h"
 #include "platform/services/UserDecisions.h"
 
+#include <QHash>
 #include <QMainWindow>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
 #include <vector>
 
 class QLabel;
+class QMenu;
 
 namespace platform {
 struct ColumnHead;
-}
+class TreeTableRow;
+} // namespace platform
 
 namespace desktop {
 
+/// How long the status line tells of something that has happened.
+inline constexpr int c_messageMilliseconds = 10'000;
+
+class LevelBar;
 class MassIndicator;
 class PanelTree;
 class TreeItemModel;
@@ -65,6 +73,8 @@ private:
     void MakeStatusBar();
 
     void ChooseFile();
+    /// Reads the file again with names as the user chooses.
+    void ChooseEncoding();
     /// These two answer whether the product is saved now.
     bool Save();
     bool SaveAs();
@@ -77,8 +87,23 @@ private:
     void KeepView();
     void TellError(const QString& title, const std::filesystem::path& path, const FileError& error);
 
-    void Undo();
-    void Redo();
+    void AddLevelActions(QMenu& view);
+    void ShowLevel();
+    /// Null for none.
+    platform::TreeTableRow* CurrentRow() const;
+    void OpenAssembly();
+    /// Back to an entry of the session's way.
+    void GoBack(int entry);
+    void ShowAllParts(bool on);
+    /// `go` changes the level, or says why not.
+    void GoTo(const std::function<bool()>& go);
+    /// How the user leaves a level, and how he finds it again after another one.
+    void KeepPlace();
+    void TakeUpPlace(const platform::ProductLevel& before);
+    static QString PlaceKey(const platform::ProductLevel& level);
+
+    /// A step back or forth, which may go to another level.
+    void GoStep(void (Session::*go)());
     void NumberPositions();
     /// Does `work` at once, or when no editor and no dialog is open any more: what comes by itself
     /// waits for the user.
@@ -102,15 +127,27 @@ private:
     FileWatch m_watch;
     /// Why the last input, or some of it, was not taken.
     QString m_refusal;
+    struct Place {
+        QStringList expanded;
+        int scroll = 0;
+    };
+    /// How the levels of the product were left.
+    QHash<QString, Place> m_places;
     /// Null where nothing is remembered.
     std::unique_ptr<WindowMemory> m_memory;
     std::vector<std::function<void()>> m_waiting;
     QAction* m_save = nullptr;
+    QAction* m_encoding = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QAction* m_number = nullptr;
     QAction* m_embodiments = nullptr;
+    QAction* m_open = nullptr;
+    QAction* m_up = nullptr;
+    QAction* m_direct = nullptr;
+    QAction* m_allParts = nullptr;
     PanelTree* m_tree = nullptr;
+    LevelBar* m_levels = nullptr;
     MassIndicator* m_masses = nullptr;
     QLabel* m_caption = nullptr;
     QLabel* m_file = nullptr;

@@ -1,6 +1,7 @@
 // What the window does about files: opening, saving, leaving, and files that others change.
 #include "desktop/window/MainWindow.h"
 
+#include "desktop/window/EncodingDialog.h"
 #include "desktop/window/MassIndicator.h"
 #include "desktop/window/PanelTree.h"
 #include "desktop/window/TreeItemModel.h"
@@ -45,6 +46,16 @@ void MainWindow::ChooseFile() {
         request.start = m_session->GetPath().parent_path();
     if (const auto chosen = m_decisions->ChooseFile(request))
         OpenFile(*chosen, {});
+}
+
+void MainWindow::ChooseEncoding() {
+    if (!m_tree->CommitEditor())
+        return;
+    EncodingDialog dialog(*m_session->GetStep(), this);
+    if (dialog.exec() != QDialog::Accepted ||
+        dialog.GetEncoding() == m_session->GetStep()->GetEncoding())
+        return;
+    OpenFile(std::filesystem::path(m_session->GetPath()), {"", false, dialog.GetEncoding()});
 }
 
 void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOptions& options) {

@@ -48,7 +48,7 @@ void MassIndicator::Start(step::StepDocument& document) {
     Stop();
     m_label->setText(tr("Measuring parts"));
     ShowWork(true);
-    m_measuring = document.StartMeasuring(step::MeasuredParts::All);
+    m_measuring = document.StartMeasuring(step::MeasuredParts::All, {});
     Advance();
 }
 
@@ -76,7 +76,7 @@ void MassIndicator::Advance() {
     const step::Measures measures = m_measuring->GetMeasures();
     Stop();
     m_label->setText(ResultText(measures));
-    if (!measures.volumes.empty() || !measures.masses.empty())
+    if (!measures.volumes.empty())
         emit Measured(measures);
 }
 

@@ -67,6 +67,8 @@ signals:
     void SelectedRowsChanged();
     /// The user has edited or clicked something; the document may have changed.
     void Edited();
+    /// The user wants to see what the assembly of the current row is built up of.
+    void AssemblyOpened();
     /// An editor was closed. Another one may be open by now.
     void EditorLeft();
     /// The user has typed on a cell that can't be edited.
@@ -110,6 +112,8 @@ private:
     void OnColumnResized(int column, int width);
     /// Something in a cell does something when it is clicked there.
     bool HasSpotAt(QPoint place) const;
+    /// The picture before the name of what can be opened stands there.
+    bool IsOnIconOfAssembly(QPoint place) const;
     /// The next cell that can be edited, in this row or in those below it, or above it when
     /// `direction` is -1; `from` when there is none.
     QModelIndex NextEditable(const QModelIndex& from, int direction) const;

@@ -45,6 +45,16 @@ bool PanelTree::HasSpotAt(QPoint place) const {
     return m_delegate->SpotAt(option, index, place) != RowDelegate::Spot::None;
 }
 
+bool PanelTree::IsOnIconOfAssembly(QPoint place) const {
+    const QModelIndex index = indexAt(place);
+    if (!index.isValid() || index.column() != 0 || !TreeItemModel::CanOpen(index))
+        return false;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    return m_delegate->IsOnIcon(option, index, place);
+}
+
 void PanelTree::mouseMoveEvent(QMouseEvent* event) {
     HandleMouse(*event, [this](QMouseEvent& moved) { QTreeView::mouseMoveEvent(&moved); });
     viewport()->setCursor(HasSpotAt(event->position().toPoint()) ? Qt::PointingHandCursor
@@ -55,6 +65,8 @@ void PanelTree::mouseDoubleClickEvent(QMouseEvent* event) {
     // Two clicks on what can be clicked are two clicks, and open no editor.
     if (HasSpotAt(event->position().toPoint()))
         mousePressEvent(event);
+    else if (IsOnIconOfAssembly(event->position().toPoint()))
+        emit AssemblyOpened();
     else
         HandleMouse(*event,
                     [this](QMouseEvent& moved) { QTreeView::mouseDoubleClickEvent(&moved); });
@@ -73,6 +85,9 @@ void PanelTree::OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::S
     case RowDelegate::Spot::CheckBox:
         m_model->Toggle(index);
         break;
+    case RowDelegate::Spot::Assembly:
+        emit AssemblyOpened();
+        return;
     case RowDelegate::Spot::None:
         return;
     }

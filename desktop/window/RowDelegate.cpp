@@ -174,7 +174,32 @@ QRect RowDelegate::ContentOf(const QStyleOptionViewItem& option, const QModelInd
                            TreeItemModel::HasSources(index) && HasRoomForIcon(option);
     if (keepsRoom || IconOf(option, look).isValid())
         content.setRight(IconRoom(option).left() - 1);
+    if (const QRect arrow = ArrowOf(option, index, look); arrow.isValid())
+        content.setRight(arrow.left() - 1);
     return content;
+}
+
+QRect RowDelegate::ArrowOf(const QStyleOptionViewItem& option, const QModelIndex& index,
+                           const CellLook& look) const {
+    if (!HasRoomForIcon(option) || !TreeItemModel::CanOpen(index))
+        return {};
+    QRect room = IconRoom(option);
+    if (IconOf(option, look).isValid())
+        room.translate(-c_iconSize - c_iconRoom, 0);
+    return room;
+}
+
+void RowDelegate::PaintArrow(QPainter& painter, const QStyleOptionViewItem& option,
+                             QRect room) const {
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    QStyleOption arrow = option;
+    arrow.rect = room.adjusted(3, 3, -3, -3);
+    arrow.palette.setColor(
+        QPalette::ButtonText,
+        option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::PlaceholderText));
+    arrow.palette.setColor(QPalette::WindowText, arrow.palette.color(QPalette::ButtonText));
+    arrow.palette.setColor(QPalette::Text, arrow.palette.color(QPalette::ButtonText));
+    StyleOf(option).drawPrimitive(QStyle::PE_IndicatorArrowRight, &arrow, &painter, option.widget);
 }
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
@@ -220,6 +245,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
             PaintPlate(*painter, option, icon);
         m_sourceIcons.Find(look.sourceIcon)->paint(painter, icon);
     }
+    if (const QRect arrow = ArrowOf(option, index, look); arrow.isValid())
+        PaintArrow(*painter, option, arrow);
     QColor line = option.palette.color(QPalette::WindowText);
     line.setAlphaF(c_columnLine);
     painter->setPen(line);
@@ -236,6 +263,11 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                            "one of its own.")
                                       : tr("A value of its own. A click takes that of the source."),
                            view);
+        return true;
+    }
+    if (event->type() == QEvent::ToolTip && index.isValid() &&
+        SpotAt(option, index, event->pos()) == Spot::Assembly) {
+        QToolTip::showText(event->globalPos(), tr("Opens the assembly (Alt+Down)"), view);
         return true;
     }
     return QStyledItemDelegate::helpEvent(event, view, option, index);
@@ -278,6 +310,8 @@ RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& option, const 
     const CellLook look = TreeItemModel::LookOf(index);
     if (IconOf(option, look).contains(place))
         return Spot::SourceIcon;
+    if (ArrowOf(option, index, look).contains(place))
+        return Spot::Assembly;
     QStyleOptionViewItem cell = option;
     cell.rect = ContentOf(option, index, look);
     initStyleOption(&cell, index);
@@ -290,6 +324,15 @@ RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& option, const 
         return BoxPlace(cell, index).contains(place) ? Spot::CheckBox : Spot::None;
     }
     return Spot::None;
+}
+
+bool RowDelegate::IsOnIcon(const QStyleOptionViewItem& option, const QModelIndex& index,
+                           QPoint place) const {
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    return StyleOf(cell)
+        .subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget)
+        .contains(place);
 }
 
 bool RowDelegate::editorEvent(QEvent* event, QAbstractItemModel*,

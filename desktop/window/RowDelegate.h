@@ -19,8 +19,11 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     /// What in a cell does something when it is clicked.
-    enum class Spot { None, SourceIcon, Link, CheckBox };
+    enum class Spot { None, SourceIcon, Link, CheckBox, Assembly };
     Spot SpotAt(const QStyleOptionViewItem& option, const QModelIndex& index, QPoint place) const;
+
+    /// On the picture before the text.
+    bool IsOnIcon(const QStyleOptionViewItem& option, const QModelIndex& index, QPoint place) const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -59,9 +62,13 @@ private:
     /// Where the icon stands in a cell that has one.
     static QRect IconRoom(const QStyleOptionViewItem& option);
     QRect IconOf(const QStyleOptionViewItem& option, const CellLook& look) const;
+    /// Of the arrow behind the name of what can be opened.
+    QRect ArrowOf(const QStyleOptionViewItem& option, const QModelIndex& index,
+                  const CellLook& look) const;
     /// That a value comes from the source is told where the user looks; that it does not, always.
     static bool IsIconDrawn(const QStyleOptionViewItem& option, const QModelIndex& index,
                             const CellLook& look);
+    void PaintArrow(QPainter& painter, const QStyleOptionViewItem& option, QRect room) const;
     void PaintBox(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index,
                   const CellLook& look) const;
     void Finish(QWidget* editor, EndEditHint hint) const;

@@ -371,6 +371,11 @@ bool TreeItemModel::HasSources(const QModelIndex& index) {
     return model.m_sourceColumns.Has(model.m_view, HeadOf(index).id);
 }
 
+bool TreeItemModel::CanOpen(const QModelIndex& index) {
+    const auto& model = static_cast<const TreeItemModel&>(*index.model());
+    return model.m_opens && HeadOf(index).kind == HeadKind::Name && model.m_opens(RowOf(index));
+}
+
 CellLook TreeItemModel::LookOf(const QModelIndex& index) {
     CellLook look = GetCellLook(RowOf(index), HeadOf(index));
     if (IsReadOnly(index)) {

@@ -11,6 +11,7 @@
 
 #include <QAbstractItemModel>
 
+#include <functional>
 #include <vector>
 
 namespace desktop {
@@ -46,6 +47,10 @@ public:
     /// All cells that take what the head gives hold moments.
     bool AreMoments(int column) const;
     void SetColumnWidth(int column, int width);
+    /// Which rows stand for something that can be opened; without it none does.
+    using Opener = std::function<bool(const platform::TreeTableRow&)>;
+    void SetOpener(Opener opens) { m_opens = std::move(opens); }
+    static bool CanOpen(const QModelIndex& index);
 
     /// The row and the head of a valid index.
     static platform::TreeTableRow& RowOf(const QModelIndex& index);
@@ -90,6 +95,7 @@ private:
     std::vector<platform::ColumnHead> m_heads;
     SourceColumns m_sourceColumns;
     RowIcons m_icons;
+    Opener m_opens;
 };
 
 } // namespace desktop

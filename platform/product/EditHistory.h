@@ -15,6 +15,8 @@ struct Step {
     SharedText name;
     /// In the order in which they went forth.
     std::vector<std::unique_ptr<IModelEdit>> edits;
+    /// Where it was made: its keys are those of that level.
+    ProductLevel level = {};
 
     void Swap(ModelEditor& editor, Direction direction);
 };

@@ -1,5 +1,6 @@
 #include "platform/product/MassRules.h"
 
+#include "platform/product/AssemblyLevels.h"
 #include "platform/product/PropertyNumbers.h"
 
 #include <algorithm>
@@ -68,6 +69,46 @@ std::optional<double> SumPartMasses(const ProductModel& model, const ProductInde
     return model.objects.empty() || !std::isfinite(sum) ? std::nullopt : std::optional(sum);
 }
 
+using Masses = std::unordered_map<UniqueMetaObjectKey, std::optional<double>>;
+
+/// Of all objects below the shown level's root; no value for an assembly of which a part has none.
+Masses SumAssemblies(const ProductModel& model) {
+    Masses masses;
+    const auto note = [&](const ObjectRecord& object) {
+        const auto value =
+            std::ranges::find(object.properties, number::mass, &PropertyValues::value_type::first);
+        const bool hasMass = value != object.properties.end() && !value->second.IsEmpty();
+        masses[object.key] = hasMass ? std::optional(value->second.to_double()) : std::nullopt;
+    };
+    std::ranges::for_each(model.objects, note);
+    std::ranges::for_each(model.objectsBelow, note);
+    std::unordered_set<UniqueMetaObjectKey> sums;
+    const auto noteSum = [&](const ObjectRecord& object) {
+        if (object.sumsPartMasses)
+            sums.insert(object.key);
+    };
+    std::ranges::for_each(model.objects, noteSum);
+    std::ranges::for_each(model.objectsBelow, noteSum);
+    std::vector<const AssemblyRecord*> order = SortAssemblies(model, model.root.key);
+    for (auto assembly = order.rbegin(); assembly != order.rend(); ++assembly) {
+        if (!sums.contains((*assembly)->object))
+            continue;
+        std::optional<double> sum;
+        for (const ObjectRecord& component : GetComponents(model, **assembly)) {
+            if (component.occurrences.empty())
+                continue;
+            const std::optional<double> mass = masses[component.key];
+            if (!mass) {
+                sum.reset();
+                break;
+            }
+            sum = sum.value_or(0) + *mass * static_cast<double>(component.occurrences.size());
+        }
+        masses[(*assembly)->object] = sum && std::isfinite(*sum) ? sum : std::nullopt;
+    }
+    return masses;
+}
+
 } // namespace
 
 void ApplyVolumes(ProductModel& model, const PartVolumes& volumes) {
@@ -79,6 +120,7 @@ void ApplyVolumes(ProductModel& model, const PartVolumes& volumes) {
     };
     apply(model.root);
     std::ranges::for_each(model.objects, apply);
+    std::ranges::for_each(model.objectsBelow, apply);
 }
 
 std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor) {
@@ -99,6 +141,30 @@ std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor) {
                           PartPlace::none});
     }
     return masses;
+}
+
+std::vector<HeldValue> FindAssemblyMasses(ModelEditor& editor) {
+    const ProductModel& model = editor.GetModel();
+    const auto isSum = [&](const ObjectRecord& object) {
+        return object.sumsPartMasses && OpensLevel(model, object.key);
+    };
+    if (!HasLevels(model) || !editor.AreMassesChanged() ||
+        std::ranges::none_of(model.objects, isSum))
+        return {};
+    const ProductIndex& index = editor.GetIndex();
+    const Masses masses = SumAssemblies(model);
+    std::vector<HeldValue> found;
+    for (const ObjectRecord& object : model.objects) {
+        if (!isSum(object))
+            continue;
+        const auto sum = masses.find(object.key);
+        std::optional<PropValue> wanted;
+        if (sum != masses.end() && sum->second)
+            wanted = PropValue(SimplePropVal(*sum->second));
+        if (ShownValues(index).GetHeld({index.Find(object.key), number::mass}) != wanted)
+            found.push_back({object.key, number::mass, std::move(wanted), PartPlace::none});
+    }
+    return found;
 }
 
 std::vector<HeldValue> FindProductMass(ModelEditor& editor) {

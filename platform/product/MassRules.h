@@ -19,8 +19,10 @@ using PartVolumes = std::vector<std::pair<UniqueMetaObjectKey, double>>;
 void ApplyVolumes(ProductModel& model, const PartVolumes& volumes);
 
 /// The masses that have to be written after what the editor has written: those of objects whose
-/// density was changed and whose mass was not, and then the product's. Empty: all agree.
+/// density was changed and whose mass was not, those of the assemblies among the objects, and then
+/// the product's. Empty: all agree.
 std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor);
+std::vector<HeldValue> FindAssemblyMasses(ModelEditor& editor);
 std::vector<HeldValue> FindProductMass(ModelEditor& editor);
 
 } // namespace platform

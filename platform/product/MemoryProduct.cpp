@@ -35,6 +35,31 @@ void MemoryProduct::Replace(ProductModel model, const SharedText& name) {
     MarkSaved();
 }
 
+bool MemoryProduct::HasLevels() const {
+    return platform::HasLevels(m_state->model);
+}
+
+const ProductLevel& MemoryProduct::GetLevel() const {
+    return m_state->model.level;
+}
+
+bool MemoryProduct::EnterLevel(const ProductLevel& level) {
+    const LevelFault fault = m_state->Enter(level);
+    if (fault == LevelFault::TooManyParts)
+        m_state->refusal = ProductText::RefusedTooManyParts;
+    return fault == LevelFault::None;
+}
+
+UniqueMetaObjectKey MemoryProduct::FindAssembly(const UniqueMetaObjectKey& part) const {
+    const PartEntry* const entry = m_state->index.Find(part);
+    const bool opens = entry && !entry->isRoot && OpensLevel(m_state->model, entry->owner->key);
+    return opens ? entry->owner->key : UniqueMetaObjectKey();
+}
+
+ProductModel MemoryProduct::MakeSaved() const {
+    return platform::MakeSaved(m_state->model);
+}
+
 void MemoryProduct::SetDecisions(IUserDecisions* decisions) {
     m_state->decisions = decisions;
 }

@@ -35,6 +35,17 @@ public:
     /// of that name. Nothing is to be saved then.
     void Replace(ProductModel model, const SharedText& name);
 
+    /// What of a product with assemblies in it is shown, and showing something else of it, which is
+    /// no step and no change: false, with a reason, where there is no such level. Undo and Redo go
+    /// to the level of their step.
+    bool HasLevels() const;
+    const ProductLevel& GetLevel() const;
+    bool EnterLevel(const ProductLevel& level);
+    /// The assembly that the part is a use of, or is; the null key for any other.
+    UniqueMetaObjectKey FindAssembly(const UniqueMetaObjectKey& part) const;
+    /// How the product is to be stored, whatever level is shown.
+    ProductModel MakeSaved() const;
+
     /// Who is asked where a command needs an answer; null at first: nobody, and such a command does
     /// nothing. Must outlive the product.
     void SetDecisions(IUserDecisions* decisions);
@@ -164,6 +175,7 @@ public:
     bool CanAddBillet(const UniqueMetaObjectKey& key) const override;
     /// A manual billet in its owner's section, without name and designation.
     UniqueMetaObjectKey AddBillet(const UniqueMetaObjectKey& key) override;
+    /// The source of an assembly is its own level.
     bool CanEditSource(const UniqueMetaObjectKey& key) const override;
     int GetEditSourceCommand(const UniqueMetaObjectKey& key) const override;
     void EditSource(const UniqueMetaObjectKey& key) override;

@@ -14,10 +14,15 @@ namespace {
 
 constexpr int c_otherIcon = 26;
 constexpr int c_documentation = 5;
+/// CM_2D_COMPONENT_EDIT_OUT_PLACE.
+constexpr int c_editInOwnWindow = 7020;
 
 /// A key that no part has and no link names, so that nothing comes to life by it.
-UniqueMetaObjectKey MakeFreeKey(const ProductIndex& index, const UniqueMetaObjectKey& owner) {
+UniqueMetaObjectKey MakeFreeKey(const ProductModel& model, const ProductIndex& index,
+                                const UniqueMetaObjectKey& owner) {
     std::unordered_set<UniqueMetaObjectKey> named;
+    for (const ObjectRecord& object : model.objectsBelow)
+        named.insert(object.key);
     for (const PartEntry* const part : index.GetLinkedParts()) {
         for (const LinkRecord& link : part->record->links)
             named.insert(link.target);
@@ -57,7 +62,7 @@ bool MemoryProduct::CanHighlight(const UniqueMetaObjectKey& key) const {
 
 bool MemoryProduct::CanDelete(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && !m_state->model.isReadOnly;
+    return part && !part->isRoot && !m_state->IsStructureFixed();
 }
 
 bool MemoryProduct::IsSelectableBillet(const UniqueMetaObjectKey& key) const {
@@ -94,7 +99,7 @@ DeleteInfo MemoryProduct::GetDeleteInfo(const std::set<UniqueMetaObjectKey>& key
 }
 
 bool MemoryProduct::DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) {
-    if (m_state->model.isReadOnly)
+    if (m_state->IsStructureFixed())
         return false;
     const Deletion deletion(m_state->index, keys);
     if (deletion.IsEmpty())
@@ -135,7 +140,7 @@ void MemoryProduct::GotoFeature(const UniqueMetaObjectKey& /*key*/) {}
 
 bool MemoryProduct::CanAddBillet(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && !m_state->model.isReadOnly &&
+    return part && !part->isRoot && !m_state->IsStructureFixed() &&
            part->object->record->billet == BilletKind::None;
 }
 
@@ -143,7 +148,7 @@ UniqueMetaObjectKey MemoryProduct::AddBillet(const UniqueMetaObjectKey& key) {
     if (!CanAddBillet(key))
         return {};
     const PartEntry& owner = *m_state->index.Find(key)->owner;
-    UniqueMetaObjectKey billet = MakeFreeKey(m_state->index, owner.key);
+    UniqueMetaObjectKey billet = MakeFreeKey(m_state->model, m_state->index, owner.key);
     StructureChange change;
     change.objects = RecordsSwap<ObjectRecord>(MakeBillet(*owner.object->record, billet),
                                                m_state->index.GetPlace(owner).object + 1);
@@ -154,17 +159,17 @@ UniqueMetaObjectKey MemoryProduct::AddBillet(const UniqueMetaObjectKey& key) {
     return billet;
 }
 
-// All that there is of an object stands in this document.
-
-bool MemoryProduct::CanEditSource(const UniqueMetaObjectKey& /*key*/) const {
-    return false;
+bool MemoryProduct::CanEditSource(const UniqueMetaObjectKey& key) const {
+    return !FindAssembly(key).IsEmpty();
 }
 
 int MemoryProduct::GetEditSourceCommand(const UniqueMetaObjectKey& /*key*/) const {
-    return 0;
+    return c_editInOwnWindow;
 }
 
-void MemoryProduct::EditSource(const UniqueMetaObjectKey& /*key*/) {}
+void MemoryProduct::EditSource(const UniqueMetaObjectKey& key) {
+    EnterLevel({FindAssembly(key), false});
+}
 
 bool MemoryProduct::CanCalculatePositions() const {
     return !m_state->model.isReadOnly;

@@ -27,8 +27,16 @@ void MemoryProduct::State::Renew() {
     RenewDescriptions();
     ModelEditor editor(model, index);
     editor.NoteEverything();
+    Write(editor, FindAssemblyMasses(editor));
     Write(editor, FindProductMass(editor));
     Finish(editor);
+}
+
+LevelFault MemoryProduct::State::Enter(const ProductLevel& level) {
+    const LevelFault fault = platform::EnterLevel(model, level);
+    if (fault == LevelFault::None)
+        Renew();
+    return fault;
 }
 
 void MemoryProduct::State::RenewDescriptions() {
@@ -59,6 +67,7 @@ MemoryProduct::State::MakeSet(std::shared_ptr<const ProductChange> change) const
 }
 
 bool MemoryProduct::State::Do(Step step) {
+    step.level = model.level;
     ModelEditor editor(model, index);
     step.Swap(editor, Direction::Forth);
     if (!editor.IsAnythingChanged())
@@ -67,6 +76,8 @@ bool MemoryProduct::State::Do(Step step) {
         RenewDescriptions();
     // What the product weighs depends on what its parts do.
     if (auto edit = Write(editor, FindMassesByDensity(editor)))
+        step.edits.push_back(std::move(edit));
+    if (auto edit = Write(editor, FindAssemblyMasses(editor)))
         step.edits.push_back(std::move(edit));
     if (auto edit = Write(editor, FindProductMass(editor)))
         step.edits.push_back(std::move(edit));
@@ -78,12 +89,16 @@ bool MemoryProduct::State::Do(Step step) {
 void MemoryProduct::State::Go(Step* step, Direction direction) {
     if (!step)
         return;
+    // The user is to see what is undone, and its keys are those of its level.
+    if (!(step->level == model.level))
+        Enter(step->level);
     ModelEditor editor(model, index);
     step->Swap(editor, direction);
     if (editor.IsDocumentChanged())
         RenewDescriptions();
     // The step has brought back the masses of its day; volumes may be known since.
     Write(editor, FindMassesByDensity(editor));
+    Write(editor, FindAssemblyMasses(editor));
     Write(editor, FindProductMass(editor));
     Finish(editor);
 }

@@ -2,6 +2,7 @@
 // spread over by theme, and by nobody else.
 #pragma once
 
+#include "platform/product/AssemblyLevels.h"
 #include "platform/product/EditHistory.h"
 #include "platform/product/MemoryAggregator.h"
 #include "platform/product/MemoryProduct.h"
@@ -32,6 +33,10 @@ struct MemoryProduct::State {
 
     /// Makes the step with what follows from it, and remembers it. False: there was nothing to do.
     bool Do(Step step);
+    /// Shows another level of the product, which is no step.
+    LevelFault Enter(const ProductLevel& level);
+    /// Nothing can come or go: all parts are what the assemblies have.
+    bool IsStructureFixed() const { return model.isReadOnly || model.level.allParts; }
     /// Goes a step that is remembered. Null is no step.
     void Go(Step* step, Direction direction);
     /// Which columns are shown was changed.

@@ -134,12 +134,13 @@ void ModelEditor::Exchange(HeldLink& held, PartRecord& record) {
     NoteStructure();
 }
 
-void ModelEditor::Exchange(HeldNameLink& held) {
+void ModelEditor::Exchange(HeldFlag& held) {
     ObjectRecord* const object = FindObject(held.object);
     if (!object)
         return;
-    std::swap(object->isNameLinkedToSection, held.isLinked);
+    std::swap(object->*held.flag, held.isSet);
     m_isAnythingChanged = true;
+    m_areMassesChanged |= held.flag == &ObjectRecord::sumsPartMasses;
 }
 
 void ModelEditor::Exchange(HeldCount& held) {

@@ -27,10 +27,12 @@ struct HeldLink {
     std::size_t place = PartPlace::none;
 };
 
-/// Whether the name of an object follows its section.
-struct HeldNameLink {
+/// What follows from something else: the name of an object from its section, or its mass from
+/// those of its parts.
+struct HeldFlag {
     UniqueMetaObjectKey object;
-    bool isLinked = false;
+    bool ObjectRecord::*flag = nullptr;
+    bool isSet = false;
 };
 
 /// As HeldLink for a count that was typed.
@@ -57,7 +59,7 @@ public:
     void Exchange(HeldValue& held);
     /// `record` is that of the link's part. Its place in memory stays.
     void Exchange(HeldLink& held, PartRecord& record);
-    void Exchange(HeldNameLink& held);
+    void Exchange(HeldFlag& held);
     void Exchange(HeldCount& held);
     /// Records have come, gone or moved, or say other things of other parts.
     void NoteStructure();

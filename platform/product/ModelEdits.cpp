@@ -1,11 +1,31 @@
 #include "platform/product/ModelEdits.h"
 
+#include "platform/product/AssemblyLevels.h"
+
 #include <algorithm>
 #include <unordered_map>
 
 namespace platform {
 
 namespace {
+
+/// What goes from the level that is shown may stand in assemblies that are not.
+void KeepWhatOthersUse(ProductModel& model, const RecordsSwap<ObjectRecord>& moved) {
+    if (!HasLevels(model))
+        return;
+    std::vector<const ObjectRecord*> gone;
+    std::vector<UniqueMetaObjectKey> back;
+    for (const PlacedRecord<ObjectRecord>& placed : moved.GetRecords()) {
+        if (placed.record)
+            gone.push_back(&*placed.record);
+        else
+            back.push_back(placed.key);
+    }
+    if (moved.AreHeld())
+        KeepBelow(model, gone);
+    else
+        TakeFromBelow(model, back);
+}
 
 /// Back from the last to the first, since an entry's place is that among those of its time.
 template <class Held, class Exchange>
@@ -33,8 +53,8 @@ void LinksEdit::Swap(ModelEditor& editor, Direction direction) {
     });
 }
 
-void NameLinksEdit::Swap(ModelEditor& editor, Direction direction) {
-    ForEachIn(m_links, direction, [&](HeldNameLink& held) { editor.Exchange(held); });
+void FlagsEdit::Swap(ModelEditor& editor, Direction direction) {
+    ForEachIn(m_flags, direction, [&](HeldFlag& held) { editor.Exchange(held); });
 }
 
 void CountsEdit::Swap(ModelEditor& editor, Direction direction) {
@@ -127,6 +147,7 @@ void StructureEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
             uses.uses.Swap(object->occurrences);
     }
     m_change.objects.Swap(editor.GetModel().objects);
+    KeepWhatOthersUse(editor.GetModel(), m_change.objects);
     editor.NoteStructure();
 }
 

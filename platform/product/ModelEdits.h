@@ -39,14 +39,14 @@ private:
     std::vector<HeldLink> m_links;
 };
 
-class NameLinksEdit final : public IModelEdit {
+class FlagsEdit final : public IModelEdit {
 public:
-    explicit NameLinksEdit(std::vector<HeldNameLink> links) : m_links(std::move(links)) {}
+    explicit FlagsEdit(std::vector<HeldFlag> flags) : m_flags(std::move(flags)) {}
 
     void Swap(ModelEditor& editor, Direction direction) override;
 
 private:
-    std::vector<HeldNameLink> m_links;
+    std::vector<HeldFlag> m_flags;
 };
 
 class CountsEdit final : public IModelEdit {
@@ -82,6 +82,10 @@ public:
     RecordsSwap(Record record, std::size_t place);
 
     void Swap(std::vector<Record>& records);
+
+    /// The records are out of the model.
+    bool AreHeld() const { return m_areHeld; }
+    const std::vector<PlacedRecord<Record>>& GetRecords() const { return m_records; }
 
 private:
     void Take(std::vector<Record>& records);

@@ -1,6 +1,7 @@
 #include "platform/product/ProductChanges.h"
 
 #include "host/ProductProperties.h"
+#include "platform/product/AssemblyLevels.h"
 #include "platform/product/PropertyNumbers.h"
 #include "platform/product/StyleSections.h"
 #include "platform/product/ValueFitting.h"
@@ -70,6 +71,14 @@ bool ValueChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     std::optional<PropValue> fitted = Fit(rules, *part, GetNumber(), m_value);
     if (!fitted)
         return false;
+    // A typed mass of an assembly stands in place of the sum, until it is taken away.
+    if (GetNumber() == number::mass && OpensLevel(rules.model, holder.part->key)) {
+        if (fitted->IsEmpty() && holder.part->object->record->sumsPartMasses) {
+            plan.Refuse(ProductText::RefusedSum);
+            return false;
+        }
+        plan.SetMassSum(*holder.part, fitted->IsEmpty());
+    }
     // A moment stays one, and is never made a text by what is typed.
     const PropValue held = plan.GetHeld(holder).value_or(PropValue());
     if (held.GetSimpleValue().GetType() == SimplePropVal::TypeDateTime && !fitted->IsEmpty() &&

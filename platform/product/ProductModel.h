@@ -94,7 +94,8 @@ struct ObjectRecord : PartRecord {
     std::set<unsigned long> readOnlyProperties;
     /// In cubic metres; no value where it is not known. With the density it makes the mass.
     std::optional<double> volume;
-    /// The mass is the sum of those of all occurrences in the product. Counts for the root alone.
+    /// The mass is the sum of those of all occurrences in the product or assembly. Counts for the
+    /// root, and for objects that are assemblies (AssemblyRecord).
     bool sumsPartMasses = false;
     /// Numbering leaves the position alone and passes over it.
     bool keepsOwnPosition = false;
@@ -110,6 +111,30 @@ struct ObjectRecord : PartRecord {
     UniqueMetaObjectKey billetOwner;
 
     friend bool operator==(const ObjectRecord&, const ObjectRecord&) = default;
+};
+
+/// An object that is built up of others, while the model does not show its components.
+struct AssemblyRecord {
+    UniqueMetaObjectKey object;
+    /// How its components stand in it: of each record only the key counts and what AssemblyLevels.h
+    /// calls its standing.
+    std::vector<ObjectRecord> components;
+    /// The same for all parts below it, where these have something of their own there.
+    std::vector<ObjectRecord> allParts;
+    /// The object's section, while the assembly is the root of what is shown: as such it stands in
+    /// none.
+    SPCSection sectionAbove;
+
+    friend bool operator==(const AssemblyRecord&, const AssemblyRecord&) = default;
+};
+
+/// What a model shows of a product with assemblies in it: the direct components of one of them, or
+/// all parts at the ends of the structure below it.
+struct ProductLevel {
+    UniqueMetaObjectKey assembly;
+    bool allParts = false;
+
+    friend bool operator==(const ProductLevel&, const ProductLevel&) = default;
 };
 
 struct EmbodimentRecord {
@@ -202,6 +227,14 @@ struct ProductModel {
     std::string columnSetKey = "product";
     /// Numbers of the shown properties, in shown order.
     std::vector<unsigned long> visibleProperties;
+    /// The product itself first, then the assemblies below it. Empty: nothing is known of what
+    /// assemblies are built up of.
+    std::vector<AssemblyRecord> assemblies;
+    /// Objects that stand in assemblies which are not shown, and in the one that is shown neither
+    /// as the root nor among its objects.
+    std::vector<ObjectRecord> objectsBelow;
+    /// What root and objects are. Counts where there are assemblies.
+    ProductLevel level;
 
     friend bool operator==(const ProductModel&, const ProductModel&) = default;
 };

@@ -24,6 +24,8 @@ enum class ProductText : unsigned {
     RefusedLinked = 1223,
     RefusedNoTypedCount = 1224,
     CountedIn = 1225,
+    RefusedSum = 1226,
+    RefusedTooManyParts = 1227,
     LinkTitle = 1301,
     ItemPropertiesTitle = 1302,
     ItemPropertyLine = 1303,

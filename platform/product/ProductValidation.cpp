@@ -1,9 +1,11 @@
 #include "platform/product/ProductValidation.h"
 
 #include "host/ProductProperties.h"
+#include "platform/product/AssemblyLevels.h"
 #include "platform/product/LinkValidation.h"
 #include "platform/product/ModelPath.h"
 #include "platform/product/PropertyLookup.h"
+#include "platform/product/PropertyNumbers.h"
 #include "platform/product/ReferenceValidation.h"
 #include "platform/values/Utf8.h"
 
@@ -15,6 +17,7 @@
 #include <set>
 #include <string_view>
 #include <type_traits>
+#include <unordered_set>
 
 namespace platform {
 
@@ -58,8 +61,12 @@ public:
         if (m_model.style)
             CheckStyle({product, "style"}, *m_model.style);
         CheckEmbodiments({product, "embodiments"});
+        for (const AssemblyRecord& assembly : m_model.assemblies)
+            m_assemblies.insert(assembly.object);
         CheckRoot({product, "product"});
         CheckObjects({product, "objects"});
+        CheckObjectsBelow({product, "objectsBelow"});
+        CheckAssemblies({product, "assemblies"});
         return std::move(m_fault);
     }
 
@@ -293,12 +300,100 @@ private:
             m_object = m_model.objects[i].key;
             const ModelPath place(path, i);
             CheckObject(place, m_model.objects[i]);
-            Check({place, "massOfParts"}, !m_model.objects[i].sumsPartMasses,
-                  "only the product itself has its mass from its parts");
+            CheckMassOfParts(place, m_model.objects[i]);
         }
     }
 
+    void CheckMassOfParts(const ModelPath& path, const ObjectRecord& object) {
+        Check({path, "massOfParts"}, !object.sumsPartMasses || m_assemblies.contains(object.key),
+              "only the product itself and its assemblies have their mass from their parts");
+    }
+
+    void CheckObjectsBelow(const ModelPath& path) {
+        std::unordered_set<UniqueMetaObjectKey> keys{m_model.root.key};
+        for (const ObjectRecord& object : m_model.objects)
+            keys.insert(object.key);
+        for (std::size_t i = 0; i < m_model.objectsBelow.size() && !m_fault; ++i) {
+            const ObjectRecord& object = m_model.objectsBelow[i];
+            m_object = object.key;
+            const ModelPath place(path, i);
+            const ModelPath key(place, "key");
+            Check(key, IsSoundKey(object.key), "a key is needed, UTF-8 without '|'");
+            Check(key, keys.insert(object.key).second,
+                  "the key '" + object.key.String() + "' is taken already");
+            CheckObject(place, object);
+            CheckMassOfParts(place, object);
+            Check(place,
+                  object.occurrences.empty() && object.parents.empty() && object.owners.empty() &&
+                      object.counts.empty() && object.groupKey.IsEmpty() &&
+                      object.billet == BilletKind::None && object.billetOwner.IsEmpty(),
+                  "how the object is used stands in the assembly that uses it");
+        }
+        m_object = {};
+        m_known = std::move(keys);
+    }
+
+    static bool IsSoundKey(const UniqueMetaObjectKey& key) {
+        return !key.IsEmpty() && key.String().find('|') == std::string::npos &&
+               FromUtf8(key.String()).has_value();
+    }
+
+    void CheckAssemblies(const ModelPath& path) {
+        if (m_model.assemblies.empty()) {
+            Check({ModelPath(), "objectsBelow"}, m_model.objectsBelow.empty(),
+                  "no assembly uses these objects");
+            return;
+        }
+        Check(path, m_model.embodiments.empty(),
+              "a product with embodiments can't have assemblies of its own");
+        Check({{path, std::size_t{0}}, "object"}, m_model.assemblies[0].object == m_model.root.key,
+              "the product itself is expected");
+        Check({{path, std::size_t{0}}, "components"}, m_model.assemblies[0].components.empty(),
+              "the components of the product itself are its objects");
+        std::unordered_set<UniqueMetaObjectKey> met;
+        for (std::size_t i = 0; i < m_model.assemblies.size() && !m_fault; ++i) {
+            const AssemblyRecord& assembly = m_model.assemblies[i];
+            m_object = assembly.object;
+            const ModelPath place(path, i);
+            const ModelPath object(place, "object");
+            CheckIsKnown(object, assembly.object);
+            Check(object, met.insert(assembly.object).second, "the assembly stands here twice");
+            CheckComponents({place, "components"}, assembly.components);
+            CheckComponents({place, "allParts"}, assembly.allParts);
+        }
+        m_object = {};
+        if (const AssemblyRecord* const cycle = m_fault ? nullptr : FindAssemblyCycle(m_model))
+            Check({path, static_cast<std::size_t>(cycle - m_model.assemblies.data())}, false,
+                  "the assembly '" + cycle->object.String() + "' is a component of itself");
+    }
+
+    void CheckIsKnown(const ModelPath& path, const UniqueMetaObjectKey& key) {
+        Check(path, m_known.contains(key), "there is no object '" + key.String() + "'");
+    }
+
+    void CheckComponents(const ModelPath& path, const std::vector<ObjectRecord>& components) {
+        for (std::size_t i = 0; i < components.size() && !m_fault; ++i) {
+            const ModelPath place(path, i);
+            CheckIsKnown({place, "object"}, components[i].key);
+            CheckValues({place, "properties"}, components[i].properties);
+            CheckLinks({place, "links"}, components[i].links);
+            for (const auto& [number, value] : components[i].properties)
+                CheckStands({place, "properties"}, number);
+            for (const LinkRecord& link : components[i].links)
+                CheckStands({place, "links"}, link.property);
+            const ModelPath uses(place, "uses");
+            for (std::size_t j = 0; j < components[i].occurrences.size(); ++j)
+                CheckUse({uses, j}, components[i].occurrences[j]);
+        }
+    }
+
+    void CheckStands(const ModelPath& path, unsigned long number) {
+        Check(path, number == number::position, "only the position belongs to the assembly");
+    }
+
     const ProductModel& m_model;
+    std::unordered_set<UniqueMetaObjectKey> m_assemblies;
+    std::unordered_set<UniqueMetaObjectKey> m_known;
     std::set<unsigned long> m_userProperties;
     UniqueMetaObjectKey m_object;
     std::optional<ModelFault> m_fault;

@@ -16,21 +16,33 @@ using Keys = std::vector<UniqueMetaObjectKey>;
 
 class ReferenceValidator final {
 public:
-    explicit ReferenceValidator(const ProductModel& model) : m_model(model) {}
+    /// The objects of the product, or as they stand in an assembly, and `list` is where they stand.
+    ReferenceValidator(const ProductModel& model, const UniqueMetaObjectKey& root,
+                       const std::vector<ObjectRecord>& objects, const ModelPath& list)
+        : m_model(model), m_root(root), m_all(objects), m_list(list) {}
 
-    std::optional<ModelFault> Validate() {
+    std::optional<ModelFault> ValidateProduct() {
+        CollectEmbodiments();
         CollectKeys();
         if (!m_fault)
             CheckProduct();
+        return Validate();
+    }
+    std::optional<ModelFault> ValidateAssembly() {
+        CollectKeys();
+        return Validate();
+    }
+
+private:
+    using KeySet = std::unordered_set<UniqueMetaObjectKey>;
+
+    std::optional<ModelFault> Validate() {
         if (!m_fault)
             CheckObjects();
         if (!m_fault)
             CheckChains();
         return std::move(m_fault);
     }
-
-private:
-    using KeySet = std::unordered_set<UniqueMetaObjectKey>;
 
     void Fail(const ModelPath& path, std::string reason) {
         if (!m_fault)
@@ -48,22 +60,25 @@ private:
             Fail(path, "the key '" + key.String() + "' is taken already");
     }
 
-    void CollectKeys() {
+    void CollectEmbodiments() {
         const ModelPath product;
-        const ModelPath root(product, "product");
-        CheckKey({root, "key"}, m_model.root.key, m_parts);
         const ModelPath embodiments(product, "embodiments");
         for (std::size_t i = 0; i < m_model.embodiments.size(); ++i) {
             const ModelPath place(embodiments, i);
             CheckKey({place, "key"}, m_model.embodiments[i].key, m_embodiments);
         }
-        const ModelPath objects(product, "objects");
-        for (std::size_t i = 0; i < m_model.objects.size() && !m_fault; ++i)
-            CollectObject({objects, i}, i);
+    }
+
+    void CollectKeys() {
+        const ModelPath product;
+        const ModelPath root(product, "product");
+        CheckKey({root, "key"}, m_root, m_parts);
+        for (std::size_t i = 0; i < m_all.size() && !m_fault; ++i)
+            CollectObject({m_list, i}, i);
     }
 
     void CollectObject(const ModelPath& path, std::size_t index) {
-        const ObjectRecord& object = m_model.objects[index];
+        const ObjectRecord& object = m_all[index];
         m_object = object.key;
         CheckKey({path, "key"}, object.key, m_parts);
         m_objects.emplace(object.key, index);
@@ -90,7 +105,7 @@ private:
         for (std::size_t i = 0; i < part.counts.size(); ++i) {
             const ModelPath place(counts, i);
             const UniqueMetaObjectKey& key = part.counts[i].embodiment;
-            if (!m_embodiments.contains(key) && key != m_model.root.key)
+            if (!m_embodiments.contains(key) && key != m_root)
                 Fail({place, "embodiment"}, "there is no embodiment '" + key.String() + "'");
             if (!met.insert(key).second)
                 Fail({place, "embodiment"}, "the embodiment has a count already");
@@ -130,7 +145,7 @@ private:
         KeySet met;
         for (std::size_t i = 0; i < keys.size(); ++i) {
             const bool isKnown =
-                m_objects.contains(keys[i]) || (isRootAllowed && keys[i] == m_model.root.key);
+                m_objects.contains(keys[i]) || (isRootAllowed && keys[i] == m_root);
             if (!isKnown)
                 Fail({path, i}, "there is no object '" + keys[i].String() + "'");
             if (!met.insert(keys[i]).second)
@@ -153,11 +168,9 @@ private:
     }
 
     void CheckObjects() {
-        const ModelPath product;
-        const ModelPath objects(product, "objects");
-        for (std::size_t i = 0; i < m_model.objects.size() && !m_fault; ++i) {
-            const ObjectRecord& object = m_model.objects[i];
-            const ModelPath path(objects, i);
+        for (std::size_t i = 0; i < m_all.size() && !m_fault; ++i) {
+            const ObjectRecord& object = m_all[i];
+            const ModelPath path(m_list, i);
             m_object = object.key;
             CheckGroup(path, object);
             CheckLinks(path, object);
@@ -195,11 +208,11 @@ private:
             std::size_t object;
             Keys next;
         };
-        std::vector<State> states(m_model.objects.size(), State::New);
+        std::vector<State> states(m_all.size(), State::New);
         std::vector<Step> open;
         const auto enter = [&](std::size_t index) {
             states[index] = State::Open;
-            open.push_back({index, next(m_model.objects[index])});
+            open.push_back({index, next(m_all[index])});
         };
         for (std::size_t start = 0; start < states.size(); ++start) {
             if (states[start] == State::New)
@@ -223,14 +236,15 @@ private:
     }
 
     void FailObject(std::size_t index, std::string_view member, std::string_view reason) {
-        const ModelPath product;
-        const ModelPath objects(product, "objects");
-        const ModelPath path(objects, index);
-        m_object = m_model.objects[index].key;
+        const ModelPath path(m_list, index);
+        m_object = m_all[index].key;
         Fail({path, member}, std::string(reason));
     }
 
     const ProductModel& m_model;
+    const UniqueMetaObjectKey& m_root;
+    const std::vector<ObjectRecord>& m_all;
+    const ModelPath& m_list;
     KeySet m_parts;
     KeySet m_embodiments;
     std::unordered_map<UniqueMetaObjectKey, std::size_t> m_objects;
@@ -241,7 +255,25 @@ private:
 } // namespace
 
 std::optional<ModelFault> ValidateReferences(const ProductModel& model) {
-    return ReferenceValidator(model).Validate();
+    const ModelPath product;
+    const ModelPath objects(product, "objects");
+    if (auto fault =
+            ReferenceValidator(model, model.root.key, model.objects, objects).ValidateProduct())
+        return fault;
+    const ModelPath list(product, "assemblies");
+    for (std::size_t i = 0; i < model.assemblies.size(); ++i) {
+        const ModelPath place(list, i);
+        for (const auto& [name, components] :
+             {std::pair("components", &model.assemblies[i].components),
+              std::pair("allParts", &model.assemblies[i].allParts)}) {
+            const ModelPath path(place, name);
+            if (auto fault =
+                    ReferenceValidator(model, model.assemblies[i].object, *components, path)
+                        .ValidateAssembly())
+                return fault;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace platform

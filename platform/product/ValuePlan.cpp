@@ -7,6 +7,15 @@
 
 namespace platform {
 
+namespace {
+
+bool ObjectRecord::*FlagOf(const Slot& slot) {
+    return slot.number == number::mass ? &ObjectRecord::sumsPartMasses
+                                       : &ObjectRecord::isNameLinkedToSection;
+}
+
+} // namespace
+
 template <class Place, class T>
 void ValuePlan::Wishes<Place, T>::Set(const Place& place, std::optional<T> wish) {
     const auto [entry, isNew] = places.try_emplace(place, list.size());
@@ -63,7 +72,11 @@ void ValuePlan::SetLink(const Slot& holder, std::optional<LinkRecord> link) {
 }
 
 void ValuePlan::SetNameLink(const PartEntry& object, bool isLinked) {
-    m_nameLinks.Set({&object, number::section}, isLinked);
+    m_flags.Set({&object, number::section}, isLinked);
+}
+
+void ValuePlan::SetMassSum(const PartEntry& object, bool isSum) {
+    m_flags.Set({&object, number::mass}, isSum);
 }
 
 void ValuePlan::SetCount(const PartEntry& part, const UniqueMetaObjectKey& embodiment,
@@ -81,8 +94,8 @@ bool ValuePlan::IsNew(const Slot& slot, const std::optional<LinkRecord>& link) c
     return present ? !link || !(*present == *link) : link.has_value();
 }
 
-bool ValuePlan::IsNew(const Slot& slot, std::optional<bool> isNameLinked) const {
-    return isNameLinked != slot.part->object->record->isNameLinkedToSection;
+bool ValuePlan::IsNew(const Slot& slot, std::optional<bool> isSet) {
+    return isSet != slot.part->object->record->*FlagOf(slot);
 }
 
 bool ValuePlan::IsNew(const CountSlot& slot, const std::optional<SharedText>& count) const {
@@ -94,8 +107,7 @@ bool ValuePlan::IsNew(const CountSlot& slot, const std::optional<SharedText>& co
 bool ValuePlan::IsEmpty() const {
     const auto isNew = [this](const auto& wish) { return IsNew(wish.first, wish.second); };
     return std::ranges::none_of(m_values.list, isNew) &&
-           std::ranges::none_of(m_links.list, isNew) &&
-           std::ranges::none_of(m_nameLinks.list, isNew) &&
+           std::ranges::none_of(m_links.list, isNew) && std::ranges::none_of(m_flags.list, isNew) &&
            std::ranges::none_of(m_counts.list, isNew);
 }
 
@@ -110,10 +122,10 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         if (IsNew(slot, link))
             links.push_back({slot.part->key, slot.number, link, PartPlace::none});
     }
-    std::vector<HeldNameLink> nameLinks;
-    for (const auto& [slot, isLinked] : m_nameLinks.list) {
-        if (IsNew(slot, isLinked))
-            nameLinks.push_back({slot.part->key, *isLinked});
+    std::vector<HeldFlag> flags;
+    for (const auto& [slot, isSet] : m_flags.list) {
+        if (IsNew(slot, isSet))
+            flags.push_back({slot.part->key, FlagOf(slot), *isSet});
     }
     std::vector<HeldCount> counts;
     for (const auto& [slot, count] : m_counts.list) {
@@ -124,8 +136,8 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
             held.count = CountRecord{slot.embodiment, *count};
     }
     std::vector<std::unique_ptr<IModelEdit>> edits;
-    if (!nameLinks.empty())
-        edits.push_back(std::make_unique<NameLinksEdit>(std::move(nameLinks)));
+    if (!flags.empty())
+        edits.push_back(std::make_unique<FlagsEdit>(std::move(flags)));
     if (!values.empty())
         edits.push_back(std::make_unique<ValuesEdit>(std::move(values)));
     if (!links.empty())

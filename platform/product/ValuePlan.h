@@ -31,8 +31,9 @@ public:
     /// No value: the count is the one that follows from the product.
     void SetCount(const PartEntry& part, const UniqueMetaObjectKey& embodiment,
                   std::optional<SharedText> count);
-    /// Whether the object's name follows its section.
+    /// Whether the object's name follows its section, and its mass those of its parts.
     void SetNameLink(const PartEntry& object, bool isLinked);
+    void SetMassSum(const PartEntry& object, bool isSum);
 
     /// Why something that was wished for can't be had, where the user should be told; the first
     /// reason counts.
@@ -71,15 +72,15 @@ private:
 
     bool IsNew(const Slot& slot, const std::optional<PropValue>& value) const;
     bool IsNew(const Slot& slot, const std::optional<LinkRecord>& link) const;
-    bool IsNew(const Slot& slot, std::optional<bool> isNameLinked) const;
+    static bool IsNew(const Slot& slot, std::optional<bool> isSet);
     bool IsNew(const CountSlot& slot, const std::optional<SharedText>& count) const;
 
     ShownValues m_shown;
     std::optional<ProductText> m_refusal;
     Wishes<Slot, PropValue> m_values;
     Wishes<Slot, LinkRecord> m_links;
-    /// By the objects' sections.
-    Wishes<Slot, bool> m_nameLinks;
+    /// By the properties that something follows from, or that follow from something.
+    Wishes<Slot, bool> m_flags;
     Wishes<CountSlot, SharedText> m_counts;
 };
 

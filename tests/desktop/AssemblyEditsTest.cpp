@@ -8,8 +8,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QLocale>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdlib>
 
@@ -48,7 +50,7 @@ protected:
     }
     void Measure() {
         m_window->StartMasses();
-        WaitForText("1 part measured");
+        WaitForText("5 parts measured");
         QApplication::processEvents();
     }
     /// The cell of the only row of that name.
@@ -211,6 +213,47 @@ TEST_F(AssemblyEditsTest, AGroupOfTwelveScrewsIsPlacedAsOne) {
     Trigger("Undo");
     EXPECT_TRUE(areAll(c_position, ""));
     EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(AssemblyEditsTest, NamesInAnEncodingOfTheirOwnAreChosenByTheirLooks) {
+    Open("isometria_Switch.STEP");
+    ASSERT_TRUE(Action("Text Encoding...")->isEnabled());
+    QTimer::singleShot(0, [this] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        auto* const encodings = dialog->findChild<QListWidget*>();
+        encodings->setCurrentItem(encodings->findItems("GB 18030", Qt::MatchContains).at(0));
+        if (const char* folder = std::getenv("PRODUCT_TREE_SHOTS"))
+            dialog->grab().save(QString("%1/encoding.png").arg(folder));
+        QTest::keyClick(encodings, Qt::Key_Return);
+    });
+    Trigger("Text Encoding...");
+    Trigger("Expand all");
+    EXPECT_TRUE(Find("bottom part_\u9ED8\u8BA4\u00E8_", "Name").isValid());
+    EXPECT_FALSE(m_window->isWindowModified());
+    Open();
+    EXPECT_FALSE(Action("Text Encoding...")->isEnabled());
+}
+
+TEST_F(AssemblyEditsTest, AnAssemblyIsSavedWithAllItsLevels) {
+    Open();
+    Measure();
+    Tree().setCurrentIndex(Find("rod-assembly", "Name"));
+    Trigger("Open Assembly");
+    Trigger("Expand all");
+    Edit(Find("rod", c_density), "7850");
+    Edit(Tree().model()->index(0, Column(c_density), Find("nut (x2)", "Name")), "7850");
+    const double mass = MassOf("rod-assembly");
+    EXPECT_GT(mass, 0.1);
+    m_decisions->ChooseNext(m_folder / "as1.json");
+    Trigger("Save");
+    m_window->OpenFile(m_folder / "as1.json", {});
+    Trigger("Expand all");
+    EXPECT_EQ(MassOf("rod-assembly"), mass);
+    Trigger("All Parts");
+    Trigger("Expand all");
+    EXPECT_EQ(Text(Find("rod", c_density)), "7850");
+    EXPECT_EQ(Text(Find("bolt (x6)", "Count")), "6");
+    EXPECT_TRUE(m_decisions->GetQuestions().empty());
 }
 
 } // namespace

@@ -49,7 +49,7 @@ public:
         return eventfd_read(m_event, &count) != 0;
     }
     double GetShareDone() const override { return 0.5; }
-    Measures GetMeasures() const override { return {{{support::Key("case"), 0.5}}, {}}; }
+    Measures GetMeasures() const override { return {{{support::Key("case"), 0.5}}}; }
 
     void LetEnd() { eventfd_write(m_event, 1); }
 
@@ -63,7 +63,12 @@ class SlowDocument final : public StepDocument {
 public:
     const platform::ProductModel& GetModel() const override { return m_model; }
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
-    std::unique_ptr<Measuring> StartMeasuring(MeasuredParts) override {
+    const std::vector<std::string>& GetForeignTexts() const override { return m_texts; }
+    const std::string& GetEncoding() const override { return m_encoding; }
+    std::optional<std::wstring> Decode(const std::string&, const std::string&) const override {
+        return std::nullopt;
+    }
+    std::unique_ptr<Measuring> StartMeasuring(MeasuredParts, const UniqueMetaObjectKey&) override {
         auto measuring = std::make_unique<SlowMeasuring>();
         m_measuring = measuring.get();
         return measuring;
@@ -73,7 +78,8 @@ public:
 
 private:
     platform::ProductModel m_model = SmallProduct();
-    std::vector<std::string> m_notes;
+    std::vector<std::string> m_notes, m_texts;
+    std::string m_encoding;
     SlowMeasuring* m_measuring = nullptr;
 };
 

@@ -19,14 +19,20 @@ class ImportedAssembly final : public desktop::step::StepDocument {
 public:
     const platform::ProductModel& GetModel() const override { return m_model; }
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
-    std::unique_ptr<desktop::step::Measuring>
-    StartMeasuring(desktop::step::MeasuredParts) override {
+    const std::vector<std::string>& GetForeignTexts() const override { return m_texts; }
+    const std::string& GetEncoding() const override { return m_encoding; }
+    std::optional<std::wstring> Decode(const std::string&, const std::string&) const override {
+        return std::nullopt;
+    }
+    std::unique_ptr<desktop::step::Measuring> StartMeasuring(desktop::step::MeasuredParts,
+                                                             const UniqueMetaObjectKey&) override {
         return nullptr;
     }
 
 private:
     platform::ProductModel m_model;
-    std::vector<std::string> m_notes;
+    std::vector<std::string> m_notes, m_texts;
+    std::string m_encoding;
 };
 
 platform::ProductModel Gearbox() {
@@ -94,7 +100,7 @@ TEST_F(SessionTest, AnEditedAssemblyIsSavedAsAProductFileWithEverythingInIt) {
     const auto session = Open("gear.step", true);
     std::ofstream(m_folder / "gear.step") << "ISO-10303-21;";
     EXPECT_EQ(session->GetProductPath(), m_folder / "gear.json");
-    session->TakeMeasures({{{support::Key("case"), 0.5}, {support::Key("pin"), 0.25}}, {}});
+    session->TakeMeasures({{{support::Key("case"), 0.5}, {support::Key("pin"), 0.25}}});
     EXPECT_FALSE(session->IsModified());
     Rename(*session, L"Housing");
     const auto density = platform::CellInput(1000.0);
@@ -119,7 +125,7 @@ TEST_F(SessionTest, AnEditedAssemblyIsSavedAsAProductFileWithEverythingInIt) {
 TEST_F(SessionTest, MeasuresThatComeAfterSavingAreStillToBeSaved) {
     const auto session = Open("gear.step", true);
     EXPECT_FALSE(session->SaveAs(m_folder / "gear.json"));
-    session->TakeMeasures({{{support::Key("case"), 0.5}}, {}});
+    session->TakeMeasures({{{support::Key("case"), 0.5}}});
     EXPECT_TRUE(session->IsModified());
     EXPECT_FALSE(session->SaveAs(m_folder / "gear.json"));
     EXPECT_FALSE(session->IsModified());

@@ -35,23 +35,13 @@ ProductStructure MakeFrame() {
     return structure;
 }
 
-TEST(Masses, AreVolumeTimesDensityAndAddUpOverAllUses) {
-    const ProductStructure structure = MakeFrame();
+TEST(Masses, AreMeasuredOfPartsThatHaveOrMayGetADensity) {
+    ProductStructure structure = MakeFrame();
     EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity),
                 UnorderedElementsAre(2, 3));
-    EXPECT_THAT(
-        ComputeDefinitionMasses(structure, {0}, {{}, {}, 0.5, 2}),
-        ElementsAre(Optional(20000.0), Optional(10000.0), Optional(4000.0), Optional(2000.0)));
-}
-
-TEST(Masses, OfAssembliesAreUnknownWhileAPartsIs) {
-    ProductStructure structure = MakeFrame();
     structure.definitions[3].material.density.reset();
     EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity), ElementsAre(2));
     EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::All), UnorderedElementsAre(2, 3));
-    EXPECT_THAT(
-        ComputeDefinitionMasses(structure, {0}, {{}, {}, 0.5, 2}),
-        ElementsAre(Eq(std::nullopt), Eq(std::nullopt), Optional(4000.0), Eq(std::nullopt)));
 }
 
 TEST(MeasuringApart, GoesOnBehindAPartThatEndsItsProcess) {

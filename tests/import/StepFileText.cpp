@@ -1,5 +1,7 @@
 #include "tests/import/StepFileText.h"
 
+#include "desktop/LevelChoice.h"
+
 #include "platform/values/Utf8.h"
 
 #include <atomic>
@@ -79,15 +81,22 @@ TemporaryFile::~TemporaryFile() {
 }
 
 std::string Dump(const std::filesystem::path& path, const desktop::step::StepOptions& options) {
-    const auto result = desktop::step::StepDocument::Read(path, options);
+    auto result = desktop::step::StepDocument::Read(path, options);
     if (const auto* error = std::get_if<desktop::FileError>(&result))
         return "error: " + error->reason;
     const desktop::step::StepDocument& document = *std::get<0>(result);
-    std::string text = Shown(document.GetModel().root) + "\n";
-    for (const platform::ObjectRecord& object : document.GetModel().objects)
+    platform::ProductModel model = document.GetModel();
+    const auto level = desktop::ShowLevel(model, options);
+    if (const auto* error = std::get_if<desktop::FileError>(&level))
+        return "error: " + error->reason;
+    std::string text = Shown(model.root) + "\n";
+    for (const platform::ObjectRecord& object : model.objects)
         text += std::to_string(object.section.numbers[0]) + " " + Shown(object) + " x" +
                 std::to_string(object.occurrences.size()) + "\n";
-    for (const std::string& note : document.GetNotes())
+    std::vector<std::string> notes = document.GetNotes();
+    if (!std::get<std::string>(level).empty())
+        notes.push_back(std::get<std::string>(level));
+    for (const std::string& note : notes)
         text += "note: " + note + "\n";
     return text;
 }

@@ -1,5 +1,6 @@
 #include "tests/import/StepFileText.h"
 
+#include "desktop/LevelChoice.h"
 #include "host/ProductProperties.h"
 
 #include <gtest/gtest.h>
@@ -131,7 +132,8 @@ TEST(StepImport, RefusesWhatIsNoFile) {
 TEST(StepImport, MakesADocumentThatThePanelCanShow) {
     const tests::TemporaryFile file("car.step", MakeCar().Text());
     const auto result = desktop::step::StepDocument::Read(file.GetPath(), {"", true, ""});
-    const platform::ProductModel& model = std::get<0>(result)->GetModel();
+    platform::ProductModel model = std::get<0>(result)->GetModel();
+    EXPECT_EQ(std::get<std::string>(desktop::ShowLevel(model, {"", true, ""})), "");
     EXPECT_TRUE(model.areSectionRowsShown);
     EXPECT_FALSE(model.style);
     EXPECT_TRUE(model.isSimplified);

@@ -1,4 +1,4 @@
-#include "desktop/import/ProductSelection.h"
+#include "desktop/import/ProductObjects.h"
 #include "desktop/import/ProductStructure.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +11,6 @@ namespace {
 
 using namespace desktop::step;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// `count` products with one shape each, and the uses given as pairs of parent and child.
 ProductStructure MakeStructure(std::size_t count,
@@ -46,14 +45,6 @@ TEST(Structure, FindsCyclesOffTheRootToo) {
     EXPECT_TRUE(FindCycle(MakeStructure(4, {{0, 1}, {1, 2}, {2, 3}, {3, 1}})));
 }
 
-TEST(Structure, MultipliesOccurrencesThroughNesting) {
-    const ProductStructure structure =
-        MakeStructure(4, {{0, 1}, {0, 1}, {0, 3}, {1, 2}, {1, 2}, {1, 2}, {2, 3}});
-    EXPECT_THAT(CountOccurrences(structure, {0}, 100), ElementsAre(1, 2, 6, 7));
-    EXPECT_THAT(CountOccurrences(structure, {0}, 5), ElementsAre(1, 2, 6, 6));
-    EXPECT_THAT(SortByUse(structure, {0}), ElementsAre(0, 1, 2, 3));
-}
-
 TEST(Structure, NestsAsDeepAsItLikes) {
     ProductStructure structure = MakeStructure(1, {});
     static constexpr std::size_t depth = 200'000;
@@ -62,56 +53,28 @@ TEST(Structure, NestsAsDeepAsItLikes) {
         structure.definitions[i].uses.push_back({1, i + 1});
     EXPECT_EQ(FindCycle(structure), std::nullopt);
     EXPECT_EQ(SortByUse(structure, {0}).size(), depth);
+    EXPECT_EQ(ProductObjects(structure, {0}).Get().size(), depth);
 }
 
-TEST(Selection, RefusesToFlattenWhatExplodes) {
-    ProductStructure structure = MakeStructure(1, {});
-    static constexpr std::size_t levels = 80;
-    structure.definitions.resize(levels, structure.definitions.front());
-    for (std::size_t i = 0; i + 1 < levels; ++i)
-        structure.definitions[i].uses = {{1, i + 1}, {2, i + 1}};
-    const auto leaves = LeafComponents(structure, {0, {0}, 0});
-    ASSERT_TRUE(std::holds_alternative<desktop::FileError>(leaves));
-    EXPECT_EQ(std::get<desktop::FileError>(leaves).reason,
-              "more than 2000000 parts when flattened");
-}
-
-TEST(Selection, JoinsUsesOfAProductInTheOrderOfTheFile) {
-    ProductStructure structure = MakeStructure(4, {{0, 2}, {0, 1}, {0, 2}, {0, 3}});
-    // Another version of the same product.
+TEST(ProductObjects, JoinUsesOfAProductButNotOfItsAssemblies) {
+    ProductStructure structure =
+        MakeStructure(6, {{0, 2}, {0, 1}, {0, 2}, {0, 3}, {0, 4}, {0, 5}, {4, 1}, {5, 2}});
+    // Another version of the same part, and of the same assembly with another component.
     structure.definitions[3].product = 1;
-    const std::vector<Component> components = DirectComponents(structure, {0, {0}, 0});
-    ASSERT_EQ(components.size(), 2u);
-    EXPECT_EQ(components[0].product, 2u);
-    EXPECT_THAT(components[0].occurrences, ElementsAre("use1", "use3"));
-    EXPECT_EQ(components[1].product, 1u);
-    EXPECT_THAT(components[1].occurrences, ElementsAre("use2", "use4"));
-}
-
-TEST(Selection, TakesARootByNameIdOrTrimmedName) {
-    ProductStructure structure = MakeStructure(5, {{0, 1}, {1, 2}, {3, 2}});
-    structure.products[1].name = L"arm ";
-    structure.products[3].name = L"arm";
-    const auto choose = [&](const wchar_t* name) {
-        const auto choice = ChooseRoot(structure, name);
-        const auto* error = std::get_if<desktop::FileError>(&choice);
-        return error ? error->reason
-                     : std::to_string(std::get<RootChoice>(choice).root.value_or(99));
+    structure.definitions[5].product = 4;
+    const ProductObjects objects(structure, {0});
+    const std::vector<Component> components =
+        ListComponents(objects, structure.definitions[0].uses);
+    const auto key = [&](const Component& component) {
+        return std::string(objects.Get()[component.object].key.String());
     };
-    EXPECT_EQ(choose(L""), "99");
-    EXPECT_EQ(choose(L"arm"), "3");
-    EXPECT_EQ(choose(L"arm "), "1");
-    EXPECT_EQ(choose(L" arm "), "1");
-    EXPECT_EQ(choose(L"id1"), "1");
-    EXPECT_EQ(choose(L"c"), "\"c\" is no assembly: it has no components");
-    EXPECT_EQ(choose(L"nothing"), "no product is called \"nothing\"");
-}
-
-TEST(Selection, OfASinglePartHasNoComponentsButItselfWhenFlat) {
-    const ProductStructure structure = MakeStructure(1, {});
-    const RootChoice choice = std::get<RootChoice>(ChooseRoot(structure, L""));
-    EXPECT_THAT(DirectComponents(structure, choice), IsEmpty());
-    EXPECT_EQ(std::get<0>(LeafComponents(structure, choice)).size(), 1u);
+    ASSERT_EQ(components.size(), 4u);
+    EXPECT_EQ(key(components[0]), "product2");
+    EXPECT_THAT(components[0].uses, ElementsAre("use1", "use3"));
+    EXPECT_EQ(key(components[1]), "product1");
+    EXPECT_THAT(components[1].uses, ElementsAre("use2", "use4"));
+    EXPECT_EQ(key(components[2]), "product4");
+    EXPECT_EQ(key(components[3]), "product4.2");
 }
 
 } // namespace

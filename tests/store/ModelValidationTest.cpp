@@ -92,7 +92,7 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
         {[](ProductModel& m) { m.objects[1].volume = 0.0; }, "objects[1].volume",
          "a positive number is expected", "b"},
         {[](ProductModel& m) { m.objects[1].sumsPartMasses = true; }, "objects[1].massOfParts",
-         "only the product itself has its mass from its parts", "b"},
+         "only the product itself and its assemblies have their mass from their parts", "b"},
         {[](ProductModel& m) {
              m.objects[1].links = {{ProductProperties::markingId, m.objects[0].key, 11}};
          },

@@ -1,4 +1,4 @@
-#include "desktop/import/MessageTexts.h"
+#include "desktop/MessageTexts.h"
 
 #include "platform/values/Utf8.h"
 
@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-namespace desktop::step {
+namespace desktop {
 
 std::wstring FromUtf8OrLatin1(std::string_view text) {
     if (std::optional<std::wstring> unicode = platform::FromUtf8(text))
@@ -27,4 +27,4 @@ std::string Quote(std::wstring_view text) {
     return '"' + platform::ToUtf8(line) + (text.size() > longest ? "...\"" : "\"");
 }
 
-} // namespace desktop::step
+} // namespace desktop
