@@ -51,6 +51,9 @@ public:
     GroupMode GetGroupMode() const { return m_groupMode; }
 
 protected:
+    /// Where the mode depends on how the product is looked at, Update says so before it asks for
+    /// the value.
+    void SetGroupMode(GroupMode mode) { m_groupMode = mode; }
     /// As HasHypertext answers, for the members' cells of that column.
     bool HaveMembersSameHypertext(const SharedText& columnId) const;
     /// The members' cells of this column, until `callback` answers false.

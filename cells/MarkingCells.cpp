@@ -69,7 +69,7 @@ void MarkingCellImpl::Update() {
         if (hypertext)
             editor->SetLinkStyle(GetLinkStyle());
         editor->SetReadOnly(!IsEditable());
-        editor->SetIcon(FindSourceIcon(reading.bySource));
+        editor->SetIcon(GetSourceIcon());
     }
 }
 

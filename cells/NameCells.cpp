@@ -42,7 +42,7 @@ void NameCellImpl::Update() {
     if (hypertext)
         m_row->SetNameLinkStyle(GetLinkStyle());
     m_row->SetNameEditable(IsEditable());
-    m_row->SetNameIcon(FindSourceIcon(reading.bySource));
+    m_row->SetNameIcon(GetSourceIcon());
 }
 
 void NameCellImpl::Show(const SharedText& text) {

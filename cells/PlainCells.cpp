@@ -43,30 +43,30 @@ ProductInfObjChangesResult StringCellImpl::MakeChanges(const PropValue& value, s
 
 void StringCellImpl::Update() {
     const PropertyReading reading = Read();
-    const SharedText& icon = FindSourceIcon(reading.bySource);
     if (const SharedText* const text = reading.GetValue().GetSimpleValue().FindText())
-        Show(*text, icon);
+        Show(*text);
     else if (reading.GetValue().GetSimpleValue().GetType() == SimplePropVal::TypeDateTime)
-        ShowMoment(reading.GetValue().GetLabel(), icon);
+        ShowMoment(reading.GetValue().GetLabel());
     else
-        Show(reading.GetValue().GetLabel(), icon);
+        Show(reading.GetValue().GetLabel());
 }
 
-void StringCellImpl::ShowMoment(const SharedText& text, const SharedText& icon) {
+void StringCellImpl::ShowMoment(const SharedText& text) {
     if (HasHypertext())
-        ShowLink(text, icon);
+        ShowLink(text, GetSourceIcon());
     else
-        m_row->SetTimeCell(GetColumnId(), text, IsEditable(), icon);
+        m_row->SetTimeCell(GetColumnId(), text, IsEditable(), GetSourceIcon());
     SetShownText(text);
 }
 
-void StringCellImpl::Show(const SharedText& text, const SharedText& icon) {
+void StringCellImpl::Show(const SharedText& text) {
     SharedText room;
     const SharedText& shown = FindDisplay(text, room, FormatLabelForDisplay);
     if (HasHypertext())
-        ShowLink(shown, icon);
+        ShowLink(shown, GetSourceIcon());
     else
-        m_row->SetTextCell(GetColumnId(), text, shown, IsEditable(), false, icon, GetPopupMenu());
+        m_row->SetTextCell(GetColumnId(), text, shown, IsEditable(), false, GetSourceIcon(),
+                           GetPopupMenu());
     SetShownText(text);
 }
 
@@ -95,15 +95,14 @@ ProductInfObjChangesResult IntCellImpl::MakeChanges(const PropValue& value, std:
 
 void IntCellImpl::Update() {
     const PropertyReading reading = Read();
-    const SharedText& icon = FindSourceIcon(reading.bySource);
     std::optional<int> value;
     if (!reading.GetValue().IsEmpty())
         value = m_column.ApplyUnitCoefficient(reading.GetValue().to_int());
     if (HasHypertext())
-        ShowLink(ToText(value), icon);
+        ShowLink(ToText(value), GetSourceIcon());
     else
         m_row->SetIntCell(GetColumnId(), value, ToLimit(m_column.GetMin()),
-                          ToLimit(m_column.GetMax()), IsEditable(), false, icon);
+                          ToLimit(m_column.GetMax()), IsEditable(), false, GetSourceIcon());
     SetShownValue(ToSimpleValue(value));
 }
 
@@ -125,15 +124,14 @@ ProductInfObjChangesResult DoubleCellImpl::MakeChanges(const PropValue& value, s
 
 void DoubleCellImpl::Update() {
     const PropertyReading reading = Read();
-    const SharedText& icon = FindSourceIcon(reading.bySource);
     std::optional<double> value;
     if (!reading.GetValue().IsEmpty())
         value = m_column.ApplyUnitCoefficient(reading.GetValue().to_double());
     if (HasHypertext())
-        ShowLink(ToText(value), icon);
+        ShowLink(ToText(value), GetSourceIcon());
     else
         m_row->SetDoubleCell(GetColumnId(), value.value_or(0), value.has_value(), IsEditable(),
-                             icon, m_column.GetMin(), m_column.GetMax());
+                             GetSourceIcon(), m_column.GetMin(), m_column.GetMax());
     SetShownValue(ToSimpleValue(value));
 }
 
@@ -155,8 +153,7 @@ ProductInfObjChangesResult BoolCellImpl::MakeChanges(const PropValue& value, std
 void BoolCellImpl::Update() {
     const PropertyReading reading = Read();
     const SimplePropVal& stored = reading.GetValue().GetSimpleValue();
-    m_row->SetBoolCell(GetColumnId(), ToBool(stored), true, IsEditable(),
-                       FindSourceIcon(reading.bySource));
+    m_row->SetBoolCell(GetColumnId(), ToBool(stored), true, IsEditable(), GetSourceIcon());
     SetShownValue(stored);
 }
 
@@ -180,8 +177,8 @@ int ListCellImpl::GetValueIndex() {
 }
 
 void ListCellImpl::Update() {
-    const PropertyReading reading = Read();
-    ShowFromList(GetValueIndex(), FindSourceIcon(reading.bySource));
+    Read();
+    ShowFromList(GetValueIndex(), GetSourceIcon());
 }
 
 TreeActionResult ListCellImpl::OnValueEdited() {

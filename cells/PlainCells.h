@@ -7,8 +7,9 @@
 
 namespace productTree {
 
-/// Text. It shows and remembers the label of whatever type the property has.
-class StringCellImpl final : public ProductTreeCellImpl {
+/// Text. It shows and remembers the label of whatever type the property has. Cells of texts that
+/// mean something derive from it.
+class StringCellImpl : public ProductTreeCellImpl {
 public:
     using ProductTreeCellImpl::ProductTreeCellImpl;
 
@@ -21,8 +22,8 @@ public:
     virtual MenuPtr GetPopupMenu();
 
 private:
-    void ShowMoment(const SharedText& text, const SharedText& icon);
-    void Show(const SharedText& text, const SharedText& icon);
+    void ShowMoment(const SharedText& text);
+    void Show(const SharedText& text);
 };
 
 class IntCellImpl final : public ProductTreeCellImpl {
@@ -58,8 +59,9 @@ public:
     TreeActionResult OnValueEdited() override;
 };
 
-/// One of the values that the property may take.
-class ListCellImpl final : public ProductTreeCellImpl {
+/// One of the values that the property may take. Cells whose values are no property's as they stand
+/// derive from it.
+class ListCellImpl : public ProductTreeCellImpl {
 public:
     using ProductTreeCellImpl::ProductTreeCellImpl;
 

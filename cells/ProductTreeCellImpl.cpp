@@ -157,8 +157,24 @@ bool ProductTreeCellImpl::CanTransmitToSource() {
     return m_data->CanTransmitToSource(m_key, m_column.GetId());
 }
 
+ProductTreeCellImpl::Source ProductTreeCellImpl::ToSource(std::optional<bool> bySource) {
+    if (!bySource)
+        return Source::None;
+    return *bySource ? Source::BySource : Source::NotBySource;
+}
+
 SharedText ProductTreeCellImpl::GetSourceIcon() {
-    return FindSourceIcon(m_data->GetBySource(MakeRef()));
+    switch (m_source) {
+    case Source::Unread:
+        return FindSourceIcon(m_data->GetBySource(MakeRef()));
+    case Source::None:
+        break;
+    case Source::BySource:
+        return sourceIcons::bySource;
+    case Source::NotBySource:
+        return sourceIcons::notBySource;
+    }
+    return sourceIcons::none;
 }
 
 int ProductTreeCellImpl::GetLinkStyle() {
@@ -180,6 +196,8 @@ PropertyReading ProductTreeCellImpl::Read() {
         m_hasHypertext = hypertext;
     if (m_hypertextActive)
         m_hypertextActive.reset();
+    if (const Source source = ToSource(reading.bySource); m_source != source)
+        m_source = source;
     return reading;
 }
 
@@ -187,6 +205,7 @@ void ProductTreeCellImpl::ResetCaches() {
     m_editable.reset();
     m_hasHypertext.reset();
     m_hypertextActive.reset();
+    m_source = Source::Unread;
 }
 
 ProductTreeItemImpl& ProductTreeCellImpl::GetItem() const {

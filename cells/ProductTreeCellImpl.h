@@ -87,6 +87,9 @@ public:
     virtual TreeActionResult OnSourceIconClicked();
     virtual std::set<int> GetAvailableCommands();
     virtual bool CanTransmitToSource();
+    /// The resource name of the icon; empty for none. Each Update shows what this answers, so that
+    /// a class that overrides it need do nothing else. What Read has found is the answer until the
+    /// next Update.
     virtual SharedText GetSourceIcon();
     /// 2 for a live link, else 0.
     virtual int GetLinkStyle();
@@ -173,6 +176,11 @@ protected:
     bool m_isShownAsIs = false;
 
 private:
+    enum class Source : unsigned char { Unread, None, BySource, NotBySource };
+    static Source ToSource(std::optional<bool> bySource);
+
+    Source m_source = Source::Unread;
+
     bool AskEditable();
     bool AskHypertext();
 };

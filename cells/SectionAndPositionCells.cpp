@@ -90,8 +90,8 @@ void SPCSectionCellImpl::Update() {
     // A section that was shown last time need not be taken apart again.
     const bool isShown = value.SharesTree(m_propValue);
     const SharedText text = isShown ? m_value.to_wstring() : ReadSection(value).name;
-    m_row->SetLinkCell(GetColumnId(), text, true, {}, IsEditable(), false, false,
-                       FindSourceIcon(reading.bySource), GetLinkStyle());
+    m_row->SetLinkCell(GetColumnId(), text, true, {}, IsEditable(), false, false, GetSourceIcon(),
+                       GetLinkStyle());
     if (!isShown) {
         m_value = SimplePropVal(text);
         m_propValue = value;

@@ -1,7 +1,31 @@
-// The host's popup menu.
+// The host's popup menu, at a cell or at a column's head.
 #pragma once
 
 #include "host/RcBase.h"
+#include "host/SharedText.h"
 
-/// It gets its operations with the first column that has a menu.
-class IMenuItems : public IRefItem {};
+#include <cstddef>
+
+/// One line of a popup menu.
+struct MenuEntry {
+    SharedText text;
+    /// What OnItemPopupCommand or OnHeaderPopupCommand of the control is called with when the user
+    /// chooses the entry. Each command stands in a menu once.
+    int command = 0;
+    bool isChecked = false;
+
+    friend bool operator==(const MenuEntry&, const MenuEntry&) = default;
+};
+
+/// The library fills a menu before it hands it to a cell or a head, and many cells may share one.
+/// The view shows the entries in their order when the user asks for them. No operation calls back.
+class IMenuItems : public IRefItem {
+public:
+    /// Behind the entries that are there.
+    virtual void AddEntry(const MenuEntry& entry) = 0;
+    virtual std::size_t GetEntryCount() const = 0;
+    /// `place` is below GetEntryCount.
+    virtual MenuEntry GetEntry(std::size_t place) const = 0;
+    /// A command that stands in no entry changes nothing.
+    virtual void SetChecked(int command, bool isChecked) = 0;
+};

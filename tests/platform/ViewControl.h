@@ -4,6 +4,7 @@
 
 #include "control/IfProductTreeCtrl.h"
 #include "items/ProductTreeItemData.h"
+#include "platform/view/MemoryMenu.h"
 #include "platform/values/Utf8.h"
 #include "tests/platform/ViewBuilder.h"
 
@@ -59,7 +60,7 @@ private:
     std::string m_log;
 };
 
-class Menu final : public RcBase<IMenuItems> {};
+using Menu = platform::MemoryMenu;
 
 namespace columns {
 

@@ -1,0 +1,26 @@
+// A popup menu in memory, which a front end shows as it is.
+#pragma once
+
+#include "host/view/IMenuItems.h"
+
+#include <vector>
+
+namespace platform {
+
+class MemoryMenu final : public RcBase<IMenuItems> {
+public:
+    void AddEntry(const MenuEntry& entry) override { m_entries.push_back(entry); }
+    std::size_t GetEntryCount() const override { return m_entries.size(); }
+    MenuEntry GetEntry(std::size_t place) const override { return m_entries[place]; }
+    void SetChecked(int command, bool isChecked) override {
+        for (MenuEntry& entry : m_entries) {
+            if (entry.command == command)
+                entry.isChecked = isChecked;
+        }
+    }
+
+private:
+    std::vector<MenuEntry> m_entries;
+};
+
+} // namespace platform
