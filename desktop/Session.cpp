@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <set>
 #include <utility>
 
 namespace desktop {
@@ -25,6 +26,12 @@ bool IsNoLimit(double limit, unsigned type) {
     const double last = type == value_type::Integer ? std::numeric_limits<int>::max()
                                                     : std::numeric_limits<double>::max();
     return std::abs(limit) >= last;
+}
+
+/// Null for a row that the panel does not know.
+const productTree::ProductTreeItemImpl* ItemOf(const platform::TreeTableRow& row) {
+    const productTree::ProductTreeItemData* const data = row.GetData();
+    return data ? data->GetImpl().get() : nullptr;
 }
 
 SharedText TitleOf(const platform::ObjectRecord& object) {
@@ -124,15 +131,14 @@ std::vector<SharedText> Session::GetWay() const {
 }
 
 UniqueMetaObjectKey Session::FindAssembly(const platform::TreeTableRow& row) const {
-    const productTree::ProductTreeItemData* const data = row.GetData();
-    if (!data || !data->GetImpl() || !HasLevels())
+    const productTree::ProductTreeItemImpl* const item = ItemOf(row);
+    if (!item || !HasLevels())
         return {};
-    const productTree::ProductTreeItemImpl& item = *data->GetImpl();
-    UniqueMetaObjectKey assembly = m_product->FindAssembly(item.GetObjectKey());
+    UniqueMetaObjectKey assembly = m_product->FindAssembly(item->GetObjectKey());
     if (assembly.IsEmpty())
         return {};
     std::vector<UniqueMetaObjectKey> members;
-    item.AppendKey(members);
+    item->AppendKey(members);
     const bool isOne = std::ranges::all_of(members, [&](const UniqueMetaObjectKey& member) {
         return m_product->FindAssembly(member) == assembly;
     });
@@ -205,6 +211,25 @@ bool Session::HasEmbodiments() const {
 
 bool Session::IsEmbodimentMode() const {
     return m_product->IsEmbodimentMode();
+}
+
+SharedText Session::FindCountNote(const platform::TreeTableRow& row,
+                                  const std::wstring& columnId) const {
+    const productTree::ProductTreeItemImpl* const item = ItemOf(row);
+    if (!HasEmbodiments() || !item)
+        return {};
+    std::set<UniqueMetaObjectKey> embodiments =
+        productTree::ColumnInfo::ConvertGroupCountFromId(columnId);
+    if (embodiments.empty())
+        embodiments = m_product->GetCurrentEmbodiments();
+    if (embodiments.size() < 2)
+        return {};
+    const platform::TreeTableRow* const parent = row.GetParentRow();
+    const bool isInGroup = parent && ItemOf(*parent) && ItemOf(*parent)->IsGroup();
+    // A group has its own count in the first of them.
+    return m_product->MakeCountNote(
+        item->IsGroup() ? *embodiments.begin()
+                        : m_product->GetCountKey(item->GetObjectKey(), embodiments, isInGroup));
 }
 
 void Session::SetEmbodimentMode(bool on) {

@@ -75,6 +75,9 @@ public:
     /// Counts are shown for each embodiment by itself. Nothing happens where there are none.
     bool HasEmbodiments() const;
     bool IsEmbodimentMode() const;
+    /// Where a column of counts stands for several embodiments: to which of them a count goes that
+    /// is typed in that row. Empty in other columns.
+    SharedText FindCountNote(const platform::TreeTableRow& row, const std::wstring& columnId) const;
     void SetEmbodimentMode(bool on);
     /// Positions in the order of the rows, as one step. Where they are not shown nothing happens.
     bool CanNumberPositions() const;

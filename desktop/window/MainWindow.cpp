@@ -218,8 +218,11 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     connect(m_model.get(), &TreeItemModel::Changed, this, &MainWindow::ShowState);
     connect(m_model.get(), &TreeItemModel::InputAnswered, this, &MainWindow::OnInputAnswered);
     connect(m_model.get(), &TreeItemModel::HeadAnswered, this, &MainWindow::OnHeadAnswered);
-    m_model->SetOpener(
-        [this](const platform::TreeTableRow& row) { return m_session->OpensAssembly(row); });
+    m_model->SetQuestions(
+        {[this](const platform::TreeTableRow& row) { return m_session->OpensAssembly(row); },
+         [this](const platform::TreeTableRow& row, const std::wstring& columnId) {
+             return m_session->FindCountNote(row, columnId);
+         }});
     m_tree->ShowModel(m_model.get());
 
     QStringList notes;

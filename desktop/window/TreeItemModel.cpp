@@ -230,8 +230,15 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
         return ToCheckState(index);
     case Qt::ToolTipRole: {
         const QString groupTip = GroupValues(row, head).MakeTip();
-        const QString tip = groupTip.isEmpty() ? ToQString(GetCellTip(row, head)) : groupTip;
-        return ToTip(tip.isEmpty() ? GetCellText(row, head) : tip);
+        QString tip = groupTip.isEmpty() ? ToQString(GetCellTip(row, head)) : groupTip;
+        if (tip.isEmpty())
+            tip = GetCellText(row, head);
+        if (m_questions.countNote && head.kind == HeadKind::Count &&
+            LookOf(index).kind != EditKind::None) {
+            const QString note = ToQString(m_questions.countNote(row, head.id));
+            tip += (tip.isEmpty() || note.isEmpty() ? QString() : QStringLiteral("\n")) + note;
+        }
+        return ToTip(tip);
     }
     case Qt::DecorationRole:
         return head.kind == HeadKind::Name ? m_icons.Get(row.GetIcon()) : QVariant();
@@ -373,7 +380,8 @@ bool TreeItemModel::HasSources(const QModelIndex& index) {
 
 bool TreeItemModel::CanOpen(const QModelIndex& index) {
     const auto& model = static_cast<const TreeItemModel&>(*index.model());
-    return model.m_opens && HeadOf(index).kind == HeadKind::Name && model.m_opens(RowOf(index));
+    return model.m_questions.opens && HeadOf(index).kind == HeadKind::Name &&
+           model.m_questions.opens(RowOf(index));
 }
 
 CellLook TreeItemModel::LookOf(const QModelIndex& index) {

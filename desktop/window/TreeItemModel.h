@@ -47,9 +47,15 @@ public:
     /// All cells that take what the head gives hold moments.
     bool AreMoments(int column) const;
     void SetColumnWidth(int column, int width);
-    /// Which rows stand for something that can be opened; without it none does.
-    using Opener = std::function<bool(const platform::TreeTableRow&)>;
-    void SetOpener(Opener opens) { m_opens = std::move(opens); }
+    /// What the rows themselves do not know; an empty function answers nothing.
+    struct Questions {
+        /// The row stands for something that can be opened.
+        std::function<bool(const platform::TreeTableRow&)> opens;
+        /// What is to be known before a count is typed there.
+        std::function<SharedText(const platform::TreeTableRow&, const std::wstring& columnId)>
+            countNote;
+    };
+    void SetQuestions(Questions questions) { m_questions = std::move(questions); }
     static bool CanOpen(const QModelIndex& index);
 
     /// The row and the head of a valid index.
@@ -95,7 +101,7 @@ private:
     std::vector<platform::ColumnHead> m_heads;
     SourceColumns m_sourceColumns;
     RowIcons m_icons;
-    Opener m_opens;
+    Questions m_questions;
 };
 
 } // namespace desktop

@@ -65,6 +65,8 @@ public:
     /// What the user should know of the values that were taken since then: in which of several
     /// embodiments a count stands.
     SharedText TakeNote();
+    /// That a count which is typed goes to that embodiment; empty for one that the product lacks.
+    SharedText MakeCountNote(const UniqueMetaObjectKey& embodiment) const;
     /// The user has changed something since the document was saved, and not taken it back.
     bool IsModified() const;
     void MarkSaved();
@@ -118,8 +120,8 @@ public:
     void CommitChanges(ProductInfObjChangesResult& changes) override;
     bool CanTransmitToSource(const UniqueMetaObjectKey& key,
                              const std::wstring& columnId) const override;
-    /// Objects take the occurrences' own values, which then come by source again. The values given
-    /// are those shown, which a unit may have rounded; they say nothing that is not known here.
+    /// Objects take the values, which then come by source to their occurrences. They are converted
+    /// back from shown units (FitShownValue); one that its property does not take is passed over.
     void
     TransmitToSource(const std::wstring& columnId,
                      const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) override;

@@ -35,4 +35,9 @@ ProductInfObjChangesResult MemoryProduct::MakeRecalcChanges(const UniqueMetaObje
     return m_state->MakeSet(std::make_shared<CountChange>(key, embodiment, std::nullopt));
 }
 
+SharedText MemoryProduct::MakeCountNote(const UniqueMetaObjectKey& embodiment) const {
+    const SharedText name = NameEmbodiment(m_state->model, embodiment);
+    return name.IsEmpty() ? SharedText() : GetText(ProductText::CountGoesTo, {name});
+}
+
 } // namespace platform

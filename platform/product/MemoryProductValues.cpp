@@ -131,7 +131,12 @@ void MemoryProduct::TransmitToSource(
             part ? FindOwnValue(m_state->GetRules(), *part, number) : std::nullopt;
         if (!own)
             continue;
-        plan.SetValue({part->owner, number}, plan.GetHeld(*own).value_or(PropValue()));
+        const PropValue held = plan.GetHeld(*own).value_or(PropValue());
+        std::optional<PropValue> value =
+            FitShownValue(*m_state->properties.Get(number).record, held, shown);
+        if (!value)
+            continue;
+        plan.SetValue({part->owner, number}, *std::move(value));
         plan.TakeBySource(*own);
     }
     m_state->Do(

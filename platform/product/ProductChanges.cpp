@@ -152,12 +152,15 @@ bool CountChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     return true;
 }
 
+SharedText NameEmbodiment(const ProductModel& model, const UniqueMetaObjectKey& embodiment) {
+    const auto found = std::ranges::find(model.embodiments, embodiment, &EmbodimentRecord::key);
+    return found == model.embodiments.end()
+               ? SharedText()
+               : found->marking.Make(VariantMarkingData::MakeAll, false, false);
+}
+
 SharedText CountChange::MakeNote(const EditRules& rules) const {
-    const auto& embodiments = rules.model.embodiments;
-    const auto found = std::ranges::find(embodiments, m_embodiment, &EmbodimentRecord::key);
-    if (found == embodiments.end())
-        return {};
-    const SharedText name = found->marking.Make(VariantMarkingData::MakeAll, false, false);
+    const SharedText name = NameEmbodiment(rules.model, m_embodiment);
     return name.IsEmpty() ? SharedText() : GetText(ProductText::CountedIn, {name});
 }
 

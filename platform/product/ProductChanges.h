@@ -11,6 +11,9 @@
 
 namespace platform {
 
+/// Its designation; empty for an embodiment that the product lacks.
+SharedText NameEmbodiment(const ProductModel& model, const UniqueMetaObjectKey& embodiment);
+
 /// What changes are judged by.
 struct EditRules {
     const ProductModel& model;

@@ -26,6 +26,7 @@ enum class ProductText : unsigned {
     CountedIn = 1225,
     RefusedSum = 1226,
     RefusedTooManyParts = 1227,
+    CountGoesTo = 1228,
     LinkTitle = 1301,
     ItemPropertiesTitle = 1302,
     ItemPropertyLine = 1303,

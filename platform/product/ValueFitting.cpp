@@ -1,6 +1,7 @@
 #include "platform/product/ValueFitting.h"
 
 #include "host/IfPropertyDescription.h"
+#include "host/Numbers.h"
 #include "platform/values/Moments.h"
 #include "platform/values/Utf8.h"
 
@@ -9,6 +10,7 @@
 #include <boost/property_tree/ptree.hpp>
 #include <cmath>
 #include <limits>
+#include <sstream>
 #include <string_view>
 
 namespace platform {
@@ -16,6 +18,9 @@ namespace platform {
 namespace {
 
 using namespace value_type;
+
+/// Between the values that a group shows together.
+constexpr wchar_t c_listSeparator = L';';
 
 bool IsGoodCharacter(wchar_t c) {
     return c != 0 && IsCodePoint(static_cast<char32_t>(c));
@@ -205,6 +210,37 @@ std::optional<PropValue> FitMarking(const ObjectRecord& object, const PropValue&
             return std::nullopt;
     }
     return marking.IsEmpty() ? PropValue() : marking.GetPropValue();
+}
+
+std::optional<PropValue> FitShownValue(const PropertyRecord& property, const PropValue& held,
+                                       const PropValue& shown) {
+    // What members do not agree about is shown as nothing.
+    if (shown.IsEmpty())
+        return held;
+    const bool hasUnit = std::abs(property.unitCoefficient) >= Math::doubleRegion;
+    const bool isInteger = property.type == value_type::Integer;
+    const bool isConverted = hasUnit && (isInteger || property.type == value_type::Double);
+    SimplePropVal own = held.GetSimpleValue();
+    if (isConverted && !held.IsEmpty()) {
+        const double product = held.to_double() * property.unitCoefficient;
+        const bool isInt = isInteger && std::abs(product) <= std::numeric_limits<int>::max();
+        own = isInt ? SimplePropVal(static_cast<int>(product)) : SimplePropVal(product);
+    }
+    const std::wstring text = shown.to_wstring().Str();
+    const std::wstring ownText = own.to_wstring().Str();
+    std::wistringstream list(text);
+    for (std::wstring entry; std::getline(list, entry, c_listSeparator);) {
+        if (entry == ownText)
+            return held;
+    }
+    if (text == ownText)
+        return held;
+    const std::optional<double> number = FindNumber(shown.GetSimpleValue());
+    if (!isConverted || !number)
+        return FitValue(property, shown);
+    const double quotient = *number / property.unitCoefficient;
+    return FitValue(property,
+                    PropValue(SimplePropVal(isInteger ? std::trunc(quotient) : quotient)));
 }
 
 bool IsPresentValue(const PropValue& present, const PropValue& given) {

@@ -31,6 +31,12 @@ std::optional<PropValue> FitMoment(const PropValue& value);
 /// the object must stay as they are.
 std::optional<PropValue> FitMarking(const ObjectRecord& object, const PropValue& value);
 
+/// What a column shows, back in stored units, for a part that holds `held`. All digits are had
+/// again where the value is the one that the column shows of it, and a list of several values
+/// stands for the part's own among them. No value: the property does not take it.
+std::optional<PropValue> FitShownValue(const PropertyRecord& property, const PropValue& held,
+                                       const PropValue& shown);
+
 /// Whether the value given is the present one as a user sees it: a text property that holds a
 /// number is left alone by the number's text, and a format text by a value without one.
 bool IsPresentValue(const PropValue& present, const PropValue& given);

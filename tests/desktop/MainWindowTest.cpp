@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -158,6 +159,20 @@ TEST_F(MainWindowTest, EmbodimentsAreCountedInColumnsOfTheirOwn) {
     EXPECT_FALSE(Action("Counts of All Embodiments")->isEnabled());
     WindowFixture::Show(ProductOfEmbodiments());
     EXPECT_EQ(TextAt({0}, Column("Count")), "2");
+    const auto tip = [&](const QModelIndex& index) {
+        return index.data(Qt::ToolTipRole).toString().section('\n', -1);
+    };
+    // What the status line says afterwards is told before.
+    for (const QModelIndex& cell : {At({0}, Column("Count")), At({0, 0}, Column("Count"))}) {
+        EXPECT_TRUE(tip(cell).startsWith("A count that is typed here stands in embodiment"));
+        const QString name = tip(cell).section(' ', -1);
+        Tree().setCurrentIndex(cell);
+        Press(Qt::Key_F2);
+        Type("7");
+        Press(Qt::Key_Return);
+        EXPECT_EQ(m_window->statusBar()->currentMessage(), "Count in embodiment " + name);
+        Trigger("Undo");
+    }
     Trigger("Counts of All Embodiments");
     QApplication::processEvents();
     EXPECT_TRUE(Action("Counts of All Embodiments")->isChecked());

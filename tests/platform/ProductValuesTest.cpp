@@ -1,3 +1,4 @@
+#include "platform/product/ValueFitting.h"
 #include "tests/platform/AllocationCounter.h"
 #include "tests/support/GeneratedProduct.h"
 #include "tests/support/ProductBuilder.h"
@@ -368,7 +369,8 @@ TEST(BySource, AnOwnValueCanBeWrittenIntoTheObject) {
     EXPECT_TRUE(product->CanTransmitToSource(Key("b#2"), c_text));
     EXPECT_FALSE(product->CanTransmitToSource(Key("b"), c_text));
     EXPECT_FALSE(product->CanTransmitToSource(Key("a#1"), c_text));
-    product->TransmitToSource(c_text, {{Key("b#2"), PropValue(SimplePropVal(L"rounded"))},
+    // As a group gives it that shows several values.
+    product->TransmitToSource(c_text, {{Key("b#2"), PropValue(SimplePropVal(L"other;own"))},
                                        {Key("a#1"), PropValue(SimplePropVal(L"x"))}});
     EXPECT_EQ(Text(*product, "b", c_text), L"own");
     EXPECT_EQ(product->GetBySource(Ref("b#2", c_text)), true);
@@ -377,6 +379,26 @@ TEST(BySource, AnOwnValueCanBeWrittenIntoTheObject) {
     product->Undo();
     EXPECT_EQ(Text(*product, "b", c_text), L"object");
     EXPECT_EQ(Text(*product, "b#2", c_text), L"own");
+}
+
+TEST(BySource, AShownValueIsStoredAsItWasOrConverted) {
+    const auto stored = [](double coefficient, double held, const SimplePropVal& shown) {
+        platform::PropertyRecord property;
+        property.type = value_type::Double;
+        property.unitCoefficient = coefficient;
+        const auto fitted =
+            platform::FitShownValue(property, PropValue(SimplePropVal(held)), PropValue(shown));
+        return fitted ? fitted->to_double() : -1;
+    };
+    const double third = 1.0 / 3;
+    EXPECT_EQ(stored(1000, third, SimplePropVal(third * 1000)), third);
+    EXPECT_EQ(stored(1000, third, SimplePropVal(SimplePropVal(third * 1000).to_wstring())), third)
+        << "all digits come back";
+    EXPECT_EQ(stored(1000, third, SimplePropVal(250.0)), 0.25);
+    EXPECT_EQ(stored(1000, 2, SimplePropVal(L"1;2000")), 2);
+    EXPECT_EQ(stored(0, 2, SimplePropVal(3.5)), 3.5);
+    EXPECT_EQ(stored(1000, 2, SimplePropVal(L"1;3")), -1) << "no number";
+    EXPECT_EQ(stored(1000, 2, SimplePropVal()), 2) << "what members differ in";
 }
 
 TEST(Masses, FollowTheDensityWhereTheVolumeIsKnown) {
