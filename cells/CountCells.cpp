@@ -44,7 +44,7 @@ std::optional<double> ReadNumber(const std::wstring& text) {
         if (text[i] > L'\x7F')
             return std::nullopt;
         if (i > begin || text[i] != L'+')
-            bytes.push_back(static_cast<char>(text[i]));
+            bytes.push_back(text[i] == L',' ? '.' : static_cast<char>(text[i]));
     }
     double number = 0;
     const char* const end = bytes.data() + bytes.size();

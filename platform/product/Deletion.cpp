@@ -9,14 +9,11 @@ namespace {
 
 using Keys = std::vector<UniqueMetaObjectKey>;
 
-bool HasRow(const PartEntry* use) {
-    return use->isShown;
-}
-
 } // namespace
 
-Deletion::Deletion(const ProductIndex& index, const std::set<UniqueMetaObjectKey>& keys)
-    : m_index(index) {
+Deletion::Deletion(const ProductIndex& index, const RowRules& rows,
+                   const std::set<UniqueMetaObjectKey>& keys)
+    : m_index(index), m_rows(rows) {
     std::unordered_map<const PartEntry*, Parts> usesToGo;
     Parts objectsToGo;
     for (const UniqueMetaObjectKey& key : keys) {
@@ -50,12 +47,9 @@ void Deletion::TakeObject(const PartEntry& object) {
             continue;
         m_object = m_object ? m_object : next;
         m_objects.push_back(next->key);
-        std::size_t rows = 0;
-        for (const PartEntry& use : m_index.GetUsesOf(*next)) {
+        for (const PartEntry& use : m_index.GetUsesOf(*next))
             m_gone.insert(&use);
-            rows += HasRow(&use) ? 1 : 0;
-        }
-        m_rowCount += std::max<std::size_t>(rows, 1);
+        m_rowCount += m_rows.CountRows(*next);
         const auto billets = m_index.GetBillets(next->key);
         open.insert(open.end(), billets.begin(), billets.end());
     }
@@ -64,7 +58,8 @@ void Deletion::TakeObject(const PartEntry& object) {
 void Deletion::TakeUses(const PartEntry& object, const Parts& uses) {
     m_object = m_object ? m_object : &object;
     m_gone.insert(uses.begin(), uses.end());
-    m_rowCount += static_cast<std::size_t>(std::ranges::count_if(uses, HasRow));
+    m_rowCount += static_cast<std::size_t>(
+        std::ranges::count_if(uses, [this](const PartEntry* use) { return m_rows.HasRow(*use); }));
     Keys keys;
     for (const PartEntry* const use : uses)
         keys.push_back(use->key);

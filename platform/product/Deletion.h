@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/product/ModelEdits.h"
+#include "platform/product/RowRules.h"
 
 #include <memory>
 #include <set>
@@ -16,11 +17,14 @@ class Deletion final {
 public:
     /// Keys of the root and of nothing are passed over. The index must stay as it is for as long as
     /// the deletion is used.
-    Deletion(const ProductIndex& index, const std::set<UniqueMetaObjectKey>& keys);
+    Deletion(const ProductIndex& index, const RowRules& rows,
+             const std::set<UniqueMetaObjectKey>& keys);
 
     bool IsEmpty() const { return m_gone.empty(); }
-    /// Rows that go: occurrences that have one, and objects without any.
-    std::size_t GetRowCount() const { return m_rowCount; }
+    /// Rows that go, groups' own apart; at least one, since something was chosen to go.
+    std::size_t GetRowCount() const {
+        return IsEmpty() || m_rowCount > 0 ? m_rowCount : std::size_t{1};
+    }
     /// All keys are of one object or its occurrences, whatever goes along with it.
     bool IsOneObject(const std::set<UniqueMetaObjectKey>& keys) const;
     /// One of the objects that are deleted or lose occurrences; null when there is none.
@@ -40,6 +44,7 @@ private:
     std::vector<PartGroup> FindGroups() const;
 
     const ProductIndex& m_index;
+    const RowRules& m_rows;
     /// Objects and uses.
     std::unordered_set<const PartEntry*> m_gone;
     std::vector<UniqueMetaObjectKey> m_objects;

@@ -27,7 +27,8 @@ bool MemoryProduct::IsRecalcAvailable(const PropertyRef& ref) const {
     if (!part || !part->hasCounts || IsReadOnly(ref))
         return false;
     const CountRecord* const typed = m_state->counts.FindTyped(*part, ref.secondKey);
-    return typed && !(m_state->counts.WorkOut(*part, ref.secondKey).to_wstring() == typed->count);
+    return typed &&
+           !(m_state->counts.WorkOutShown(*part, ref.secondKey).to_wstring() == typed->count);
 }
 
 ProductInfObjChangesResult MemoryProduct::MakeRecalcChanges(const UniqueMetaObjectKey& key,

@@ -38,6 +38,11 @@ std::vector<Slot> FindHolders(const EditRules& rules, const std::vector<Property
     return holders;
 }
 
+void ForgetTypedCounts(const PartEntry& part, ValuePlan& plan) {
+    for (const CountRecord& typed : part.record->counts)
+        plan.SetCount(part, typed.embodiment, std::nullopt);
+}
+
 } // namespace
 
 bool MemoryProduct::IsHypertext(const PropertyRef& ref) const {
@@ -110,6 +115,12 @@ void MemoryProduct::DestroyHypertext(const std::vector<PropertyRef>& refs) {
     for (const Slot& holder : holders) {
         plan.SetValue(holder, plan.GetShown().Get(*holder.part, holder.number));
         plan.SetLink(holder, std::nullopt);
+        // What was typed before the link came stays forgotten.
+        if (holder.number == number::count) {
+            ForgetTypedCounts(*holder.part, plan);
+            for (const PartEntry& use : m_state->index.GetUsesOf(*holder.part))
+                ForgetTypedCounts(use, plan);
+        }
     }
     m_state->Do({GetText(ProductText::LinkRemoval), plan.MakeEdits()});
 }

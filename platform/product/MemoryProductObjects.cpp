@@ -13,7 +13,6 @@ namespace platform {
 namespace {
 
 constexpr int c_otherIcon = 26;
-constexpr int c_documentation = 5;
 /// CM_2D_COMPONENT_EDIT_OUT_PLACE.
 constexpr int c_editInOwnWindow = 7020;
 
@@ -90,7 +89,7 @@ bool MemoryProduct::IsExcludedFromCount(const UniqueMetaObjectKey& key) const {
 }
 
 DeleteInfo MemoryProduct::GetDeleteInfo(const std::set<UniqueMetaObjectKey>& keys) const {
-    const Deletion deletion(m_state->index, keys);
+    const Deletion deletion(m_state->index, m_state->rows, keys);
     DeleteInfo info;
     info.count = static_cast<int>(deletion.GetRowCount());
     if (deletion.IsOneObject(keys))
@@ -101,7 +100,7 @@ DeleteInfo MemoryProduct::GetDeleteInfo(const std::set<UniqueMetaObjectKey>& key
 bool MemoryProduct::DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) {
     if (m_state->IsStructureFixed())
         return false;
-    const Deletion deletion(m_state->index, keys);
+    const Deletion deletion(m_state->index, m_state->rows, keys);
     if (deletion.IsEmpty())
         return false;
     SharedText name =
@@ -185,9 +184,8 @@ bool MemoryProduct::CanStartPositions() const {
 
 bool MemoryProduct::CanSetPosition(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && part->isUsedInCurrentStyle &&
-           !part->object->record->keepsOwnPosition &&
-           !m_state->GetRules().IsFixed(*part, number::position);
+    return part && !part->isRoot && !part->object->record->keepsOwnPosition &&
+           m_state->rows.IsNumberedAt(*part) && m_state->TakesNumber(*part->owner);
 }
 
 bool MemoryProduct::KeepsOwnPosition(const UniqueMetaObjectKey& key) const {
@@ -197,22 +195,14 @@ bool MemoryProduct::KeepsOwnPosition(const UniqueMetaObjectKey& key) const {
 
 bool MemoryProduct::CanClearPosition(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && !CanSetPosition(key) &&
-           !part->object->record->keepsOwnPosition &&
-           !m_state->GetRules().IsFixed(*part, number::position) &&
+    return part && !part->isRoot && m_state->IsPositionFree(*part->owner) &&
+           m_state->rows.IsNumbered(*part->owner) &&
+           !m_state->TakesNumber(*part->owner) &&
            !ShownValues(m_state->index).Get(*part, number::position).IsEmpty();
 }
 
 bool MemoryProduct::IsSectionNumbered(const SPCSection& section) const {
-    // A block of the whole document names its section behind the section's own numbers.
-    const int number = section.numbers[0] != 0 ? section.numbers[0] : section.numbers[2];
-    if (m_state->model.style) {
-        for (const StyleSectionRecord& record : m_state->model.style->sections) {
-            if (record.number == number && record.isNumbered)
-                return *record.isNumbered;
-        }
-    }
-    return number != c_documentation;
+    return m_state->rows.IsSectionNumbered(section);
 }
 
 } // namespace platform

@@ -17,7 +17,7 @@ struct MemoryProduct::State {
 
     /// Everything is made anew from the model, whatever was done to it.
     void Renew();
-    EditRules GetRules() const { return {model, index, properties, counts}; }
+    EditRules GetRules() const { return {model, index, properties, rows, counts}; }
     /// The caption of the property, else its path.
     SharedText GetCaption(unsigned long number) const;
     const PropertyTraits& GetTraits(const PropertyRef& ref) {
@@ -28,6 +28,10 @@ struct MemoryProduct::State {
     static bool IsCount(const PropertyTraits& property, const PropertyRef& ref) {
         return property.number == number::count && !ref.secondKey.IsEmpty();
     }
+    /// The object's position can be written.
+    bool IsPositionFree(const PartEntry& object) const;
+    /// The row of the object takes a number when all rows are numbered.
+    bool TakesNumber(const PartEntry& object) const;
     /// The set that holds the change, when there is something to change.
     ProductInfObjChangesResult MakeSet(std::shared_ptr<const ProductChange> change) const;
 
@@ -47,7 +51,8 @@ struct MemoryProduct::State {
     MemoryAggregator aggregator{index, model};
     ModelEmbodiments embodiments{model};
     PropertyLookup properties;
-    PartCounts counts{model, index};
+    RowRules rows{model, index};
+    PartCounts counts{model, index, rows};
     std::unique_ptr<SpcDescription> style;
     std::unique_ptr<PropertyDescriptions> descriptions;
     /// Those of earlier states of the document: whoever holds them may do so until BeginRebuild.

@@ -47,36 +47,8 @@ std::optional<double> ToNumber(const SharedText& text) {
     return FindNumber(SimplePropVal(SharedText(std::move(withPoint))));
 }
 
-const PartAttributes& AttributesOf(const PartEntry& part) {
-    return part.hasHandler ? part.part->attributes : PartHandler::c_defaultAttrs;
-}
-
-bool IsInProduct(const PartEntry& part) {
-    return part.hasCalculator ? part.isCalculatedInProduct : AttributesOf(part).inProduct;
-}
-
 bool IsCountedOut(const PartEntry& part) {
     return part.hasAggrIntoProduct && !part.isAggrIntoProduct;
-}
-
-BilletKind BilletKindOf(const PartEntry& object) {
-    return object.object->record->billet;
-}
-
-template <class T>
-int Order(const T& a, const T& b) {
-    return a < b ? -1 : b < a ? 1 : 0;
-}
-
-/// 0 for objects that the host's comparator calls alike.
-int CompareLikeness(const PartEntry& a, const PartEntry& b) {
-    const GroupingRecord& record = a.object->grouping;
-    const GroupingRecord& other = b.object->grouping;
-    if (const int order = Order(record.hash, other.hash))
-        return order;
-    if (const int order = CompareRecords(record, other))
-        return order;
-    return HasIdentity(record) ? 0 : Order(a.key, b.key);
 }
 
 } // namespace
@@ -120,6 +92,20 @@ PropValue PartCounts::WorkOut(const PartEntry& part, const UniqueMetaObjectKey& 
     return part.isUse ? PropValue(SimplePropVal(GetOne())) : PropValue();
 }
 
+PropValue PartCounts::WorkOutShown(const PartEntry& part,
+                                   const UniqueMetaObjectKey& embodiment) const {
+    const std::vector<UniqueMetaObjectKey>& current = m_index.GetTopParts().GetCurrentKeys();
+    const Keys embodiments(current.begin(), current.end());
+    const bool isOfAll = !m_model.embodimentMode && IsGroup(part) && !embodiments.empty() &&
+                         *embodiments.begin() == embodiment;
+    return isOfAll ? SumOfGroup(part, embodiments) : WorkOut(part, embodiment);
+}
+
+PropValue PartCounts::SumOfGroup(const PartEntry& part, const Keys& embodiments) const {
+    return Sum(part,
+               [&](const PartEntry& use) { return Get(use, FindEmbodiment(use, embodiments)); });
+}
+
 UniqueMetaObjectKey PartCounts::FindEmbodiment(const PartEntry& part,
                                                const Keys& embodiments) const {
     if (embodiments.size() < 2)
@@ -142,16 +128,15 @@ PropValue PartCounts::GetOfGroup(const PartEntry& part, const Keys& embodiments)
         return Get(part, FindEmbodiment(part, embodiments));
     if (FindTyped(part, *embodiments.begin()))
         return Get(part, *embodiments.begin());
-    return Sum(part,
-               [&](const PartEntry& use) { return Get(use, FindEmbodiment(use, embodiments)); });
+    return SumOfGroup(part, embodiments);
 }
 
 bool PartCounts::IsGroup(const PartEntry& part) const {
     if (part.isUse || part.isRoot)
         return false;
-    for (const PartEntry* const object : GetLikeObjects(part)) {
+    for (const PartEntry* const object : m_rows.GetRowMates(part)) {
         for (const PartEntry& use : m_index.GetUsesOf(*object)) {
-            if (HasRow(use))
+            if (m_rows.HasRow(use))
                 return true;
         }
     }
@@ -171,25 +156,12 @@ bool PartCounts::IsIn(const PartEntry& part, const UniqueMetaObjectKey& embodime
            std::ranges::any_of(uses, [&](const PartEntry& use) { return IsIn(use, embodiment); });
 }
 
-/// As the panel's sorter has it. Who has no row is seen in no sum.
-bool PartCounts::HasRow(const PartEntry& use) const {
-    if (!m_index.IsInTopParts(use, m_index.GetTopParts().GetCurrentKeys()))
-        return false;
-    if (BilletKindOf(use) != BilletKind::None)
-        return use.isUsedInAnyStyle;
-    const PartAttributes& attributes = AttributesOf(use);
-    const bool isHidden = IsSpecificationKind(use.kind) &&
-                          (attributes.hiddenA || attributes.hiddenB || !IsInProduct(use));
-    const bool isObjectGone = use.owner->hasHandler && !IsInProduct(*use.owner);
-    return use.isShown && !IsRowlessKind(use.kind) && !use.isPhantom && !isHidden && !isObjectGone;
-}
-
 PropValue PartCounts::Sum(const PartEntry& object, const CountOf& count) const {
     double sum = 0;
     bool hasAny = false;
-    for (const PartEntry* const like : GetLikeObjects(object)) {
+    for (const PartEntry* const like : m_rows.GetRowMates(object)) {
         for (const PartEntry& use : m_index.GetUsesOf(*like)) {
-            if (IsCountedOut(use) || !HasRow(use))
+            if (IsCountedOut(use) || !m_rows.HasRow(use))
                 continue;
             const PropValue value = count(use);
             if (value.IsEmpty())
@@ -202,60 +174,6 @@ PropValue PartCounts::Sum(const PartEntry& object, const CountOf& count) const {
         }
     }
     return hasAny ? PropValue(SimplePropVal(ToText(sum))) : PropValue();
-}
-
-std::span<const PartEntry* const> PartCounts::GetLikeObjects(const PartEntry& object) const {
-    if (!m_areClassesMade)
-        MakeClasses();
-    const auto [begin, end] =
-        m_classes[static_cast<std::size_t>(&object - m_index.GetObjects().data())];
-    return std::span(m_byLikeness).subspan(begin, end - begin);
-}
-
-/// Billets are alike where their owners are, too. Objects that are never in a group with another,
-/// and manual billets among them, are like themselves alone.
-void PartCounts::MakeClasses() const {
-    const auto isSeparate = [this](const PartEntry& object) {
-        const PartEntry* const speaker =
-            object.isInGroup ? m_index.Find(object.record->groupKey) : &object;
-        return (speaker && AttributesOf(*speaker).separate) ||
-               BilletKindOf(object) == BilletKind::Manual;
-    };
-    const auto compare = [&](const PartEntry* a, const PartEntry* b) {
-        if (const int order = Order(isSeparate(*a), isSeparate(*b)))
-            return order;
-        if (isSeparate(*a))
-            return Order(a, b);
-        if (const int order = CompareLikeness(*a, *b))
-            return order;
-        if (const int order = Order(BilletKindOf(*a), BilletKindOf(*b)))
-            return order;
-        if (BilletKindOf(*a) == BilletKind::None)
-            return 0;
-        const PartEntry* const owner = m_index.Find(a->object->record->billetOwner);
-        const PartEntry* const other = m_index.Find(b->object->record->billetOwner);
-        return owner && other ? CompareLikeness(*owner, *other) : Order(owner, other);
-    };
-
-    const std::span<const PartEntry> objects = m_index.GetObjects();
-    m_byLikeness.clear();
-    m_byLikeness.reserve(objects.size());
-    for (const PartEntry& object : objects)
-        m_byLikeness.push_back(&object);
-    std::sort(m_byLikeness.begin(), m_byLikeness.end(),
-              [&](const PartEntry* a, const PartEntry* b) { return compare(a, b) < 0; });
-
-    m_classes.assign(objects.size(), {});
-    for (std::size_t begin = 0; begin < m_byLikeness.size();) {
-        std::size_t end = begin + 1;
-        while (end < m_byLikeness.size() && compare(m_byLikeness[begin], m_byLikeness[end]) == 0)
-            ++end;
-        for (std::size_t i = begin; i < end; ++i)
-            m_classes[static_cast<std::size_t>(m_byLikeness[i] - objects.data())] = {
-                static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end)};
-        begin = end;
-    }
-    m_areClassesMade = true;
 }
 
 } // namespace platform

@@ -6,11 +6,11 @@
 // nothing where one of them counts no number.
 #pragma once
 
+#include "platform/product/RowRules.h"
 #include "platform/product/ShownValues.h"
 
 #include <functional>
 #include <set>
-#include <span>
 
 namespace platform {
 
@@ -18,12 +18,9 @@ class PartCounts {
 public:
     using Keys = std::set<UniqueMetaObjectKey>;
 
-    /// Both must outlive it and belong together.
-    PartCounts(const ProductModel& model, const ProductIndex& index)
-        : m_model(model), m_index(index) {}
-
-    /// Parts have come or gone, or other objects are alike.
-    void Forget() { m_areClassesMade = false; }
+    /// All must outlive it and belong together.
+    PartCounts(const ProductModel& model, const ProductIndex& index, const RowRules& rows)
+        : m_model(model), m_index(index), m_rows(rows) {}
 
     /// Something is counted under that key: an embodiment, or the root where there is none.
     bool IsCounted(const UniqueMetaObjectKey& embodiment) const;
@@ -31,6 +28,9 @@ public:
     PropValue Get(const PartEntry& part, const UniqueMetaObjectKey& embodiment) const;
     /// As if nothing was typed for the part itself.
     PropValue WorkOut(const PartEntry& part, const UniqueMetaObjectKey& embodiment) const;
+    /// As the column of that embodiment shows it: outside of embodiment mode the column of the
+    /// first one stands for all of them, and adds up the counts of a group over them.
+    PropValue WorkOutShown(const PartEntry& part, const UniqueMetaObjectKey& embodiment) const;
     /// What was typed for the part, or for the group that its key stands for; null for nothing.
     const CountRecord* FindTyped(const PartEntry& part,
                                  const UniqueMetaObjectKey& embodiment) const;
@@ -49,19 +49,12 @@ private:
 
     bool IsGroup(const PartEntry& part) const;
     bool IsIn(const PartEntry& part, const UniqueMetaObjectKey& embodiment) const;
-    bool HasRow(const PartEntry& use) const;
     PropValue Sum(const PartEntry& object, const CountOf& count) const;
-    /// The objects that are like this one, itself among them.
-    std::span<const PartEntry* const> GetLikeObjects(const PartEntry& object) const;
-    void MakeClasses() const;
+    PropValue SumOfGroup(const PartEntry& part, const Keys& embodiments) const;
 
     const ProductModel& m_model;
     const ProductIndex& m_index;
-    /// All objects, like ones next to each other, and by an object's place among all of them the
-    /// places of the first and behind the last of its kind.
-    mutable std::vector<const PartEntry*> m_byLikeness;
-    mutable std::vector<std::pair<std::uint32_t, std::uint32_t>> m_classes;
-    mutable bool m_areClassesMade = false;
+    const RowRules& m_rows;
 };
 
 } // namespace platform

@@ -32,7 +32,7 @@ void PutToGroup(const EditRules& rules, const PartEntry& object, const PropValue
                 ValuePlan& plan) {
     if (object.object->record->keepsOwnPosition)
         return;
-    for (const PartEntry* const like : rules.index.GetLikeObjects(object)) {
+    for (const PartEntry* const like : rules.rows.GetRowMates(object)) {
         const Slot slot{like, number::position};
         const bool isFree = !like->object->record->keepsOwnPosition &&
                             !rules.IsFixed(*like, number::position) && !plan.IsLinked(slot);
@@ -145,7 +145,7 @@ bool CountChange::Plan(const EditRules& rules, ValuePlan& plan) const {
         else if (!rules.counts.FindTyped(*part, m_embodiment))
             plan.Refuse(ProductText::RefusedNoTypedCount);
         // What would be so anyhow is not kept, and follows the product from then on.
-        if (count && *count == rules.counts.WorkOut(*part, m_embodiment).to_wstring())
+        if (count && *count == rules.counts.WorkOutShown(*part, m_embodiment).to_wstring())
             count.reset();
     }
     plan.SetCount(*part, m_embodiment, std::move(count));

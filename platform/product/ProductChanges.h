@@ -19,6 +19,7 @@ struct EditRules {
     const ProductModel& model;
     const ProductIndex& index;
     const PropertyLookup& properties;
+    const RowRules& rows;
     const PartCounts& counts;
 
     /// Nothing can be written to the property of that part.

@@ -10,14 +10,6 @@ namespace platform {
 
 namespace {
 
-/// The object shares its row with like ones. Billets stand with their owners, and of an object in a
-/// group of like parts that group has the attributes.
-bool IsGrouped(const PartEntry& object) {
-    return !object.isRoot && !object.isUse && !object.isInGroup &&
-           object.object->record->billet == BilletKind::None && !object.part->attributes.separate &&
-           HasIdentity(object.object->grouping);
-}
-
 std::span<const PartEntry* const> FindLinks(const IndexTables::Links& links,
                                             const UniqueMetaObjectKey& key) {
     if (links.empty())
@@ -42,7 +34,6 @@ void ProductIndex::Rearrange(const ProductModel& model) {
 void ProductIndex::Make(const ProductModel& model, bool areRecordsKnown) {
     m_last = nullptr;
     m_readAhead.Forget();
-    m_likeObjects.clear();
     m_currentStyle = model.styleId;
     m_tables = IndexBuilder(m_tables, {m_layouts, m_sharedParts, m_sharedSections}, areRecordsKnown)
                    .Build(model);
@@ -72,29 +63,7 @@ bool ProductIndex::Regroup(const PartEntry& object, const SharedText& name,
     if (grouping == entry.grouping)
         return false;
     entry.grouping = std::move(grouping);
-    m_likeObjects.clear();
     return true;
-}
-
-std::vector<const PartEntry*> ProductIndex::GetLikeObjects(const PartEntry& object) const {
-    if (!IsGrouped(object))
-        return {&object};
-    if (m_likeObjects.empty()) {
-        for (const PartEntry& part : GetObjects()) {
-            if (IsGrouped(part))
-                m_likeObjects[part.object->grouping.hash].push_back(&part);
-        }
-    }
-    const GroupingRecord& grouping = object.object->grouping;
-    std::vector<const PartEntry*> like;
-    for (const PartEntry* const part : m_likeObjects[grouping.hash]) {
-        const GroupingRecord& other = part->object->grouping;
-        // Standard parts are alike over the blocks of their section, but each block has its rows.
-        if (other.section.numbers == grouping.section.numbers &&
-            CompareRecords(other, grouping) == 0)
-            like.push_back(part);
-    }
-    return like;
 }
 
 const PartEntry* ProductIndex::FindAnew(const UniqueMetaObjectKey& key) const {

@@ -64,10 +64,6 @@ public:
     const std::vector<const PartEntry*>& GetObjectsByKey() const { return m_tables.objectsByKey; }
     const std::vector<const PartEntry*>& GetUsesByKey() const { return m_tables.usesByKey; }
 
-    /// The objects that stand in one group row with the object in every document that lays them
-    /// out, itself among them: a position is theirs together.
-    std::vector<const PartEntry*> GetLikeObjects(const PartEntry& object) const;
-
     const TopParts& GetTopParts() const { return m_topParts; }
     /// The part is a use and stands in one of these top parts.
     bool IsInTopParts(const PartEntry& part, const std::vector<UniqueMetaObjectKey>& topKeys) const;
@@ -91,9 +87,6 @@ private:
     SharedParts m_sharedParts;
     SharedSections m_sharedSections;
     TopParts m_topParts;
-    /// Objects that are alike, by the hash of what they are grouped by. Made when they are asked
-    /// for after something has changed.
-    mutable std::unordered_map<std::size_t, std::vector<const PartEntry*>> m_likeObjects;
     /// What was found last.
     mutable const PartEntry* m_last = nullptr;
     mutable ReadAhead m_readAhead;

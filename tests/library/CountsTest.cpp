@@ -97,8 +97,8 @@ Product OfAllKinds(bool embodimentMode) {
                          .CountMark()
                          .Use("x1")
                          .CountMark()
-                         .Count("e", L"0.0")
-                         .Count("f", L"0.5"));
+                         .Count("e", L"0,0")
+                         .Count("f", L"0,5"));
 }
 
 TEST(Counts, AreNumbersMarksOrNothing) {

@@ -120,6 +120,42 @@ TEST(ProductCounts, AGroupAddsUpNumbersAlone) {
     EXPECT_EQ(Count(*product, "screw", "f"), L"3") << "the like objects are found again";
 }
 
+TEST(ProductCounts, AGroupsTypedCountIsJudgedByWhatItsColumnShows) {
+    const auto product = TwoEmbodiments().Make();
+    const auto shown = [&] {
+        return product->GetGroupCount(Key("screw"), {Key("e"), Key("f")}).to_wstring().Str();
+    };
+    const auto isTyped = [&] { return product->IsRecalcAvailable(Ref("screw", "e")); };
+    EXPECT_EQ(shown(), L"4");
+    // As many as the first embodiment alone has.
+    EXPECT_TRUE(Type(*product, "screw", "e", L"3"));
+    EXPECT_EQ(shown(), L"3");
+    EXPECT_TRUE(isTyped());
+    EXPECT_TRUE(Type(*product, "screw", "e", L"4"));
+    EXPECT_EQ(shown(), L"4");
+    EXPECT_FALSE(isTyped());
+}
+
+TEST(ProductCounts, ARemovedLinkBringsNoOlderTypedCountBack) {
+    const auto product = Product()
+                             .Object("a")
+                             .Value(L"count", SimplePropVal(L"9"))
+                             .Object("b")
+                             .Count("root", L"7")
+                             .Link(L"count", "a", L"count")
+                             .Object("c")
+                             .Link(L"count", "a", L"count")
+                             .Uses()
+                             .Count("root", L"6")
+                             .Make();
+    const PropertyRef b{Key("b"), {}, L"count", {}};
+    product->DestroyHypertext({b, {Key("c"), {}, L"count", {}}});
+    EXPECT_EQ(Count(*product, "b", "root"), L"9");
+    EXPECT_EQ(Count(*product, "c#1", "root"), L"9");
+    product->Undo();
+    EXPECT_TRUE(product->IsHypertext(b));
+}
+
 TEST(ProductCounts, ALinkedCountIsThatOfTheOtherObject) {
     const auto product =
         TwoEmbodiments().Object("can").Count("e", L"5").Link(L"count", "oil", L"count").Make();

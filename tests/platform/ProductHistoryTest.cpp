@@ -46,9 +46,9 @@ TEST(ProductDeletion, TakesAlongWhatCannotStayAndBringsItBackInPlace) {
     } const cases[] = {
         {{Key("a#2")}, "a:2 b:1 c:2 raw:0 bar:1 d:0 ", SharedText(L"A"), 1},
         {{Key("a#1"), Key("a#3")}, "a:1 b:1 c:2 raw:0 bar:1 d:0 ", SharedText(L"A"), 2},
-        {{Key("a#1"), Key("a#2"), Key("a#3")}, "b:1 c:2 d:0 ", SharedText(L"A"), 5},
-        {{Key("a")}, "b:1 c:2 d:0 ", SharedText(L"A"), 5},
-        {{Key("raw"), Key("c#1")}, "a:3 b:1 c:1 d:0 ", std::nullopt, 3},
+        {{Key("a#1"), Key("a#2"), Key("a#3")}, "b:1 c:2 d:0 ", SharedText(L"A"), 4},
+        {{Key("a")}, "b:1 c:2 d:0 ", SharedText(L"A"), 4},
+        {{Key("raw"), Key("c#1")}, "a:3 b:1 c:1 d:0 ", std::nullopt, 2},
         {{Key("b#1")}, "a:3 c:2 raw:0 bar:1 d:0 ", SharedText(L"B"), 1},
         {{Key("root"), Key("gone")}, "a:3 b:1 c:2 raw:0 bar:1 d:0 ", std::nullopt, 0}};
     for (const auto& sample : cases) {
