@@ -200,46 +200,16 @@ TreeActionResult CountCellImpl::OnValueEdited() {
         });
 }
 
-TreeActionResult CountCellImpl::OnHypertextActivated() {
-    TreeActionResult result;
-    ExecHypertextCommand(commands::editHypertext, result);
-    return result;
-}
-
-void CountCellImpl::ExecHypertextCommand(int command, TreeActionResult& out) {
-    out.action = TreeActionResult::Nothing;
-    if (command == commands::destroyHypertext) {
-        m_data->DestroyHypertext({MakeCountRef()});
-        out.action = TreeActionResult::ValuesChanged;
-        return;
-    }
-    if (m_key.IsEmpty())
-        return;
-    const bool isEdit = command == commands::editHypertext;
-    const bool isChanged = isEdit ? m_data->EditHypertext({MakeCountRef()})
-                                  : m_data->InsertHypertext({MakeCountRef()});
-    if (!isChanged)
-        return;
-    out.action = TreeActionResult::Synchronise;
-    if (isEdit)
-        out.selectKey = m_key;
+LinkTargets CountCellImpl::MakeLinkTargets() const {
+    return {{MakeCountRef()}, {MakeCountRef()}, {}, m_key, !m_key.IsEmpty()};
 }
 
 bool CountCellImpl::ExecCommand(int command, TreeActionResult& out) {
-    switch (command) {
-    case commands::insertHypertext:
-    case commands::destroyHypertext:
-    case commands::editHypertext:
-        ExecHypertextCommand(command, out);
-        return true;
-    case commands::recalcValue: {
-        ProductInfObjChangesResult changes = m_data->MakeRecalcChanges(m_key, m_embodimentKey);
-        out.action = Commit(changes) ? TreeActionResult::Synchronise : TreeActionResult::Nothing;
-        return true;
-    }
-    default:
+    if (command != commands::recalcValue)
         return ProductTreeCellImpl::ExecCommand(command, out);
-    }
+    ProductInfObjChangesResult changes = m_data->MakeRecalcChanges(m_key, m_embodimentKey);
+    out.action = Commit(changes) ? TreeActionResult::Synchronise : TreeActionResult::Nothing;
+    return true;
 }
 
 std::set<int> CountCellImpl::GetAvailableCommands() {

@@ -32,7 +32,6 @@ public:
     bool IsHypertextActive() override;
     /// A count that comes or goes builds the rows anew.
     TreeActionResult OnValueEdited() override;
-    TreeActionResult OnHypertextActivated() override;
     bool ExecCommand(int command, TreeActionResult& out) override;
     /// A count can be worked out again even where it can't be typed.
     std::set<int> GetAvailableCommands() override;
@@ -46,7 +45,7 @@ private:
     bool IsCountedOut() const;
     bool IsBlank() const;
     void ShowMark(bool isSet);
-    void ExecHypertextCommand(int command, TreeActionResult& out);
+    LinkTargets MakeLinkTargets() const override;
 
     UniqueMetaObjectKey m_embodimentKey;
 };

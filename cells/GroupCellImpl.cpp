@@ -209,26 +209,12 @@ GroupCellImpl::SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTre
     return changes;
 }
 
-TreeActionResult GroupCellImpl::OnHypertextActivated() {
-    TreeActionResult result;
-    ExecHypertextCommand(commands::editHypertext, result);
-    return result;
-}
-
 bool GroupCellImpl::ExecCommand(int command, TreeActionResult& out) {
-    switch (command) {
-    case commands::insertHypertext:
-    case commands::destroyHypertext:
-    case commands::editHypertext:
-        ExecHypertextCommand(command, out);
-        return true;
-    case commands::transmitToSource:
-        m_data->TransmitToSource(m_column.GetId(), GetItem().GetValuesToTransmit(m_column.GetId()));
-        out.action = TreeActionResult::Synchronise;
-        return true;
-    default:
+    if (command != commands::transmitToSource)
         return ProductTreeCellImpl::ExecCommand(command, out);
-    }
+    m_data->TransmitToSource(m_column.GetId(), GetItem().GetValuesToTransmit(m_column.GetId()));
+    out.action = TreeActionResult::Synchronise;
+    return true;
 }
 
 bool GroupCellImpl::CanTransmitToSource() {
@@ -250,26 +236,16 @@ PropertyRef GroupCellImpl::MakeMemberForm() const {
 }
 
 // No row is selected afterwards: the group row stays the selected one.
-void GroupCellImpl::ExecHypertextCommand(int command, TreeActionResult& out) {
+LinkTargets GroupCellImpl::MakeLinkTargets() const {
     const PropertyRef form = MakeMemberForm();
     std::vector<UniqueMetaObjectKey> with;
     std::vector<UniqueMetaObjectKey> without;
     GetItem().SplitByHypertext(with, without, form.propertyId);
-    out.action = TreeActionResult::Nothing;
-    if (command == commands::destroyHypertext) {
-        out.action = TreeActionResult::ValuesChanged;
-        m_data->DestroyHypertext(MakeRefs(with, form));
-        return;
-    }
-    bool changed = false;
-    if (command == commands::editHypertext) {
-        changed = m_data->EditHypertext(MakeRefs(with, form));
-    } else {
-        with.insert(with.end(), without.begin(), without.end());
-        changed = m_data->InsertHypertext(MakeRefs(with, form));
-    }
-    if (changed)
-        out.action = TreeActionResult::Synchronise;
+    LinkTargets targets;
+    targets.linked = MakeRefs(with, form);
+    with.insert(with.end(), without.begin(), without.end());
+    targets.all = MakeRefs(with, form);
+    return targets;
 }
 
 } // namespace productTree

@@ -39,7 +39,6 @@ public:
     bool IsHypertextActive() override;
     ProductInfObjChangesResult
     SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows) override;
-    TreeActionResult OnHypertextActivated() override;
     bool ExecCommand(int command, TreeActionResult& out) override;
     /// As soon as one child row can.
     bool CanTransmitToSource() override;
@@ -62,8 +61,7 @@ protected:
 private:
     /// A reference to the value of each member, but for its key.
     virtual PropertyRef MakeMemberForm() const;
-    /// Inserts, edits or destroys the links of the members.
-    void ExecHypertextCommand(int command, TreeActionResult& out);
+    LinkTargets MakeLinkTargets() const override;
     SharedText ListAllValues() const;
     SimplePropVal FindCommonValue() const;
 

@@ -76,7 +76,7 @@ ProductTreeCellImpl::SetBySource(bool bySource,
 
 TreeActionResult ProductTreeCellImpl::OnHypertextActivated() {
     TreeActionResult result;
-    EditHypertext(result);
+    ExecLinkCommand(*m_data, commands::editHypertext, MakeLinkTargets(), result);
     return result;
 }
 
@@ -86,20 +86,11 @@ TreeActionResult ProductTreeCellImpl::OnPopupCommand(int) {
 
 bool ProductTreeCellImpl::ExecCommand(int command, TreeActionResult& out) {
     out.action = TreeActionResult::Nothing;
+    if (IsLinkCommand(command)) {
+        ExecLinkCommand(*m_data, command, MakeLinkTargets(), out);
+        return true;
+    }
     switch (command) {
-    case commands::insertHypertext:
-        if (!m_key.IsEmpty() && m_data->InsertHypertext({MakeRef()})) {
-            out.selectKey = m_key;
-            out.action = TreeActionResult::Synchronise;
-        }
-        return true;
-    case commands::destroyHypertext:
-        m_data->DestroyHypertext({MakeRef()});
-        out.action = TreeActionResult::ValuesChanged;
-        return true;
-    case commands::editHypertext:
-        EditHypertext(out);
-        return true;
     case commands::convertToBillet:
         m_data->ConvertToBillet(m_key);
         out.action = TreeActionResult::Synchronise;
@@ -261,12 +252,8 @@ void ProductTreeCellImpl::ShowFromList(int index, const SharedText& icon) {
     SetShownValue(shown ? *shown : SimplePropVal());
 }
 
-void ProductTreeCellImpl::EditHypertext(TreeActionResult& out) {
-    out.action = TreeActionResult::Nothing;
-    if (m_key.IsEmpty() || !m_data->EditHypertext({MakeRef()}))
-        return;
-    out.selectKey = m_key;
-    out.action = TreeActionResult::Synchronise;
+LinkTargets ProductTreeCellImpl::MakeLinkTargets() const {
+    return {{MakeRef()}, {MakeRef()}, m_key, m_key, !m_key.IsEmpty()};
 }
 
 // What is sent is what the user sees, even where the product holds another value by now.

@@ -4,6 +4,7 @@
 // calls the control.
 #pragma once
 
+#include "cells/LinkCommands.h"
 #include "cells/TreeActionResult.h"
 #include "columns/ColumnInfo.h"
 #include "host/PropValue.h"
@@ -104,6 +105,8 @@ public:
 
 protected:
     PropertyRef MakeRef() const;
+    /// What the commands on links are about.
+    virtual LinkTargets MakeLinkTargets() const;
     // Most readings find what was shown already. Not to write it again keeps the memory of a
     // hundred thousand rows clean.
     void SetShownValue(const SimplePropVal& value) {
@@ -147,7 +150,6 @@ protected:
     ProductInfObjChangesResult MakeChangesFromList();
     /// Shows the value at that place of the column's list; -1: none of them.
     void ShowFromList(int index, const SharedText& icon);
-    void EditHypertext(TreeActionResult& out);
     void TransmitToSource(TreeActionResult& out);
 
     /// Applies the changes, also when there are none: the product data alone judges whether

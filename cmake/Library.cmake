@@ -18,6 +18,7 @@ set(productTreeSources
     cells/CountCells.cpp
     cells/GroupCellImpl.cpp
     cells/MarkingCells.cpp
+    cells/LinkCommands.cpp
     cells/NameCells.cpp
     cells/NumberAwareLess.cpp
     cells/PlainCells.cpp

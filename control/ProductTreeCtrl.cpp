@@ -57,6 +57,7 @@ void ProductTreeCtrl::Synchronize() {
             RebuildRows();
         },
         [&] { m_tree->EndUpdate(); });
+    UpdateCommandStates();
     UpdateAttributeColumns();
     m_wrapper.GetTreeId()->SetNeedSyncronize(false);
     m_wrapper.GetTreeId()->SetNeedRefresh(false);
@@ -83,6 +84,7 @@ void ProductTreeCtrl::Refresh() {
     if (!root)
         return;
     UpdateRows(*root);
+    UpdateCommandStates();
     m_wrapper.GetTreeId()->SetNeedRefresh(false);
     m_refreshStamp = stamp;
 }

@@ -103,6 +103,8 @@ private:
     void RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId, const Work& work);
     void ApplyResult(const TreeActionResult& result);
     bool CanCalculate() const;
+    /// Tells the view which commands would do something now.
+    void UpdateCommandStates();
     void CalculatePositions();
     /// Null for the empty key, and when no row stands for the key.
     ITreeTableRow* FindRowByKey(ITreeTableRow* row, const UniqueMetaObjectKey& key) const;

@@ -11,13 +11,20 @@
 
 namespace productTree {
 
+namespace {
+
+/// CM_PRODUCT_TREE_CALCULATE_POSITIONS.
+constexpr int c_calculatePositions = 7766;
+
+} // namespace
+
 void ProductTreeCtrl::OnToolbarCommand(int command, std::int64_t /*data*/) {
     struct Command {
         int id;
         void (ProductTreeCtrl::*run)();
     };
     static constexpr Command commands[] = {
-        {7766, &ProductTreeCtrl::CalculatePositions},
+        {c_calculatePositions, &ProductTreeCtrl::CalculatePositions},
     };
     const auto found = std::ranges::find(commands, command, &Command::id);
     if (found != std::end(commands))
@@ -33,6 +40,10 @@ bool ProductTreeCtrl::CanCalculate() const {
     const ITreeTableRow* const root = m_tree->GetRootRow(0);
     const ProductTreeItemImpl* const item = root ? FindItemOfRow(*root) : nullptr;
     return item && (item->CanSetPosition() || item->CanClearPosition());
+}
+
+void ProductTreeCtrl::UpdateCommandStates() {
+    m_tree->ShowCommand(c_calculatePositions, CanCalculate());
 }
 
 // Rows that get no number lose the one they have.

@@ -20,6 +20,8 @@ namespace desktop {
 namespace {
 
 constexpr const char* c_productExtension = ".json";
+/// The panel's own command.
+constexpr int c_calculatePositions = 7766;
 
 /// The last number of the type stands for no limit.
 bool IsNoLimit(double limit, unsigned type) {
@@ -287,14 +289,11 @@ bool Session::CanRedo() const {
 }
 
 bool Session::CanNumberPositions() const {
-    const std::vector<std::wstring> columns = GetView().GetColumnIds();
-    return m_product->CanCalculatePositions() &&
-           std::find(columns.begin(), columns.end(), L"position") != columns.end();
+    return GetView().IsCommandShown(c_calculatePositions);
 }
 
 void Session::NumberPositions() {
-    constexpr int calculatePositions = 7766;
-    GetView().RunCommandByUser(calculatePositions);
+    GetView().RunCommandByUser(c_calculatePositions);
 }
 
 void Session::Undo() {

@@ -189,27 +189,19 @@ void RootItemImpl::CollectKeysToDelete(std::set<Key>&) const {}
 void RootItemImpl::CollectSelectionKeys(std::vector<Key>&) const {}
 
 bool RootItemImpl::CanSetPosition() const {
-    return m_data->CanStartPositions() &&
-           HasChildItem([](const ProductTreeItemImpl& child) { return child.CanSetPosition(); });
+    return m_data->CanStartPositions() && CanSetChildPositions();
 }
 
 unsigned RootItemImpl::SetPosition(unsigned next, ProductInfObjChangesResult& changes) {
-    ForEachChildItem([&](ProductTreeItemImpl& child) {
-        next = child.SetPosition(next, changes);
-        return true;
-    });
-    return next;
+    return SetChildPositions(next, changes);
 }
 
 bool RootItemImpl::CanClearPosition() const {
-    return HasChildItem([](const ProductTreeItemImpl& child) { return child.CanClearPosition(); });
+    return CanClearChildPositions();
 }
 
 void RootItemImpl::ClearPosition(ProductInfObjChangesResult& changes) {
-    ForEachChildItem([&](ProductTreeItemImpl& child) {
-        child.ClearPosition(changes);
-        return true;
-    });
+    ClearChildPositions(changes);
 }
 
 UniqueMetaObjectKey RootItemImpl::GetObjectKey() const {

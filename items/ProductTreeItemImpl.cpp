@@ -266,4 +266,28 @@ void ProductTreeItemImpl::RebuildCells(const std::list<ColumnInfo>& columns) {
     m_row->SetCellCount(slot);
 }
 
+bool ProductTreeItemImpl::CanSetChildPositions() const {
+    return HasChildItem([](const ProductTreeItemImpl& child) { return child.CanSetPosition(); });
+}
+
+bool ProductTreeItemImpl::CanClearChildPositions() const {
+    return HasChildItem([](const ProductTreeItemImpl& child) { return child.CanClearPosition(); });
+}
+
+void ProductTreeItemImpl::ClearChildPositions(ProductInfObjChangesResult& changes) {
+    ForEachChildItem([&](ProductTreeItemImpl& child) {
+        child.ClearPosition(changes);
+        return true;
+    });
+}
+
+unsigned ProductTreeItemImpl::SetChildPositions(unsigned next,
+                                                ProductInfObjChangesResult& changes) {
+    ForEachChildItem([&](ProductTreeItemImpl& child) {
+        next = child.SetPosition(next, changes);
+        return true;
+    });
+    return next;
+}
+
 } // namespace productTree

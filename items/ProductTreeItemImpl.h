@@ -156,6 +156,13 @@ public:
     }
 
 protected:
+    // Positions of a row that stands for those below it.
+    bool CanSetChildPositions() const;
+    bool CanClearChildPositions() const;
+    void ClearChildPositions(ProductInfObjChangesResult& changes);
+    /// One number after the other; the answer is the next that is free.
+    unsigned SetChildPositions(unsigned next, ProductInfObjChangesResult& changes);
+
     /// The text of a designation, without its document code where that part is locked.
     static SharedText MakeShownMarking(const VariantMarking& marking, const std::set<int>& locked);
 

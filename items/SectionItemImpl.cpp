@@ -55,11 +55,7 @@ std::set<int> SectionItemImpl::GetLockedMarkingParts() const {
 unsigned SectionItemImpl::SetPosition(unsigned next, ProductInfObjChangesResult& changes) {
     if (!m_data->IsSectionNumbered(m_section))
         return next;
-    unsigned number = next;
-    ForEachChildItem([&](ProductTreeItemImpl& child) {
-        number = child.SetPosition(number, changes);
-        return true;
-    });
+    const unsigned number = SetChildPositions(next, changes);
     return number > next ? number + c_freeNumbers : number;
 }
 

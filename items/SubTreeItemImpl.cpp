@@ -41,18 +41,15 @@ bool SubTreeItemImpl::UpdateActual() {
 }
 
 bool SubTreeItemImpl::CanSetPosition() const {
-    return HasChildItem([](const ProductTreeItemImpl& child) { return child.CanSetPosition(); });
+    return CanSetChildPositions();
 }
 
 bool SubTreeItemImpl::CanClearPosition() const {
-    return HasChildItem([](const ProductTreeItemImpl& child) { return child.CanClearPosition(); });
+    return CanClearChildPositions();
 }
 
 void SubTreeItemImpl::ClearPosition(ProductInfObjChangesResult& changes) {
-    ForEachChildItem([&](ProductTreeItemImpl& child) {
-        child.ClearPosition(changes);
-        return true;
-    });
+    ClearChildPositions(changes);
 }
 
 SharedText SubTreeItemImpl::GetCountSuffix(int withBillets) const {

@@ -140,6 +140,16 @@ public:
     virtual void ClearSelection() = 0;
 };
 
+/// The commands of the panel's tool strips, by their ids among the resources.
+class ITreeViewCommands {
+public:
+    virtual ~ITreeViewCommands() = default;
+
+    /// Whether the user is offered the command now: it would do something. Said at the end of each
+    /// build and refresh; before the first build no command is offered.
+    virtual void ShowCommand(unsigned command, bool shown) = 0;
+};
+
 class ITreeViewEmbodiments {
 public:
     virtual ~ITreeViewEmbodiments() = default;
@@ -154,4 +164,5 @@ class ITreeTableModel : public ITreeViewPanel,
                         public ITreeViewHeads,
                         public ITreeViewAttributeColumns,
                         public ITreeViewSelection,
+                        public ITreeViewCommands,
                         public ITreeViewEmbodiments {};

@@ -139,5 +139,7 @@ public:
     void SelectRow(const TreeRowPtr&, bool, bool) override {}
     void ClearSelection() override {}
 
+    void ShowCommand(unsigned, bool) override {}
+
     bool IsEmbodimentsAllowed() const override { return false; }
 };

@@ -221,6 +221,13 @@ void TreeTableView::SelectRow(const TreeRowPtr& row, bool makeCurrent, bool sele
         m_hub->SetCurrent(&chosen);
 }
 
+void TreeTableView::ShowCommand(unsigned command, bool shown) {
+    const bool isNews =
+        shown ? m_shownCommands.insert(command).second : m_shownCommands.erase(command) > 0;
+    if (isNews)
+        m_hub->Note(&TreeTableChanges::panel);
+}
+
 void TreeTableView::ClearSelection() {
     m_hub->ClearSelection();
     m_hub->SetCurrent(nullptr);

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -104,6 +105,8 @@ public:
     /// No row is current afterwards.
     void ClearSelection() override;
 
+    void ShowCommand(unsigned command, bool shown) override;
+
     bool IsEmbodimentsAllowed() const override { return m_embodimentsAllowed; }
 
     /// At most one; null takes it away. It must be gone before the front end is.
@@ -121,6 +124,7 @@ public:
     const std::wstring& GetMarkedColumn() const { return m_markedColumn; }
     /// An id that is no AttributeColumnId is that of a column neither enabled nor shown.
     AttributeColumn GetAttributeColumn(int id) const;
+    bool IsCommandShown(unsigned command) const { return m_shownCommands.contains(command); }
     void SetEmbodimentsAllowed(bool allowed) { m_embodimentsAllowed = allowed; }
 
     /// Replaces the selection. The current row may be null.
@@ -205,6 +209,7 @@ private:
     /// What the user has left in a head, while the control looks at it.
     const HeadInput* m_headInput = nullptr;
     bool m_isInControl = false;
+    std::set<unsigned> m_shownCommands;
     bool m_embodimentsAllowed = true;
 };
 
