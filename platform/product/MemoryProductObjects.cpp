@@ -2,6 +2,7 @@
 #include "platform/product/Deletion.h"
 #include "platform/product/ItemProperties.h"
 #include "platform/product/MemoryProductState.h"
+#include "platform/product/Positions.h"
 #include "platform/product/PropertyNumbers.h"
 #include "platform/services/UserDecisions.h"
 
@@ -184,21 +185,17 @@ bool MemoryProduct::CanStartPositions() const {
 
 bool MemoryProduct::CanSetPosition(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && !part->object->record->keepsOwnPosition &&
-           m_state->rows.IsNumberedAt(*part) && m_state->TakesNumber(*part->owner);
+    return part && TakesNumber(m_state->GetRules(), *part);
 }
 
 bool MemoryProduct::KeepsOwnPosition(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && part->object->record->keepsOwnPosition;
+    return part && KeepsPosition(*part);
 }
 
 bool MemoryProduct::CanClearPosition(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && m_state->IsPositionFree(*part->owner) &&
-           m_state->rows.IsNumbered(*part->owner) &&
-           !m_state->TakesNumber(*part->owner) &&
-           !ShownValues(m_state->index).Get(*part, number::position).IsEmpty();
+    return part && LosesPosition(m_state->GetRules(), *part);
 }
 
 bool MemoryProduct::IsSectionNumbered(const SPCSection& section) const {

@@ -4,8 +4,6 @@
 #include "platform/product/MassRules.h"
 #include "platform/product/MemoryStyle.h"
 
-#include <algorithm>
-
 namespace platform {
 
 namespace {
@@ -53,21 +51,6 @@ SharedText MemoryProduct::State::GetCaption(unsigned long number) const {
     const PropertyRecord* const record = descriptions->FindRecord(number);
     return record && !record->caption.empty() ? record->caption
                                               : ProductProperties::GetPath(number);
-}
-
-bool MemoryProduct::State::IsPositionFree(const PartEntry& object) const {
-    return !object.object->record->keepsOwnPosition &&
-           !GetRules().IsFixed(object, number::position) &&
-           !ShownValues(index).FindLink({&object, number::position});
-}
-
-bool MemoryProduct::State::TakesNumber(const PartEntry& object) const {
-    if (object.isRoot || !rows.IsNumbered(object))
-        return false;
-    return rows.IsInCurrentSpecification(object) &&
-           std::ranges::any_of(rows.GetRowMates(object), [this](const PartEntry* mate) {
-               return IsPositionFree(*mate) && rows.CountRows(*mate) > 0;
-           });
 }
 
 ProductInfObjChangesResult

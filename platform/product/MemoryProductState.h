@@ -28,10 +28,6 @@ struct MemoryProduct::State {
     static bool IsCount(const PropertyTraits& property, const PropertyRef& ref) {
         return property.number == number::count && !ref.secondKey.IsEmpty();
     }
-    /// The object's position can be written.
-    bool IsPositionFree(const PartEntry& object) const;
-    /// The row of the object takes a number when all rows are numbered.
-    bool TakesNumber(const PartEntry& object) const;
     /// The set that holds the change, when there is something to change.
     ProductInfObjChangesResult MakeSet(std::shared_ptr<const ProductChange> change) const;
 

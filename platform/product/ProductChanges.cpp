@@ -2,6 +2,7 @@
 
 #include "host/ProductProperties.h"
 #include "platform/product/AssemblyLevels.h"
+#include "platform/product/Positions.h"
 #include "platform/product/PropertyNumbers.h"
 #include "platform/product/StyleSections.h"
 #include "platform/product/ValueFitting.h"
@@ -24,21 +25,6 @@ std::optional<PropValue> Fit(const EditRules& rules, const PartEntry& part, unsi
 void Put(ValuePlan& plan, const Slot& holder, const PropValue& value) {
     if (!IsPresentValue(plan.GetHeld(holder).value_or(PropValue()), value))
         plan.SetValue(holder, value);
-}
-
-/// The row of like objects has one position, whichever of them it was given to. One that keeps its
-/// own is left out.
-void PutToGroup(const EditRules& rules, const PartEntry& object, const PropValue& position,
-                ValuePlan& plan) {
-    if (object.object->record->keepsOwnPosition)
-        return;
-    for (const PartEntry* const like : rules.rows.GetRowMates(object)) {
-        const Slot slot{like, number::position};
-        const bool isFree = !like->object->record->keepsOwnPosition &&
-                            !rules.IsFixed(*like, number::position) && !plan.IsLinked(slot);
-        if (isFree)
-            Put(plan, slot, position);
-    }
 }
 
 } // namespace
@@ -91,7 +77,7 @@ bool ValueChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     }
     Put(plan, holder, *fitted);
     if (GetNumber() == number::position)
-        PutToGroup(rules, *holder.part, *fitted, plan);
+        SpreadPosition(rules, *holder.part, *fitted, plan);
     return true;
 }
 
