@@ -4,7 +4,6 @@
 #include "desktop/store/ProductFile.h"
 #include "host/IfPropertyDescription.h"
 #include "items/ProductTreeItemData.h"
-#include "items/ProductTreeItemImpl.h"
 #include "platform/product/AssemblyLevels.h"
 #include "platform/product/MemoryProduct.h"
 #include "platform/view/HostFrame.h"
@@ -28,12 +27,6 @@ bool IsNoLimit(double limit, unsigned type) {
     const double last = type == value_type::Integer ? std::numeric_limits<int>::max()
                                                     : std::numeric_limits<double>::max();
     return std::abs(limit) >= last;
-}
-
-/// Null for a row that the panel does not know.
-const productTree::ProductTreeItemImpl* ItemOf(const platform::TreeTableRow& row) {
-    const productTree::ProductTreeItemData* const data = row.GetData();
-    return data ? data->GetImpl().get() : nullptr;
 }
 
 SharedText TitleOf(const platform::ObjectRecord& object) {
@@ -133,14 +126,13 @@ std::vector<SharedText> Session::GetWay() const {
 }
 
 UniqueMetaObjectKey Session::FindAssembly(const platform::TreeTableRow& row) const {
-    const productTree::ProductTreeItemImpl* const item = ItemOf(row);
-    if (!item || !HasLevels())
+    const productTree::ProductTreeItemData* const data = row.GetData();
+    if (!data || !HasLevels())
         return {};
-    UniqueMetaObjectKey assembly = m_product->FindAssembly(item->GetObjectKey());
+    UniqueMetaObjectKey assembly = m_product->FindAssembly(data->GetObjectKey());
     if (assembly.IsEmpty())
         return {};
-    std::vector<UniqueMetaObjectKey> members;
-    item->AppendKey(members);
+    const std::vector<UniqueMetaObjectKey> members = data->GetAllKeys();
     const bool isOne = std::ranges::all_of(members, [&](const UniqueMetaObjectKey& member) {
         return m_product->FindAssembly(member) == assembly;
     });
@@ -217,8 +209,8 @@ bool Session::IsEmbodimentMode() const {
 
 SharedText Session::FindCountNote(const platform::TreeTableRow& row,
                                   const std::wstring& columnId) const {
-    const productTree::ProductTreeItemImpl* const item = ItemOf(row);
-    if (!HasEmbodiments() || !item)
+    const productTree::ProductTreeItemData* const data = row.GetData();
+    if (!HasEmbodiments() || !data)
         return {};
     std::set<UniqueMetaObjectKey> embodiments =
         productTree::ColumnInfo::ConvertGroupCountFromId(columnId);
@@ -227,11 +219,11 @@ SharedText Session::FindCountNote(const platform::TreeTableRow& row,
     if (embodiments.size() < 2)
         return {};
     const platform::TreeTableRow* const parent = row.GetParentRow();
-    const bool isInGroup = parent && ItemOf(*parent) && ItemOf(*parent)->IsGroup();
+    const bool isInGroup = parent && parent->GetData() && parent->GetData()->IsGroup();
     // A group has its own count in the first of them.
     return m_product->MakeCountNote(
-        item->IsGroup() ? *embodiments.begin()
-                        : m_product->GetCountKey(item->GetObjectKey(), embodiments, isInGroup));
+        data->IsGroup() ? *embodiments.begin()
+                        : m_product->GetCountKey(data->GetObjectKey(), embodiments, isInGroup));
 }
 
 void Session::SetEmbodimentMode(bool on) {

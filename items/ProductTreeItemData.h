@@ -3,9 +3,11 @@
 #pragma once
 
 #include "host/RcBase.h"
+#include "host/UniqueMetaObjectKey.h"
 #include "resources/Export.h"
 
 #include <memory>
+#include <vector>
 
 namespace productTree {
 
@@ -22,6 +24,16 @@ public:
     /// Null only for a row whose record made no item.
     const std::shared_ptr<ProductTreeItemImpl>& GetImpl() const { return m_impl; }
     void SetImpl(std::shared_ptr<ProductTreeItemImpl> impl);
+
+    // For hosts, which do not see the item. They may be asked at any time and call nobody back.
+
+    /// The object of the row, and of a group the one that the group is known by. The empty key for
+    /// the root row, a section and a row without an item.
+    UniqueMetaObjectKey GetObjectKey() const;
+    /// All objects that the row stands for, those of the rows below a section or a group included.
+    std::vector<UniqueMetaObjectKey> GetAllKeys() const;
+    /// The row shows several like objects.
+    bool IsGroup() const;
 
 private:
     IfProductTreeCtrl& m_control;
