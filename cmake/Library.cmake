@@ -6,7 +6,6 @@ set(productTreeSources
     columns/ColumnInfo.cpp
     columns/DocumentColumnsInfo.cpp
     columns/headers/CountHeader.cpp
-    columns/headers/HeaderTable.cpp
     columns/headers/PlainHeaders.cpp
     columns/headers/ProductTreeHeaderImpl.cpp
 
@@ -28,7 +27,7 @@ set(productTreeSources
     cells/TypedGroupCells.cpp
 
     items/BilletItemImpl.cpp
-    items/CellTable.cpp
+    items/ColumnTable.cpp
     items/DeleteQuestion.cpp
     items/InfObjectItemImpl.cpp
     items/ItemIcons.cpp

@@ -2,12 +2,12 @@
 // shown column gets its head, and the view's list of columns follows.
 
 #include "columns/PropertyKeys.h"
-#include "columns/headers/HeaderTable.h"
 #include "columns/headers/PlainHeaders.h"
 #include "control/Embodiments.h"
 #include "control/ProductTreeCtrl.h"
 #include "host/ProductProperties.h"
 #include "host/data/IfProductTreeData.h"
+#include "items/ColumnTable.h"
 
 #include <algorithm>
 #include <unordered_set>

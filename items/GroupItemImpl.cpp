@@ -2,7 +2,7 @@
 
 #include "host/FormatLabelUtils.h"
 #include "host/data/IfProductTreeData.h"
-#include "items/CellTable.h"
+#include "items/ColumnTable.h"
 #include "items/DeleteQuestion.h"
 #include "items/ItemIcons.h"
 

@@ -4,7 +4,7 @@
 #include "columns/PropertyKeys.h"
 #include "host/TeDocCodeMaker.h"
 #include "host/data/IfProductTreeData.h"
-#include "items/CellTable.h"
+#include "items/ColumnTable.h"
 #include "items/DeleteQuestion.h"
 #include "items/ItemIcons.h"
 

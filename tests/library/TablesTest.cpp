@@ -1,4 +1,4 @@
-// The two tables that say which cell and which head a column has, row by row: the maker makes the
+// The table that says which cells and which head a column has, row by row: the maker makes the
 // class, and what it makes survives a reading, an edit, no value and a value of another kind.
 
 #include "cells/CountCells.h"
@@ -8,12 +8,14 @@
 #include "cells/SectionAndPositionCells.h"
 #include "cells/TypedGroupCells.h"
 #include "columns/headers/CountHeader.h"
-#include "columns/headers/HeaderTable.h"
 #include "columns/headers/PlainHeaders.h"
+#include "items/ColumnTable.h"
 #include "items/ProductTreeItemImpl.h"
 #include "tests/library/PanelTest.h"
 
 #include <gtest/gtest.h>
+#include <set>
+#include <string>
 #include <typeindex>
 
 namespace {
@@ -38,37 +40,50 @@ struct TableRow {
     std::type_index objectCell;
     std::type_index groupCell;
     std::type_index head;
+    /// Of a text that a group shows.
+    GroupMode mode = GroupMode::NoValue;
 };
 
+constexpr GroupMode c_all = GroupMode::AllValues;
+constexpr GroupMode c_common = GroupMode::CommonValue;
+
+// clang-format off
 const TableRow c_rows[] = {
     {L"material.density", typeid(DoubleCellImpl), c_nothing, typeid(DoubleHeaderImpl)},
     {L"mass", typeid(DoubleCellImpl), c_nothing, typeid(DoubleHeaderImpl)},
     {L"notSected", c_nothing, c_nothing, c_nothing},
     {L"material", c_nothing, c_nothing, c_nothing},
-    {L"featureType", typeid(FeatureTypeCellImpl), typeid(DisabledGroupCellImpl),
-     typeid(FeatureTypeHeaderImpl)},
+    {L"featureType", typeid(FeatureTypeCellImpl), typeid(DisabledGroupCellImpl), typeid(FeatureTypeHeaderImpl), c_common},
     {L"position", typeid(PosCellImpl), typeid(PosGroupCellImpl), typeid(StringHeaderImpl)},
     {L"stampAuthor", c_nothing, c_nothing, c_nothing},
+    {L"checkedBy", c_nothing, c_nothing, c_nothing},
+    {L"approvedBy", c_nothing, c_nothing, c_nothing},
+    {L"mfgApprovedBy", c_nothing, c_nothing, c_nothing},
+    {L"rateOfInspection", c_nothing, c_nothing, c_nothing},
     {L"signer", c_nothing, c_nothing, c_nothing},
     {L"revisionLetter", c_nothing, c_nothing, c_nothing},
-    {L"SPCSection", typeid(SPCSectionCellImpl), typeid(SpcSectionGroupCellImpl),
-     typeid(FeatureTypeHeaderImpl)},
-    {L"specRoughSign", c_nothing, typeid(DisabledGroupCellImpl), c_nothing},
-    {L"specRoughValue", c_nothing, typeid(DisabledGroupCellImpl), c_nothing},
+    {L"SPCSection", typeid(SPCSectionCellImpl), typeid(SpcSectionGroupCellImpl), typeid(FeatureTypeHeaderImpl)},
+    {L"specRoughSign", c_nothing, typeid(DisabledGroupCellImpl), c_nothing, c_common},
+    {L"specRoughValue", c_nothing, typeid(DisabledGroupCellImpl), c_nothing, c_common},
     {L"count", typeid(CountCellImpl), typeid(CountGroupCellImpl), typeid(CountHeaderImpl)},
-    {L"comment", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
-    {L"author", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
-    {L"sheetsNumber", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl)},
-    {L"fromExternalLibrary", typeid(BoolCellImpl), typeid(UserBoolGroupCellImpl),
-     typeid(BoolHeaderImpl)},
-    {L"user.1001", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl)},
-    {L"user.1002", typeid(DoubleCellImpl), typeid(UserDoubleGroupCellImpl),
-     typeid(DoubleHeaderImpl)},
-    {L"user.1003", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl)},
-    {L"user.1004", typeid(BoolCellImpl), typeid(UserBoolGroupCellImpl), typeid(BoolHeaderImpl)},
-    {L"user.1005", typeid(ListCellImpl), typeid(ListGroupCellImpl), typeid(ListHeaderImpl)},
+    {L"comment", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_all},
+    {L"note", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_all},
+    {L"zone", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_all},
+    {L"format", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_all},
+    {L"productCode", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_common},
+    {L"jobDescription", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_common},
+    {L"author", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_common},
+    {L"organization", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_common},
+    {L"sheetsNumber", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl), c_common},
+    {L"fromExternalLibrary", typeid(BoolCellImpl), typeid(UserBoolGroupCellImpl), typeid(BoolHeaderImpl), c_common},
+    {L"user.1001", typeid(IntCellImpl), typeid(UserIntGroupCellImpl), typeid(IntHeaderImpl), c_common},
+    {L"user.1002", typeid(DoubleCellImpl), typeid(UserDoubleGroupCellImpl), typeid(DoubleHeaderImpl), c_common},
+    {L"user.1003", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_common},
+    {L"user.1004", typeid(BoolCellImpl), typeid(UserBoolGroupCellImpl), typeid(BoolHeaderImpl), c_common},
+    {L"user.1005", typeid(ListCellImpl), typeid(ListGroupCellImpl), typeid(ListHeaderImpl), c_common},
     {L"user.1006", c_nothing, c_nothing, c_nothing},
 };
+// clang-format on
 
 // A group of two with one part below it, and a billet.
 Product AllKindsOfRows() {
@@ -109,7 +124,11 @@ TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
         EXPECT_EQ(ClassOf(Make(*m_panel.View().GetRoot(), column)),
                   id == "count" ? typeid(EmptyDisabledCellImpl) : row.objectCell)
             << id;
-        EXPECT_EQ(ClassOf(Make(Group(), column)), row.groupCell) << id;
+        const auto groupCell = Make(Group(), column);
+        EXPECT_EQ(ClassOf(groupCell), row.groupCell) << id;
+        if (const auto* const mixed = dynamic_cast<const GroupCellImpl*>(groupCell.get())) {
+            EXPECT_EQ(mixed->GetGroupMode(), row.mode) << id;
+        }
         EXPECT_EQ(ClassOf(Make(Section(), column)), c_nothing) << id;
         EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), row.head)
             << id;
@@ -128,6 +147,16 @@ TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
     EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), marking)), typeid(MarkingCellImpl));
     EXPECT_EQ(ClassOf(Make(Group(), name)), typeid(NameGroupCellImpl));
     EXPECT_EQ(ClassOf(Make(Group(), marking)), typeid(MarkingGroupCellImpl));
+}
+
+TEST_F(Tables, NoColumnIsForgottenHere) {
+    std::set<std::wstring> met{L"name", L"marking"};
+    for (const TableRow& row : c_rows)
+        met.insert(row.columnId);
+    for (const ColumnTableRow& row : GetColumnTable())
+        EXPECT_TRUE(met.contains(row.columnId))
+            << std::string(row.columnId.begin(), row.columnId.end())
+            << ": say in c_rows which cells and head the column is to have";
 }
 
 TEST_F(Tables, MassAndDensityAreTypedOnlyWhereThereAreNoMaterials) {
