@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bench/Allocations.h"
-#include "platform/product/MemoryProduct.h"
+#include "platform/product/answers/MemoryProduct.h"
 
 #include <benchmark/benchmark.h>
 #include <cstddef>

@@ -2,7 +2,7 @@
 
 #include "desktop/LevelChoice.h"
 #include "desktop/store/ProductFile.h"
-#include "platform/product/MassRules.h"
+#include "platform/product/edits/MassRules.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -2,10 +2,10 @@
 // tells the kind by what the file holds, not by its name.
 #pragma once
 
-#include "desktop/FileError.h"
 #include "desktop/FileMark.h"
 #include "desktop/import/StepImport.h"
-#include "platform/product/ProductModel.h"
+#include "desktop/messages/FileError.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <filesystem>
 #include <memory>

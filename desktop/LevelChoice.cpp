@@ -1,7 +1,7 @@
 #include "desktop/LevelChoice.h"
 
-#include "desktop/MessageTexts.h"
-#include "platform/product/AssemblyLevels.h"
+#include "desktop/messages/MessageTexts.h"
+#include "platform/product/model/AssemblyLevels.h"
 
 #include <algorithm>
 #include <string_view>

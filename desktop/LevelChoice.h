@@ -2,8 +2,8 @@
 // components or all parts below it.
 #pragma once
 
-#include "desktop/FileError.h"
 #include "desktop/import/StepImport.h"
+#include "desktop/messages/FileError.h"
 
 #include <string>
 #include <variant>

@@ -4,8 +4,8 @@
 #include "desktop/store/ProductFile.h"
 #include "host/IfPropertyDescription.h"
 #include "items/ProductTreeItemData.h"
-#include "platform/product/AssemblyLevels.h"
-#include "platform/product/MemoryProduct.h"
+#include "platform/product/answers/MemoryProduct.h"
+#include "platform/product/model/AssemblyLevels.h"
 #include "platform/view/HostFrame.h"
 
 #include <algorithm>

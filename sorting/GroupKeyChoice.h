@@ -31,9 +31,9 @@ public:
     }
 
 private:
-    static void TakeFirst(UniqueMetaObjectKey& slot, const UniqueMetaObjectKey& key) {
-        if (slot == UniqueMetaObjectKey::null)
-            slot = key;
+    static void TakeFirst(UniqueMetaObjectKey& chosen, const UniqueMetaObjectKey& key) {
+        if (chosen == UniqueMetaObjectKey::null)
+            chosen = key;
     }
 
     const IfProductDataAggregator& m_aggregator;

@@ -22,7 +22,7 @@ public:
         std::size_t size = 16;
         while (IsTooFull(expected, size))
             size *= 2;
-        m_slots.assign(size, Slot());
+        m_entries.assign(size, Entry());
         m_count = 0;
     }
 
@@ -30,31 +30,31 @@ public:
     bool Add(const UniqueMetaObjectKey& key, const Value& value) {
         if (key.IsEmpty())
             return false;
-        if (IsTooFull(m_count + 1, m_slots.size()))
+        if (IsTooFull(m_count + 1, m_entries.size()))
             Grow();
-        Slot& slot = m_slots[FindSlot(key)];
-        if (!slot.key.IsEmpty())
+        Entry& entry = m_entries[FindPlace(key)];
+        if (!entry.key.IsEmpty())
             return false;
-        slot = {key, ShortHash(key), value};
+        entry = {key, ShortHash(key), value};
         ++m_count;
         return true;
     }
 
     void Set(const UniqueMetaObjectKey& key, const Value& value) {
         if (!Add(key, value) && !key.IsEmpty())
-            m_slots[FindSlot(key)].value = value;
+            m_entries[FindPlace(key)].value = value;
     }
 
     /// Null for a key without value. Valid until the next key is added.
     const Value* Find(const UniqueMetaObjectKey& key) const {
-        if (m_slots.empty() || key.IsEmpty())
+        if (m_entries.empty() || key.IsEmpty())
             return nullptr;
-        const Slot& slot = m_slots[FindSlot(key)];
-        return slot.key.IsEmpty() ? nullptr : &slot.value;
+        const Entry& entry = m_entries[FindPlace(key)];
+        return entry.key.IsEmpty() ? nullptr : &entry.value;
     }
 
 private:
-    struct Slot {
+    struct Entry {
         UniqueMetaObjectKey key;
         std::uint32_t hash = 0;
         Value value{};
@@ -68,26 +68,27 @@ private:
         return static_cast<std::uint32_t>(hash ^ (hash >> 32));
     }
 
-    /// The slot of the key, or the free one where it belongs.
-    std::size_t FindSlot(const UniqueMetaObjectKey& key) const {
-        const std::size_t mask = m_slots.size() - 1;
+    /// The place of the key, or the free one where it belongs.
+    std::size_t FindPlace(const UniqueMetaObjectKey& key) const {
+        const std::size_t mask = m_entries.size() - 1;
         const std::uint32_t hash = ShortHash(key);
         std::size_t i = hash & mask;
-        while (!m_slots[i].key.IsEmpty() && (m_slots[i].hash != hash || m_slots[i].key != key))
+        while (!m_entries[i].key.IsEmpty() &&
+               (m_entries[i].hash != hash || m_entries[i].key != key))
             i = (i + 1) & mask;
         return i;
     }
 
     void Grow() {
-        std::vector<Slot> slots(std::max<std::size_t>(16, 2 * m_slots.size()));
-        slots.swap(m_slots);
-        for (Slot& slot : slots) {
-            if (!slot.key.IsEmpty())
-                m_slots[FindSlot(slot.key)] = std::move(slot);
+        std::vector<Entry> entries(std::max<std::size_t>(16, 2 * m_entries.size()));
+        entries.swap(m_entries);
+        for (Entry& entry : entries) {
+            if (!entry.key.IsEmpty())
+                m_entries[FindPlace(entry.key)] = std::move(entry);
         }
     }
 
-    std::vector<Slot> m_slots;
+    std::vector<Entry> m_entries;
     std::size_t m_count = 0;
 };
 

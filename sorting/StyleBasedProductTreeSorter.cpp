@@ -4,7 +4,7 @@
 #include "host/data/IfProductTreeData.h"
 #include "host/data/PartKinds.h"
 #include "sorting/GroupKeyChoice.h"
-#include "sorting/PartPlaces.h"
+#include "sorting/OrderedPlaces.h"
 
 #include <algorithm>
 #include <limits>
@@ -96,7 +96,7 @@ void StyleBasedProductTreeSorter::IndexParts() {
     const IfMetaProductData& primary = aggregator.GetPrimaryMetaData();
     m_index.Reset(m_orderedParts.size() + m_objects.size());
 
-    PartPlaces places(m_orderedParts);
+    OrderedPlaces places(m_orderedParts);
     std::vector<bool> isIndexed(m_orderedParts.size());
     for (std::size_t i = 0; i < m_topKeys.size(); ++i) {
         for (const Key& part : primary.GetDirectParts(m_topKeys[i])) {

@@ -2,7 +2,7 @@
 
 #include "desktop/import/StandardParts.h"
 #include "host/ProductProperties.h"
-#include "platform/product/AssemblyLevels.h"
+#include "platform/product/model/AssemblyLevels.h"
 
 #include <array>
 #include <utility>

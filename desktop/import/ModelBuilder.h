@@ -3,7 +3,7 @@
 #pragma once
 
 #include "desktop/import/ProductObjects.h"
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 // other.
 #pragma once
 
-#include "desktop/FileError.h"
 #include "desktop/import/ProductStructure.h"
+#include "desktop/messages/FileError.h"
 #include "host/UniqueMetaObjectKey.h"
 
 #include <cstddef>

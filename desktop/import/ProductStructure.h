@@ -3,7 +3,7 @@
 // by the reading of the file; knows nothing of geometry and of the panel.
 #pragma once
 
-#include "desktop/FileError.h"
+#include "desktop/messages/FileError.h"
 
 #include <cstddef>
 #include <optional>

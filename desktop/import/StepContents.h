@@ -2,8 +2,8 @@
 // where the reader's entity classes end and plain data begins.
 #pragma once
 
-#include "desktop/FileError.h"
 #include "desktop/import/ProductStructure.h"
+#include "desktop/messages/FileError.h"
 
 #include <cstddef>
 #include <set>

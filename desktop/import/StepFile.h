@@ -1,7 +1,7 @@
 // Brings the bytes of a STEP file into memory and says why, when it can't.
 #pragma once
 
-#include "desktop/FileError.h"
+#include "desktop/messages/FileError.h"
 
 #include <filesystem>
 #include <string>

@@ -1,6 +1,5 @@
 #include "desktop/import/StepImport.h"
 
-#include "desktop/MessageTexts.h"
 #include "desktop/import/ImportedDocument.h"
 #include "desktop/import/ProductObjects.h"
 #include "desktop/import/StepContents.h"
@@ -8,6 +7,7 @@
 #include "desktop/import/StepReader.h"
 #include "desktop/import/StepText.h"
 #include "desktop/import/TextDecoder.h"
+#include "desktop/messages/MessageTexts.h"
 
 #include <new>
 #include <optional>

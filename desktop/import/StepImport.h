@@ -3,8 +3,8 @@
 // out afterwards, on demand. Files that the file refers to are not followed.
 #pragma once
 
-#include "desktop/FileError.h"
-#include "platform/product/ProductModel.h"
+#include "desktop/messages/FileError.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <filesystem>
 #include <memory>

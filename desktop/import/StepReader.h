@@ -3,7 +3,7 @@
 // as missing values. One thread at a time.
 #pragma once
 
-#include "desktop/FileError.h"
+#include "desktop/messages/FileError.h"
 
 #include <functional>
 #include <memory>

@@ -3,7 +3,7 @@
 // wrapped and raw 8-bit strings. Knows the outer form of the exchange format, not its entities.
 #pragma once
 
-#include "desktop/FileError.h"
+#include "desktop/messages/FileError.h"
 
 #include <set>
 #include <string>

@@ -2,7 +2,7 @@
 // after a failure the old one is still there.
 #pragma once
 
-#include "desktop/FileError.h"
+#include "desktop/messages/FileError.h"
 
 #include <filesystem>
 #include <optional>

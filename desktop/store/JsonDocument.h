@@ -4,7 +4,7 @@
 // products.
 #pragma once
 
-#include "desktop/FileError.h"
+#include "desktop/messages/FileError.h"
 
 #include <cstdint>
 #include <cstdio>

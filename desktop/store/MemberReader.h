@@ -5,7 +5,7 @@
 
 #include "desktop/store/JsonDocument.h"
 #include "desktop/store/ProductFormat.h"
-#include "platform/product/ModelPath.h"
+#include "platform/product/validation/ModelPath.h"
 
 #include <set>
 #include <span>

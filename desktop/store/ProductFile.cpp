@@ -5,8 +5,8 @@
 #include "desktop/store/MemberReader.h"
 #include "desktop/store/MemberWriter.h"
 #include "desktop/store/ModelLocation.h"
-#include "platform/product/AssemblyLevels.h"
-#include "platform/product/ProductValidation.h"
+#include "platform/product/model/AssemblyLevels.h"
+#include "platform/product/validation/ProductValidation.h"
 
 #include <cerrno>
 #include <cstdio>

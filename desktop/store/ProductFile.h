@@ -2,8 +2,8 @@
 // validates; writing replaces the file as a whole or leaves it as it was.
 #pragma once
 
-#include "desktop/FileError.h"
-#include "platform/product/ProductModel.h"
+#include "desktop/messages/FileError.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <filesystem>
 #include <optional>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "desktop/store/PropertyNames.h"
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <array>
 #include <span>

@@ -2,7 +2,7 @@
 
 #include "desktop/store/Texts.h"
 #include "host/ProductProperties.h"
-#include "platform/product/SystemProperties.h"
+#include "platform/product/model/SystemProperties.h"
 
 namespace desktop::store {
 

@@ -3,7 +3,7 @@
 // the file's own definitions, used by reading and writing alike.
 #pragma once
 
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <optional>
 #include <string>

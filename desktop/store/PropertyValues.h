@@ -5,7 +5,7 @@
 
 #include "desktop/store/JsonDocument.h"
 #include "desktop/store/PropertyNames.h"
-#include "platform/product/ModelPath.h"
+#include "platform/product/validation/ModelPath.h"
 
 namespace desktop::store {
 

@@ -1,7 +1,7 @@
 // The name that a section has by its numbers, which the product file therefore leaves out.
 #pragma once
 
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 
 namespace desktop::store {
 

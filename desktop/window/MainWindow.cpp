@@ -1,11 +1,11 @@
 #include "desktop/window/MainWindow.h"
 
-#include "desktop/window/DialogDecisions.h"
+#include "desktop/dialogs/DialogDecisions.h"
+#include "desktop/editors/LocaleNumbers.h"
+#include "desktop/tree/PanelTree.h"
+#include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/LevelBar.h"
-#include "desktop/window/LocaleNumbers.h"
 #include "desktop/window/MassIndicator.h"
-#include "desktop/window/PanelTree.h"
-#include "desktop/window/TreeItemModel.h"
 #include "desktop/window/WindowMemory.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
 // What the window does about files: opening, saving, leaving, and files that others change.
 #include "desktop/window/MainWindow.h"
 
-#include "desktop/window/EncodingDialog.h"
+#include "desktop/dialogs/EncodingDialog.h"
+#include "desktop/tree/PanelTree.h"
+#include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/MassIndicator.h"
-#include "desktop/window/PanelTree.h"
-#include "desktop/window/TreeItemModel.h"
 
 #include <QApplication>
 #include <QCloseEvent>

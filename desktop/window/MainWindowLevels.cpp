@@ -1,9 +1,9 @@
 // What the window does about the levels of a product with assemblies in it: going into an assembly
 // and back, and finding everything there as it was left.
+#include "desktop/tree/PanelTree.h"
+#include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/LevelBar.h"
 #include "desktop/window/MainWindow.h"
-#include "desktop/window/PanelTree.h"
-#include "desktop/window/TreeItemModel.h"
 #include "desktop/window/WindowMemory.h"
 
 #include <QActionGroup>

@@ -1,7 +1,7 @@
 #include "desktop/window/WindowProgram.h"
 
+#include "desktop/icons/RowIcons.h"
 #include "desktop/window/MainWindow.h"
-#include "desktop/window/RowIcons.h"
 #include "desktop/window/WindowMemory.h"
 
 #include <QApplication>

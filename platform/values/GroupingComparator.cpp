@@ -9,6 +9,7 @@
 
 #include "host/data/GroupingRecord.h"
 #include "host/data/IfProductDataAggregator.h"
+#include "platform/values/OpenTable.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -56,35 +57,28 @@ private:
 /// Brings like records together, so that only one of them has to be sorted.
 class LikeTable {
 public:
-    explicit LikeTable(std::size_t records) {
-        std::size_t size = 16;
-        while (size < records * 2)
-            size *= 2;
-        m_slots.resize(size);
-    }
+    explicit LikeTable(std::size_t records) { m_table.Reset(records); }
 
     /// The number given first to a record like this one; `next`, when there is none yet.
     std::uint32_t Find(const GroupingRecord& record, std::uint32_t next) {
-        const std::size_t mask = m_slots.size() - 1;
-        for (std::size_t i = record.hash & mask;; i = (i + 1) & mask) {
-            Slot& slot = m_slots[i];
-            if (!slot.record) {
-                slot = {record.hash, &record, next};
-                return next;
-            }
-            if (slot.hash == record.hash && CompareRecords(record, *slot.record) == 0)
-                return slot.number;
-        }
+        Entry& entry = m_table.Find(record.hash, [&](const Entry& known) {
+            return known.hash == record.hash && CompareRecords(record, *known.record) == 0;
+        });
+        if (entry.IsFree())
+            entry = {record.hash, &record, next};
+        return entry.number;
     }
 
 private:
-    struct Slot {
+    struct Entry {
         std::size_t hash = 0;
         const GroupingRecord* record = nullptr;
         std::uint32_t number = 0;
+
+        bool IsFree() const { return !record; }
     };
 
-    std::vector<Slot> m_slots;
+    platform::OpenTable<Entry> m_table;
 };
 
 /// One place to be given: to the parts of a class of like ones, or to a single part.

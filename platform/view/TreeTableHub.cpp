@@ -89,14 +89,14 @@ void TreeTableHub::Select(TreeTableRow& row, bool select) {
     if (row.IsSelected() == select)
         return;
     if (select) {
-        row.m_selectionSlot = static_cast<std::uint32_t>(m_selected.size());
+        row.m_selectionPlace = static_cast<std::uint32_t>(m_selected.size());
         m_selected.push_back(&row);
     } else {
         TreeTableRow* const last = m_selected.back();
-        m_selected[row.m_selectionSlot] = last;
-        last->m_selectionSlot = row.m_selectionSlot;
+        m_selected[row.m_selectionPlace] = last;
+        last->m_selectionPlace = row.m_selectionPlace;
         m_selected.pop_back();
-        row.m_selectionSlot = TreeTableRow::c_noSlot;
+        row.m_selectionPlace = TreeTableRow::c_noPlace;
     }
     Note(&TreeTableChanges::selection);
 }
@@ -105,7 +105,7 @@ void TreeTableHub::ClearSelection() {
     if (m_selected.empty())
         return;
     for (TreeTableRow* row : m_selected)
-        row->m_selectionSlot = TreeTableRow::c_noSlot;
+        row->m_selectionPlace = TreeTableRow::c_noPlace;
     m_selected.clear();
     Note(&TreeTableChanges::selection);
 }

@@ -87,8 +87,8 @@ public:
     /// Counts the updates.
     std::uint64_t GetEpoch() const { return m_epoch; }
     /// Where the last cell was looked for: rows are written and read cell by cell.
-    std::size_t GetLastSlot() const { return m_lastSlot; }
-    void SetLastSlot(std::size_t slot) { m_lastSlot = slot; }
+    std::size_t GetLastCell() const { return m_lastCell; }
+    void SetLastCell(std::size_t place) { m_lastCell = place; }
     /// How many cells the last row has got: the next will have as many.
     std::size_t GetUsualCellCount() const { return m_usualCellCount; }
     void SetUsualCellCount(std::size_t count) { m_usualCellCount = count; }
@@ -114,7 +114,7 @@ private:
     PartTipsTable m_partTips;
     UsualCells m_usualCells;
     std::uint64_t m_epoch = 1;
-    std::size_t m_lastSlot = 0;
+    std::size_t m_lastCell = 0;
     std::size_t m_usualCellCount = 0;
 };
 

@@ -141,7 +141,7 @@ public:
     int GetNameLinkStyle() const { return m_nameLinkStyle; }
     bool IsSection() const { return HasFlag(Flag::SectionRow); }
     bool HasSectionName() const { return HasFlag(Flag::SectionName); }
-    bool IsSelected() const { return m_selectionSlot != c_noSlot; }
+    bool IsSelected() const { return m_selectionPlace != c_noPlace; }
     int GetRegWithDescState() const { return m_regWithDescState; }
     int GetAggrIntoProductState() const { return m_aggrIntoProductState; }
     /// The row and all below it let go of what the library keeps at them. What it keeps there holds
@@ -167,7 +167,7 @@ private:
         SectionRow,
         InChanges
     };
-    static constexpr std::uint32_t c_noSlot = ~std::uint32_t{0};
+    static constexpr std::uint32_t c_noPlace = ~std::uint32_t{0};
 
     bool HasFlag(Flag flag) const { return (m_flags >> static_cast<unsigned>(flag) & 1U) != 0; }
     void PutFlag(Flag flag, bool on);
@@ -189,9 +189,9 @@ private:
     /// As FindCell, for the library, which asks for the same texts over and over.
     TreeCell* CellOf(const SharedText& columnId);
     const TreeCell* CellOf(const SharedText& columnId) const;
-    bool IsSlotOf(std::size_t slot, const SharedText& columnId) const {
-        return slot < m_cells.size() && m_cells[slot].m_column != 0 &&
-               GetColumnOf(m_cells[slot]).IsSame(columnId);
+    bool IsCellOf(std::size_t place, const SharedText& columnId) const {
+        return place < m_cells.size() && m_cells[place].m_column != 0 &&
+               GetColumnOf(m_cells[place]).IsSame(columnId);
     }
     const TreeCell* SearchCell(const SharedText& columnId) const;
     /// The first cell without column, or a new one; it has the column then.
@@ -215,7 +215,7 @@ private:
     SharedText m_name;
     SharedText m_shownName;
     /// The row's place in the hub's list of selected rows.
-    std::uint32_t m_selectionSlot = c_noSlot;
+    std::uint32_t m_selectionPlace = c_noPlace;
     NameId m_nameColumn = 0;
     NameId m_nameIcon = 0;
     NameId m_iconTip = 0;

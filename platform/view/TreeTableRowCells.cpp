@@ -37,18 +37,18 @@ const TreeCell* TreeTableRow::FindCell(const std::wstring& columnId) const {
 
 TreeCell* TreeTableRow::CellOf(const SharedText& columnId) {
     // Rows are written cell by cell.
-    const std::size_t last = m_hub->GetLastSlot();
+    const std::size_t last = m_hub->GetLastCell();
     const std::size_t next = last + 1 < m_cells.size() ? last + 1 : 0;
-    if (!IsSlotOf(next, columnId))
+    if (!IsCellOf(next, columnId))
         return const_cast<TreeCell*>(std::as_const(*this).CellOf(columnId));
-    m_hub->SetLastSlot(next);
+    m_hub->SetLastCell(next);
     return &m_cells[next];
 }
 
 const TreeCell* TreeTableRow::CellOf(const SharedText& columnId) const {
     // Rows are read down a column.
-    if (IsSlotOf(m_hub->GetLastSlot(), columnId))
-        return &m_cells[m_hub->GetLastSlot()];
+    if (IsCellOf(m_hub->GetLastCell(), columnId))
+        return &m_cells[m_hub->GetLastCell()];
     return SearchCell(columnId);
 }
 
@@ -58,7 +58,7 @@ const TreeCell* TreeTableRow::SearchCell(const SharedText& columnId) const {
         m_cells, [column](const TreeCell& cell) { return cell.m_column == column; });
     if (found == m_cells.end() || column == 0)
         return nullptr;
-    m_hub->SetLastSlot(static_cast<std::size_t>(found - m_cells.begin()));
+    m_hub->SetLastCell(static_cast<std::size_t>(found - m_cells.begin()));
     return &*found;
 }
 

@@ -1,7 +1,7 @@
 // What a user does with a real assembly, from opening its file to opening what was saved. Real
 // assemblies stand outside the repository; without them the tests are skipped.
 #include "desktop/JsonPrint.h"
-#include "desktop/window/TreeItemModel.h"
+#include "desktop/tree/TreeItemModel.h"
 #include "tests/desktop/WindowFixture.h"
 #include "tests/support/TestFolder.h"
 

@@ -1,5 +1,5 @@
 // How cells look: with PRODUCT_TREE_SHOTS set, pictures of each state are left to be looked at.
-#include "desktop/window/TreeItemModel.h"
+#include "desktop/tree/TreeItemModel.h"
 #include "tests/desktop/WindowFixture.h"
 #include "tests/support/ProductBuilder.h"
 

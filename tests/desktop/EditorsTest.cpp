@@ -1,8 +1,8 @@
-#include "desktop/window/CellEditors.h"
-#include "desktop/window/ControlPictures.h"
-#include "desktop/window/LocaleNumbers.h"
-#include "desktop/window/SectionDialog.h"
-#include "desktop/window/SourceIcons.h"
+#include "desktop/dialogs/SectionDialog.h"
+#include "desktop/editors/CellEditors.h"
+#include "desktop/editors/LocaleNumbers.h"
+#include "desktop/icons/ControlPictures.h"
+#include "desktop/icons/SourceIcons.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

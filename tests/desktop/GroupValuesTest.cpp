@@ -1,4 +1,4 @@
-#include "desktop/window/GroupValues.h"
+#include "desktop/tree/GroupValues.h"
 #include "platform/view/TreeTableView.h"
 
 #include <gtest/gtest.h>

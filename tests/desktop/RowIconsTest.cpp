@@ -1,4 +1,4 @@
-#include "desktop/window/RowIcons.h"
+#include "desktop/icons/RowIcons.h"
 
 #include <QImage>
 #include <QPixmap>

@@ -1,4 +1,4 @@
-#include "desktop/window/TreeItemModel.h"
+#include "desktop/tree/TreeItemModel.h"
 #include "host/ProductProperties.h"
 #include "host/frame/FeatureTrees.h"
 #include "platform/view/HostFrame.h"

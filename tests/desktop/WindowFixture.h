@@ -1,9 +1,9 @@
 // A window with one product in it, and the hands of its user.
 #pragma once
 
+#include "desktop/tree/PanelTree.h"
 #include "desktop/window/MainWindow.h"
-#include "desktop/window/PanelTree.h"
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 #include "platform/services/UserDecisions.h"
 
 #include <QModelIndex>

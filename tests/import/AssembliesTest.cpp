@@ -1,7 +1,7 @@
 #include "desktop/Document.h"
 #include "desktop/LevelChoice.h"
 #include "host/ProductProperties.h"
-#include "platform/product/MemoryProduct.h"
+#include "platform/product/answers/MemoryProduct.h"
 #include "platform/values/Utf8.h"
 #include "tests/import/StepFileText.h"
 

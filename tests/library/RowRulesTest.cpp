@@ -1,11 +1,11 @@
 // What the product takes for a row is what the panel shows, for products of every kind, made by
 // number. The environment variable PRODUCT_TREE_SEEDS says how many are tried.
-#include "platform/product/RowRules.h"
+#include "platform/product/index/RowRules.h"
 
 #include "host/ProductProperties.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemImpl.h"
-#include "platform/product/PropertyNumbers.h"
+#include "platform/product/model/PropertyNumbers.h"
 #include "tests/library/PanelTest.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "host/ProductProperties.h"
-#include "platform/product/MassRules.h"
-#include "platform/product/ProductValidation.h"
+#include "platform/product/edits/MassRules.h"
+#include "platform/product/validation/ProductValidation.h"
 #include "platform/services/UserDecisions.h"
 #include "tests/support/ProductBuilder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/product/ValueFitting.h"
+#include "platform/product/model/ValueFitting.h"
 #include "tests/platform/AllocationCounter.h"
 #include "tests/support/GeneratedProduct.h"
 #include "tests/support/ProductBuilder.h"

@@ -4,8 +4,8 @@
 
 #include "control/IfProductTreeCtrl.h"
 #include "items/ProductTreeItemData.h"
-#include "platform/view/MemoryMenu.h"
 #include "platform/values/Utf8.h"
+#include "platform/view/MemoryMenu.h"
 #include "tests/platform/ViewBuilder.h"
 
 #include <cstdint>

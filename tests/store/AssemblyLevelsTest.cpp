@@ -1,10 +1,10 @@
-#include "platform/product/AssemblyLevels.h"
+#include "platform/product/model/AssemblyLevels.h"
 
 #include "desktop/store/ProductFile.h"
 #include "host/ProductProperties.h"
 #include "host/data/ProductInfObjChangesResult.h"
-#include "platform/product/MemoryProduct.h"
-#include "platform/product/ProductValidation.h"
+#include "platform/product/answers/MemoryProduct.h"
+#include "platform/product/validation/ProductValidation.h"
 #include "platform/values/Utf8.h"
 #include "tests/support/ProductBuilder.h"
 

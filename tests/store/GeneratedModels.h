@@ -1,7 +1,7 @@
 // Sound products of every shape for tests of properties that all products have.
 #pragma once
 
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 
 namespace desktop::store {
 

@@ -1,4 +1,4 @@
-#include "platform/product/ProductValidation.h"
+#include "platform/product/validation/ProductValidation.h"
 
 #include "host/ProductProperties.h"
 

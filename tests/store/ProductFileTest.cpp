@@ -1,6 +1,6 @@
 #include "desktop/store/ProductFile.h"
 #include "host/ProductProperties.h"
-#include "platform/product/ProductValidation.h"
+#include "platform/product/validation/ProductValidation.h"
 #include "tests/store/GeneratedModels.h"
 
 #include <algorithm>

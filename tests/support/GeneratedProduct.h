@@ -1,7 +1,7 @@
 // Large products for the benchmark and for tests of cost, the same at every run.
 #pragma once
 
-#include "platform/product/ProductModel.h"
+#include "platform/product/model/ProductModel.h"
 
 #include <cstddef>
 

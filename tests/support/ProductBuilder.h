@@ -9,7 +9,7 @@
 // checked: a test may write a product that makes no sense.
 #pragma once
 
-#include "platform/product/MemoryProduct.h"
+#include "platform/product/answers/MemoryProduct.h"
 
 #include <initializer_list>
 #include <memory>

@@ -2,7 +2,7 @@
 // what it is told, as a host may at any time.
 #pragma once
 
-#include "platform/product/MemoryProduct.h"
+#include "platform/product/answers/MemoryProduct.h"
 
 #include <cstddef>
 #include <stdexcept>

@@ -1,0 +1,100 @@
+#include "desktop/dialogs/DialogDecisions.h"
+
+#include "desktop/dialogs/PropertyDialog.h"
+#include "desktop/dialogs/SectionDialog.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QString>
+
+namespace desktop {
+
+namespace {
+
+QString ToQString(const SharedText& text) {
+    return QString::fromStdWString(text.Str());
+}
+
+QString FilterOf(const std::vector<std::wstring>& patterns) {
+    if (patterns.empty())
+        return {};
+    QString filter = QStringLiteral("Products (");
+    for (const std::wstring& pattern : patterns)
+        filter += QString::fromStdWString(pattern) + QLatin1Char(' ');
+    return filter.trimmed() + QStringLiteral(");;All files (*)");
+}
+
+} // namespace
+
+std::optional<std::size_t> DialogDecisions::Ask(const platform::Question& question) {
+    QMessageBox box(QMessageBox::Question, ToQString(question.title), ToQString(question.text),
+                    QMessageBox::NoButton, &m_window);
+    box.setTextFormat(Qt::PlainText);
+    std::vector<QPushButton*> buttons;
+    for (const SharedText& caption : question.buttons)
+        buttons.push_back(box.addButton(ToQString(caption), QMessageBox::AcceptRole));
+    // Closing the box is an answer of its own, whatever the buttons are.
+    auto* const closed = box.addButton(QMessageBox::Close);
+    closed->hide();
+    box.setEscapeButton(closed);
+    box.exec();
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (box.clickedButton() == buttons[i])
+            return i;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::filesystem::path>
+DialogDecisions::ChooseFile(const platform::FileRequest& request) {
+    const QString title = ToQString(request.title);
+    const QString start = QString::fromStdString(request.start.string());
+    const QString filter = FilterOf(request.patterns);
+    QFileDialog dialog(&m_window, title, {}, filter);
+    dialog.setAcceptMode(request.forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // Added here, so that the dialog asks about the very file that would be written over.
+    if (request.forWriting)
+        dialog.setDefaultSuffix(QStringLiteral("json"));
+    if (const QFileInfo place(start); place.isDir())
+        dialog.setDirectory(start);
+    else
+        dialog.selectFile(start);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return std::filesystem::path(QFile::encodeName(dialog.selectedFiles().front()).toStdString());
+}
+
+std::optional<SharedText> DialogDecisions::EnterText(const platform::TextRequest& request) {
+    bool isEntered = false;
+    const QString text =
+        QInputDialog::getText(&m_window, ToQString(request.title), ToQString(request.text),
+                              QLineEdit::Normal, ToQString(request.present), &isEntered);
+    return isEntered ? std::optional(SharedText(text.toStdWString())) : std::nullopt;
+}
+
+std::optional<platform::PropertyChoice>
+DialogDecisions::ChooseProperty(const platform::PropertyRequest& request) {
+    PropertyDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? dialog.GetChoice() : std::nullopt;
+}
+
+std::optional<platform::SectionDecision>
+DialogDecisions::ChooseSection(const platform::SectionRequest& request) {
+    SectionDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? dialog.GetDecision() : std::nullopt;
+}
+
+void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {
+    QMessageBox box(QMessageBox::Warning, ToQString(title), ToQString(text), QMessageBox::Ok,
+                    &m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+} // namespace desktop

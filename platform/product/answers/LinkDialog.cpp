@@ -1,0 +1,106 @@
+#include "platform/product/answers/LinkDialog.h"
+
+#include "host/IfPropertyDescription.h"
+#include "host/ProductProperties.h"
+#include "platform/product/model/ProductTexts.h"
+#include "platform/services/UserDecisions.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+using namespace value_type;
+
+/// A property of that type can show values of the other. Every value has a text.
+bool CanShowType(unsigned type, unsigned target) {
+    return type == String || type == target || (type == Double && target == Integer);
+}
+
+/// As its row shows it, whether it has its name and designation itself or by a link.
+PropertyRequest::Object Describe(const ShownValues& shown, const PartEntry& object) {
+    VariantMarking marking;
+    if (const PropValue* const value = shown.Find(object, ProductProperties::markingId))
+        marking.FromPropertyTree(value->GetPropertyTree());
+    return {object.key, shown.Get(object, ProductProperties::nameId).to_wstring(),
+            marking.Make(VariantMarkingData::MakeAll, false, false)};
+}
+
+/// The target that all of them have; no value when they differ or one has none.
+std::optional<PropertyChoice> FindCommonTarget(const ShownValues& shown,
+                                               const std::vector<ValueHolder>& holders) {
+    const LinkRecord* common = nullptr;
+    for (const ValueHolder& holder : holders) {
+        const LinkRecord* const link = shown.FindLink(holder);
+        const bool isSame = !common || (link && link->target == common->target &&
+                                        link->targetProperty == common->targetProperty);
+        if (!link || !isSame)
+            return std::nullopt;
+        common = link;
+    }
+    if (!common)
+        return std::nullopt;
+    return PropertyChoice{common->target, ProductProperties::GetPath(common->targetProperty)};
+}
+
+} // namespace
+
+bool CanBeLinked(const PropertyTraits& property) {
+    return property.record && !IsStructured(property.number) && property.record->list.empty() &&
+           property.record->type != Boolean;
+}
+
+bool LinkDialog::CanShow(const std::vector<ValueHolder>& holders,
+                         const PropertyTraits& target) const {
+    // A count is worked out for a row in an embodiment: the object alone has none to show.
+    if (!target.record || IsStructured(target.number) || target.number == number::count)
+        return false;
+    return std::ranges::all_of(holders, [&](const ValueHolder& holder) {
+        const PropertyRecord* const record = m_rules.properties.Get(holder.number).record;
+        return record && CanShowType(record->type, target.record->type);
+    });
+}
+
+PropertyRequest LinkDialog::MakeRequest(const std::vector<ValueHolder>& holders) const {
+    PropertyRequest request;
+    request.title = GetText(ProductText::LinkTitle);
+    const ShownValues shown(m_rules.index);
+    request.objects.push_back(Describe(shown, m_rules.index.GetRoot()));
+    for (const PartEntry& object : m_rules.index.GetObjects())
+        request.objects.push_back(Describe(shown, object));
+    for (const IfPropertyDescription* const description : m_descriptions.GetAll()) {
+        const PropertyTraits property = m_rules.properties.Get(description->GetId());
+        if (CanShow(holders, property))
+            request.properties.push_back(
+                {ProductProperties::GetPath(property.number), property.record->caption});
+    }
+    request.present = FindCommonTarget(shown, holders);
+    return request;
+}
+
+ValuePlan LinkDialog::Ask(const std::vector<ValueHolder>& holders) {
+    ValuePlan plan(m_rules.index);
+    if (holders.empty())
+        return plan;
+    const std::optional<PropertyChoice> choice = m_decisions.ChooseProperty(MakeRequest(holders));
+    const PartEntry* const part = choice ? m_rules.index.Find(choice->object) : nullptr;
+    if (!part)
+        return plan;
+    const unsigned long number = ProductProperties::GetPropId(choice->propertyId);
+    if (!CanShow(holders, m_rules.properties.Get(number)))
+        return plan;
+    const ValueHolder target = plan.GetShown().FindHolder(*part, number);
+    bool isAnyRefused = false;
+    for (const ValueHolder& holder : holders) {
+        if (plan.GetShown().LeadsTo(target, holder))
+            isAnyRefused = true;
+        else
+            plan.SetLink(holder, LinkRecord{holder.number, part->key, number});
+    }
+    if (isAnyRefused)
+        m_decisions.Tell(GetText(ProductText::LinkTitle), GetText(ProductText::LinkRefused));
+    return plan;
+}
+
+} // namespace platform
