@@ -102,22 +102,20 @@ SimplePropVal GroupCellImpl::FindCommonValue() const {
     return agree && common ? *common : SimplePropVal();
 }
 
-void GroupCellImpl::ForEachMember(const std::function<bool(ProductTreeCellImpl&)>& callback) const {
-    GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
-        ProductTreeCellImpl* cell = child.FindCell(GetColumnId());
-        return !cell || callback(*cell);
+bool GroupCellImpl::AllMembers(const SharedText& columnId, const Question& question) const {
+    return GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
+        ProductTreeCellImpl* const cell = child.FindCell(columnId);
+        return !cell || question(*cell);
     });
 }
 
+bool GroupCellImpl::AnyMember(const Question& question) const {
+    return !AllMembers([&](ProductTreeCellImpl& cell) { return !question(cell); });
+}
+
 bool GroupCellImpl::IsEditable() {
-    if (!m_editable) {
-        bool editable = false;
-        ForEachMember([&](ProductTreeCellImpl& cell) {
-            editable = cell.IsEditable();
-            return !editable;
-        });
-        m_editable = editable;
-    }
+    if (!m_editable)
+        m_editable = AnyMember([](ProductTreeCellImpl& cell) { return cell.IsEditable(); });
     return *m_editable;
 }
 
@@ -141,11 +139,7 @@ bool GroupCellImpl::HaveMembersSameHypertext(const SharedText& columnId) const {
     if (m_data->IsEmbodimentMode())
         return false;
     // Nearly always one without a link decides, and no lists of keys have to be made.
-    const bool haveAll = GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
-        ProductTreeCellImpl* const cell = child.FindCell(columnId);
-        return !cell || cell->HasHypertext();
-    });
-    if (!haveAll)
+    if (!AllMembers(columnId, [](ProductTreeCellImpl& cell) { return cell.HasHypertext(); }))
         return false;
     std::vector<UniqueMetaObjectKey> with;
     std::vector<UniqueMetaObjectKey> without;
@@ -156,12 +150,9 @@ bool GroupCellImpl::HaveMembersSameHypertext(const SharedText& columnId) const {
 bool GroupCellImpl::CanInsertHypertext() {
     if (m_data->IsEmbodimentMode() || HasHypertext())
         return false;
-    bool can = false;
-    ForEachMember([&](ProductTreeCellImpl& cell) {
-        can = cell.CanInsertHypertext() || cell.CanEditHypertext();
-        return !can;
+    return AnyMember([](ProductTreeCellImpl& cell) {
+        return cell.CanInsertHypertext() || cell.CanEditHypertext();
     });
-    return can;
 }
 
 bool GroupCellImpl::CanEditHypertext() {
@@ -169,25 +160,14 @@ bool GroupCellImpl::CanEditHypertext() {
 }
 
 bool GroupCellImpl::CanDestroyHypertext() {
-    if (m_data->IsEmbodimentMode())
-        return false;
-    bool can = false;
-    ForEachMember([&](ProductTreeCellImpl& cell) {
-        can = cell.HasHypertext();
-        return !can;
-    });
-    return can;
+    return !m_data->IsEmbodimentMode() &&
+           AnyMember([](ProductTreeCellImpl& cell) { return cell.HasHypertext(); });
 }
 
 bool GroupCellImpl::IsHypertextActive() {
-    if (!m_hypertextActive) {
-        bool active = true;
-        ForEachMember([&](ProductTreeCellImpl& cell) {
-            active = cell.IsHypertextActive();
-            return active;
-        });
-        m_hypertextActive = active;
-    }
+    if (!m_hypertextActive)
+        m_hypertextActive =
+            AllMembers([](ProductTreeCellImpl& cell) { return cell.IsHypertextActive(); });
     return *m_hypertextActive;
 }
 

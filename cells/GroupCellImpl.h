@@ -5,6 +5,7 @@
 #include "cells/ProductTreeCellImpl.h"
 
 #include <functional>
+#include <utility>
 
 namespace productTree {
 
@@ -55,8 +56,12 @@ protected:
     void SetGroupMode(GroupMode mode) { m_groupMode = mode; }
     /// As HasHypertext answers, for the members' cells of that column.
     bool HaveMembersSameHypertext(const SharedText& columnId) const;
-    /// The members' cells of this column, until `callback` answers false.
-    void ForEachMember(const std::function<bool(ProductTreeCellImpl&)>& callback) const;
+    /// Of the members' cells of this column: asked until the answer is known. A member without one
+    /// is passed over.
+    using Question = std::function<bool(ProductTreeCellImpl&)>;
+    bool AnyMember(const Question& question) const;
+    bool AllMembers(const Question& question) const { return AllMembers(GetColumnId(), question); }
+    bool AllMembers(const SharedText& columnId, const Question& question) const;
 
 private:
     /// A reference to the value of each member, but for its key.
@@ -66,6 +71,15 @@ private:
     SimplePropVal FindCommonValue() const;
 
     GroupMode m_groupMode;
+};
+
+/// A group cell whose class says how it mixes its members.
+template <GroupMode mode>
+class GroupCellOf : public GroupCellImpl {
+public:
+    GroupCellOf(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
+                const UniqueMetaObjectKey& key)
+        : GroupCellImpl(data, std::move(row), column, mode, key) {}
 };
 
 } // namespace productTree

@@ -101,10 +101,6 @@ std::set<int> MarkingCellImpl::GetAvailableCommands() {
     return available;
 }
 
-MarkingGroupCellImpl::MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                           const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
-
 void MarkingGroupCellImpl::InitEditor() {}
 
 void MarkingGroupCellImpl::Update() {

@@ -28,10 +28,9 @@ private:
 };
 
 /// The members' common designation, or none.
-class MarkingGroupCellImpl final : public GroupCellImpl {
+class MarkingGroupCellImpl final : public GroupCellOf<GroupMode::NoValue> {
 public:
-    MarkingGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                         const UniqueMetaObjectKey& key);
+    using GroupCellOf::GroupCellOf;
 
     void InitEditor() override;
     void Update() override;

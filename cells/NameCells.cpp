@@ -82,10 +82,6 @@ std::set<int> NameCellImpl::GetAvailableCommands() {
     return available;
 }
 
-NameGroupCellImpl::NameGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                     const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : CellWithPropValue(data, std::move(row), column, GroupMode::NoValue, key) {}
-
 void NameGroupCellImpl::InitEditor() {}
 
 void NameGroupCellImpl::Update() {
@@ -139,13 +135,10 @@ bool NameGroupCellImpl::CanInsertExtendedReference() {
                                 m_data->IsExtendedReference(with.front());
     if (haveAllTheSame)
         return false;
-    bool can = false;
-    ForEachMember([&](ProductTreeCellImpl& cell) {
-        can = cell.CanInsertExtendedReference() ||
-              (cell.CanEditHypertext() && m_data->IsExtendedReference(cell.GetKey()));
-        return !can;
+    return AnyMember([this](ProductTreeCellImpl& cell) {
+        return cell.CanInsertExtendedReference() ||
+               (cell.CanEditHypertext() && m_data->IsExtendedReference(cell.GetKey()));
     });
-    return can;
 }
 
 TreeActionResult NameGroupCellImpl::OnValueEdited() {

@@ -27,10 +27,9 @@ private:
 };
 
 /// The members' common name with their count, or the count alone.
-class NameGroupCellImpl final : public CellWithPropValue<GroupCellImpl> {
+class NameGroupCellImpl final : public CellWithPropValue<GroupCellOf<GroupMode::NoValue>> {
 public:
-    NameGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                      const UniqueMetaObjectKey& key);
+    using CellWithPropValue::CellWithPropValue;
 
     void InitEditor() override;
     void Update() override;

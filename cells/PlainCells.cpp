@@ -189,11 +189,6 @@ TreeActionResult ListCellImpl::OnValueEdited() {
     });
 }
 
-bool FeatureTypeCellImpl::IsEditable() {
-    m_editable = false;
-    return false;
-}
-
 void FeatureTypeCellImpl::InitEditor() {
     m_row->InitTextEditor(GetColumnId(), {}, true, {}, nullptr);
 }
@@ -215,15 +210,6 @@ void FeatureTypeCellImpl::Update() {
     SetShownValue(SimplePropVal(text));
 }
 
-TreeActionResult FeatureTypeCellImpl::OnValueEdited() {
-    return {};
-}
-
-bool EmptyDisabledCellImpl::IsEditable() {
-    m_editable = false;
-    return false;
-}
-
 void EmptyDisabledCellImpl::InitEditor() {
     m_row->InitTextEditor(GetColumnId(), {}, false, {}, nullptr);
 }
@@ -236,10 +222,6 @@ ProductInfObjChangesResult EmptyDisabledCellImpl::MakeChanges(const PropValue&,
 void EmptyDisabledCellImpl::Update() {
     ResetCaches();
     m_row->SetTextCell(GetColumnId(), {}, {}, false, false, {}, nullptr);
-}
-
-TreeActionResult EmptyDisabledCellImpl::OnValueEdited() {
-    return {};
 }
 
 } // namespace productTree

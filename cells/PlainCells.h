@@ -75,29 +75,25 @@ public:
 };
 
 /// The kind of an object in words.
-class FeatureTypeCellImpl final : public ProductTreeCellImpl {
+class FeatureTypeCellImpl final : public ReadOnlyCell<ProductTreeCellImpl> {
 public:
-    using ProductTreeCellImpl::ProductTreeCellImpl;
+    using ReadOnlyCell::ReadOnlyCell;
 
-    bool IsEditable() override;
     void InitEditor() override;
     ProductInfObjChangesResult MakeChanges(const PropValue& value,
                                            std::optional<int> extra) override;
     void Update() override;
-    TreeActionResult OnValueEdited() override;
 };
 
 /// Fills the place of a column that has no value in this row.
-class EmptyDisabledCellImpl final : public ProductTreeCellImpl {
+class EmptyDisabledCellImpl final : public ReadOnlyCell<ProductTreeCellImpl> {
 public:
-    using ProductTreeCellImpl::ProductTreeCellImpl;
+    using ReadOnlyCell::ReadOnlyCell;
 
-    bool IsEditable() override;
     void InitEditor() override;
     ProductInfObjChangesResult MakeChanges(const PropValue& value,
                                            std::optional<int> extra) override;
     void Update() override;
-    TreeActionResult OnValueEdited() override;
 };
 
 } // namespace productTree

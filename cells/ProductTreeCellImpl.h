@@ -187,4 +187,17 @@ private:
     bool AskHypertext();
 };
 
+/// What shows a value and takes no input, be it one object's or a group's.
+template <class Base>
+class ReadOnlyCell : public Base {
+public:
+    using Base::Base;
+
+    bool IsEditable() override {
+        this->m_editable = false;
+        return false;
+    }
+    TreeActionResult OnValueEdited() override { return {}; }
+};
+
 } // namespace productTree

@@ -117,11 +117,6 @@ int SPCSectionCellImpl::GetLinkStyle() {
     return LinkStyleLive;
 }
 
-SpcSectionGroupCellImpl::SpcSectionGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                                 const ColumnInfo& column,
-                                                 const UniqueMetaObjectKey& key)
-    : CellWithPropValue(data, std::move(row), column, GroupMode::NoValue, key) {}
-
 void SpcSectionGroupCellImpl::InitEditor() {
     InitSectionEditor(*m_row, GetColumnId());
 }
@@ -136,14 +131,12 @@ ProductInfObjChangesResult SpcSectionGroupCellImpl::MakeChanges(const PropValue&
 void SpcSectionGroupCellImpl::Update() {
     ResetCaches();
     const ProductTreeCellImpl* first = nullptr;
-    bool isSame = true;
-    ForEachMember([&](const ProductTreeCellImpl& member) {
+    const bool isSame = AllMembers([&](const ProductTreeCellImpl& member) {
         if (!first)
             first = &member;
         const PropValue held = first->GetShownPropValue();
         const PropValue value = member.GetShownPropValue();
-        isSame = held == value || ReadSection(held) == ReadSection(value);
-        return isSame;
+        return held == value || ReadSection(held) == ReadSection(value);
     });
 
     SimplePropVal text;
@@ -216,10 +209,6 @@ TreeActionResult PosCellImpl::OnValueEdited() {
     result.action = TreeActionResult::Synchronise;
     return result;
 }
-
-PosGroupCellImpl::PosGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                   const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::NoValue, key) {}
 
 PropertyRef PosGroupCellImpl::MakePositionRef() const {
     return {m_key, UniqueMetaObjectKey::null, GetColumnId(), IsInGroupRow()};

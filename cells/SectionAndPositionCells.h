@@ -24,10 +24,9 @@ public:
 };
 
 /// The section that the members share, as their cells remember it.
-class SpcSectionGroupCellImpl final : public CellWithPropValue<GroupCellImpl> {
+class SpcSectionGroupCellImpl final : public CellWithPropValue<GroupCellOf<GroupMode::NoValue>> {
 public:
-    SpcSectionGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                            const UniqueMetaObjectKey& key);
+    using CellWithPropValue::CellWithPropValue;
 
     void InitEditor() override;
     ProductInfObjChangesResult MakeChanges(const PropValue& value,
@@ -56,10 +55,9 @@ private:
 };
 
 /// The position of the group's own key, which is no mix of the members'.
-class PosGroupCellImpl final : public GroupCellImpl {
+class PosGroupCellImpl final : public GroupCellOf<GroupMode::NoValue> {
 public:
-    PosGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                     const UniqueMetaObjectKey& key);
+    using GroupCellOf::GroupCellOf;
 
     void InitEditor() override;
     ProductInfObjChangesResult MakeChanges(const PropValue& value,

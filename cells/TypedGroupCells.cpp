@@ -38,19 +38,6 @@ SharedText StringGroupCellImpl::GetRawText(const SharedText& text) const {
     return GetGroupMode() == GroupMode::CommonValue ? text : SharedText();
 }
 
-bool DisabledGroupCellImpl::IsEditable() {
-    m_editable = false;
-    return false;
-}
-
-TreeActionResult DisabledGroupCellImpl::OnValueEdited() {
-    return {};
-}
-
-UserIntGroupCellImpl::UserIntGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                           const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::CommonValue, key) {}
-
 void UserIntGroupCellImpl::InitEditor() {
     m_row->InitIntEditor(GetColumnId(), 0, true, ToLimit(m_column.GetMin()),
                          ToLimit(m_column.GetMax()), true, {});
@@ -72,11 +59,6 @@ TreeActionResult UserIntGroupCellImpl::OnValueEdited() {
     return FinishEdit(MakeChangesFromInt(), TreeActionResult::ValuesChanged,
                       [this] { m_row->SetIntValue(GetColumnId(), ToInt(m_value)); });
 }
-
-UserDoubleGroupCellImpl::UserDoubleGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                                 const ColumnInfo& column,
-                                                 const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::CommonValue, key) {}
 
 void UserDoubleGroupCellImpl::InitEditor() {
     m_row->InitDoubleEditor(GetColumnId(), std::nullopt, true, true, {}, 1.0, m_column.GetMin(),
@@ -100,11 +82,6 @@ TreeActionResult UserDoubleGroupCellImpl::OnValueEdited() {
     });
 }
 
-UserBoolGroupCellImpl::UserBoolGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                             const ColumnInfo& column,
-                                             const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::CommonValue, key) {}
-
 void UserBoolGroupCellImpl::InitEditor() {
     m_row->InitBoolEditor(GetColumnId(), true, true, true, {});
 }
@@ -122,10 +99,6 @@ TreeActionResult UserBoolGroupCellImpl::OnValueEdited() {
     return FinishEdit(MakeChanges(value, std::nullopt), TreeActionResult::ValuesChanged,
                       [this] { m_row->SetBoolValue(GetColumnId(), ToBool(GetGroupValue())); });
 }
-
-ListGroupCellImpl::ListGroupCellImpl(IfProductTreeData* data, TreeRowPtr row,
-                                     const ColumnInfo& column, const UniqueMetaObjectKey& key)
-    : GroupCellImpl(data, std::move(row), column, GroupMode::CommonValue, key) {}
 
 void ListGroupCellImpl::InitEditor() {
     m_row->InitListEditor(GetColumnId(), m_column.GetStoredList(), 0, true, {});

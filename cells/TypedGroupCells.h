@@ -22,48 +22,41 @@ private:
 };
 
 /// Shows its members and refuses edits.
-class DisabledGroupCellImpl final : public StringGroupCellImpl {
+class DisabledGroupCellImpl final : public ReadOnlyCell<StringGroupCellImpl> {
 public:
-    using StringGroupCellImpl::StringGroupCellImpl;
-
-    bool IsEditable() override;
-    TreeActionResult OnValueEdited() override;
+    using ReadOnlyCell::ReadOnlyCell;
 };
 
-class UserIntGroupCellImpl final : public GroupCellImpl {
+class UserIntGroupCellImpl final : public GroupCellOf<GroupMode::CommonValue> {
 public:
-    UserIntGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                         const UniqueMetaObjectKey& key);
+    using GroupCellOf::GroupCellOf;
 
     void InitEditor() override;
     void Update() override;
     TreeActionResult OnValueEdited() override;
 };
 
-class UserDoubleGroupCellImpl final : public GroupCellImpl {
+class UserDoubleGroupCellImpl final : public GroupCellOf<GroupMode::CommonValue> {
 public:
-    UserDoubleGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                            const UniqueMetaObjectKey& key);
+    using GroupCellOf::GroupCellOf;
 
     void InitEditor() override;
     void Update() override;
     TreeActionResult OnValueEdited() override;
 };
 
-class UserBoolGroupCellImpl final : public GroupCellImpl {
+class UserBoolGroupCellImpl final : public GroupCellOf<GroupMode::CommonValue> {
 public:
-    UserBoolGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                          const UniqueMetaObjectKey& key);
+    using GroupCellOf::GroupCellOf;
 
     void InitEditor() override;
     void Update() override;
     TreeActionResult OnValueEdited() override;
 };
 
-class ListGroupCellImpl final : public GroupCellImpl {
+class ListGroupCellImpl final : public GroupCellOf<GroupMode::CommonValue> {
 public:
-    ListGroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
-                      const UniqueMetaObjectKey& key);
+    using GroupCellOf::GroupCellOf;
 
     void InitEditor() override;
     void Update() override;
