@@ -56,8 +56,8 @@ protected:
     /// The cell of the only row of that name.
     QModelIndex Find(const QString& name, const char* column) const {
         const QAbstractItemModel& model = *Tree().model();
-        const auto found = model.match(model.index(0, 0), Qt::DisplayRole, name, 2,
-                                       Qt::MatchExactly | Qt::MatchRecursive);
+        const auto found =
+            model.match(model.index(0, 0), Qt::DisplayRole, name, 2, Qt::MatchExactly | Qt::MatchRecursive);
         EXPECT_EQ(found.size(), 1) << name.toStdString();
         return found.isEmpty() ? QModelIndex() : found[0].siblingAtColumn(Column(column));
     }
@@ -69,16 +69,11 @@ protected:
     }
     void ClickLink(const QModelIndex& index) {
         const QRect cell = Tree().visualRect(index);
-        QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier,
-                          {cell.left() + 12, cell.center().y()});
+        QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier, {cell.left() + 12, cell.center().y()});
         QApplication::processEvents();
     }
-    static std::string Text(const QModelIndex& index) {
-        return index.data().toString().toStdString();
-    }
-    double MassOf(const QString& name) const {
-        return QLocale().toDouble(Find(name, c_mass).data().toString());
-    }
+    static std::string Text(const QModelIndex& index) { return index.data().toString().toStdString(); }
+    double MassOf(const QString& name) const { return QLocale().toDouble(Find(name, c_mass).data().toString()); }
     /// With all rows expanded and the row of that name alone selected.
     std::string Print(const QString& name) const {
         Trigger("Expand all");

@@ -18,9 +18,7 @@ constexpr unsigned c_integer = 0;
 constexpr unsigned c_double = 1;
 constexpr unsigned c_boolean = 3;
 
-SimplePropVal Text(const std::wstring& text) {
-    return SimplePropVal(SharedText(text));
-}
+SimplePropVal Text(const std::wstring& text) { return SimplePropVal(SharedText(text)); }
 
 /// Rows of the section, in the order of their names.
 enum Row { Bolts, Dead, Lines, Linked, Long, Mirrored, Plain };
@@ -37,20 +35,15 @@ platform::ProductModel Looks() {
         .LastPropertyList({Text(L"Painted"), Text(L"Zinc plated"), Text(L"Raw")})
         .UserProperty(1005, L"Batch", 2)
         .LastPropertyReadOnly()
-        .Columns({L"note", L"comment", L"user.1001", L"user.1002", L"user.1003", L"user.1005",
-                  L"user.1004"});
+        .Columns({L"note", L"comment", L"user.1001", L"user.1002", L"user.1003", L"user.1005", L"user.1004"});
     const auto add = [&](const char* key, const std::wstring& name) -> support::Product& {
-        return product.Object(key)
-            .Name(name)
-            .Designation(L"AB.10")
+        return product.Object(key, name, L"AB.10")
             .Section(20, L"Parts")
             .Value(L"user.1001", SimplePropVal(17))
             .Value(L"user.1005", Text(L"K7"));
     };
     add("bolt", L"Bolt").Use("b1").Value(L"user.1001", SimplePropVal(18));
-    product.Value(L"note", Text(L"left"))
-        .Value(L"user.1003", SimplePropVal(true))
-        .Value(L"user.1004", Text(L"Raw"));
+    product.Value(L"note", Text(L"left")).Value(L"user.1003", SimplePropVal(true)).Value(L"user.1004", Text(L"Raw"));
     product.Use("b2").Value(L"note", Text(L"right")).Use("b3");
     add("dead", L"Dead link").Link(L"comment", "plain", L"zone").Uses();
     add("linked", L"Link").Link(L"comment", "plain", L"note").Uses();
@@ -175,10 +168,8 @@ TEST_F(CellLooksTest, OddTextsAreEditedAsTheyAre) {
 TEST_F(CellLooksTest, AGroupShowsWhetherItsMembersDiffer) {
     const auto& group = [&](const char* column) { return At({0, Bolts}, Column(column)); };
     EXPECT_EQ(group("Note").data().toString(), "left;right");
-    EXPECT_EQ(group("Note").data(Qt::ToolTipRole).toString().toStdString(),
-              "3 values:\nleft (1)\nright (1)\nnone (1)");
-    EXPECT_EQ(group("Teeth").data(Qt::ToolTipRole).toString().toStdString(),
-              "2 values:\n17 (2)\n18 (1)");
+    EXPECT_EQ(group("Note").data(Qt::ToolTipRole).toString().toStdString(), "3 values:\nleft (1)\nright (1)\nnone (1)");
+    EXPECT_EQ(group("Teeth").data(Qt::ToolTipRole).toString().toStdString(), "2 values:\n17 (2)\n18 (1)");
     EXPECT_EQ(group("Spare").data(Qt::CheckStateRole).toInt(), Qt::PartiallyChecked);
     EXPECT_EQ(group("Batch").data(Qt::ToolTipRole).toString(), "K7");
 

@@ -33,8 +33,8 @@ TEST(CommandLine, PrintTakesItsFormOnlyBehindAnEqualsSign) {
 }
 
 TEST(CommandLine, EveryOptionReachesItsPlace) {
-    const CommandLine line = Accepted({"--all", "--screenshot", "p.png", "--mass", "--assembly",
-                                       "Gear box", "--flatten", "--", "--odd.json"});
+    const CommandLine line = Accepted(
+        {"--all", "--screenshot", "p.png", "--mass", "--assembly", "Gear box", "--flatten", "--", "--odd.json"});
     EXPECT_TRUE(line.showsAllRows);
     EXPECT_EQ(line.screenshot, "p.png");
     EXPECT_TRUE(line.computesMasses);
@@ -72,8 +72,8 @@ TEST(CommandLine, HelpNamesEveryOption) {
     const auto parsed = Parse({"--help"});
     ASSERT_TRUE(std::holds_alternative<CommandLineEnd>(parsed));
     EXPECT_EQ(std::get<CommandLineEnd>(parsed).exitCode, 0);
-    for (const char* option : {"--print", "--all", "--screenshot", "--mass", "--assembly",
-                               "--flatten", "--encoding", "--help", "--version"})
+    for (const char* option :
+         {"--print", "--all", "--screenshot", "--mass", "--assembly", "--flatten", "--encoding", "--help", "--version"})
         EXPECT_NE(std::get<CommandLineEnd>(parsed).text.find(option), std::string::npos) << option;
 }
 

@@ -78,8 +78,7 @@ TEST(Document, AnAssemblyIsAskedForByNameDesignationOrTrimmedName) {
     const auto shown = [&](const char* name) {
         auto opened = desktop::OpenDocument(file, {name, false, ""});
         const auto* const error = std::get_if<desktop::FileError>(&opened);
-        return error ? error->reason
-                     : std::string(std::get<desktop::Document>(opened).model.root.key.String());
+        return error ? error->reason : std::string(std::get<desktop::Document>(opened).model.root.key.String());
     };
     EXPECT_EQ(shown("arm"), "b");
     EXPECT_EQ(shown("arm "), "a");

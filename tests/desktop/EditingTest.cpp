@@ -25,9 +25,7 @@ constexpr unsigned c_integer = 0;
 constexpr unsigned c_double = 1;
 constexpr unsigned c_boolean = 3;
 
-SharedText Text(const QString& text) {
-    return SharedText(text.toStdWString());
-}
+SharedText Text(const QString& text) { return SharedText(text.toStdWString()); }
 
 /// Five parts in one section with a column of every kind of value.
 platform::ProductModel Parts() {
@@ -38,15 +36,12 @@ platform::ProductModel Parts() {
         .LastPropertyUnit(L"mm", 1000)
         .UserProperty(1003, L"Spare", c_boolean)
         .UserProperty(1004, L"Finish", 2)
-        .LastPropertyList(
-            {SimplePropVal(SharedText(L"Painted")), SimplePropVal(SharedText(L"Raw"))})
+        .LastPropertyList({SimplePropVal(SharedText(L"Painted")), SimplePropVal(SharedText(L"Raw"))})
         .UserProperty(1005, L"Batch", 2)
         .LastPropertyReadOnly()
         .Columns({L"note", L"user.1001", L"user.1002", L"user.1003", L"user.1004", L"user.1005"});
     for (const char* const key : {"a", "b", "c", "d", "e"}) {
-        product.Object(key)
-            .Name(std::wstring(L"Part ") + wchar_t(*key))
-            .Designation(std::wstring(L"AB.10") + wchar_t(*key))
+        product.Object(key, std::wstring(L"Part ") + wchar_t(*key), std::wstring(L"AB.10") + wchar_t(*key))
             .Section(20, L"Parts")
             .Value(L"user.1001", SimplePropVal(17))
             .Value(L"user.1005", SimplePropVal(SharedText(L"K7")))
@@ -98,8 +93,7 @@ protected:
     void ClickHead(int column) {
         auto& head = *Tree().findChild<desktop::PanelHead*>();
         QTest::mouseClick(head.viewport(), Qt::LeftButton, Qt::NoModifier,
-                          {head.sectionViewportPosition(column) + head.sectionSize(column) / 2,
-                           head.height() / 2});
+                          {head.sectionViewportPosition(column) + head.sectionSize(column) / 2, head.height() / 2});
         QApplication::processEvents();
     }
 
@@ -134,11 +128,9 @@ TEST_F(EditingTest, AnInputIsTakenOrTheOldValueStands) {
     } cases[] = {
         {"given up", m_teeth, "7", Qt::Key_Escape, "17", ""},
         {"an integer", m_teeth, "42", Qt::Key_Return, "42", ""},
-        {"above the limit", m_teeth, "201", Qt::Key_Return, "42",
-         "Teeth: not taken, from 0 to 200 is allowed"},
+        {"above the limit", m_teeth, "201", Qt::Key_Return, "42", "Teeth: not taken, from 0 to 200 is allowed"},
         {"the same again", m_teeth, "42", Qt::Key_Return, "42", ""},
-        {"no number", m_teeth, "4x", Qt::Key_Return, "42",
-         "Teeth: not taken, from 0 to 200 is allowed"},
+        {"no number", m_teeth, "4x", Qt::Key_Return, "42", "Teeth: not taken, from 0 to 200 is allowed"},
         {"in shown units", m_length, "12.5", Qt::Key_Return, "12.5", ""},
         {"above the limit in shown units", m_length, "2000.5", Qt::Key_Return, "12.5",
          "Length, mm: not taken, from 0 to 2000 is allowed"},
@@ -173,8 +165,7 @@ TEST_F(EditingTest, NumbersAreShownAndTypedInTheUsersLocale) {
     Edit(At({0, 0}, m_length), "1234,5");
     EXPECT_EQ(TextAt({0, 0}, m_length), "1234,5");
     QLocale::setDefault(before);
-    EXPECT_EQ(TextAt({0, 0}, m_length),
-              QLocale().toString(1234.5, 'f', 1).remove(QLocale().groupSeparator()));
+    EXPECT_EQ(TextAt({0, 0}, m_length), QLocale().toString(1234.5, 'f', 1).remove(QLocale().groupSeparator()));
 }
 
 TEST_F(EditingTest, AnUntouchedEditorChangesNothingHoweverOddTheTextIs) {
@@ -312,9 +303,7 @@ TEST_F(EditingTest, ADesignationIsEditedInItsParts) {
 
 TEST_F(EditingTest, AWholeDesignationIsTakenApart) {
     Tree().setCurrentIndex(At({0, 0}, 1));
-    const auto parts = [&] {
-        return Tree().currentIndex().siblingAtColumn(1).data(Qt::EditRole).toStringList();
-    };
+    const auto parts = [&] { return Tree().currentIndex().siblingAtColumn(1).data(Qt::EditRole).toStringList(); };
     Press(Qt::Key_F2);
     Type("AB.107-02.11 AD");
     Press(Qt::Key_Return);
@@ -339,8 +328,7 @@ TEST_F(EditingTest, AHeadIsOfferedWhereARowTakesItsValueAndTellsOfThoseThatDoNot
     Type("20");
     Press(Qt::Key_Return);
     EXPECT_EQ(ColumnTexts(m_teeth), QStringList({"20", "20", "20", "17", "20"}));
-    EXPECT_EQ(m_window->statusBar()->currentMessage(),
-              "Teeth: taken by 4 of 5 rows, the others can't be edited there");
+    EXPECT_EQ(m_window->statusBar()->currentMessage(), "Teeth: taken by 4 of 5 rows, the others can't be edited there");
 }
 
 TEST_F(EditingTest, ALockedPartOfADesignationCannotBeTyped) {
@@ -404,8 +392,7 @@ TEST_F(EditingTest, ATruthValueIsToggledByClickAndBySpace) {
     Press(Qt::Key_Space);
     EXPECT_EQ(state(), Qt::Checked);
     const QRect cell = Tree().visualRect(At({0, 0}, m_spare));
-    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier,
-                      {cell.left() + 14, cell.center().y()});
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier, {cell.left() + 14, cell.center().y()});
     QApplication::processEvents();
     EXPECT_EQ(state(), Qt::Unchecked);
     Trigger("Undo");
@@ -438,8 +425,7 @@ TEST_F(EditingTest, TypingWhereNothingCanBeEditedSaysSoAndDoesNothingElse) {
         for (const char* typed : {"part b", "7850", "-5*+"}) {
             m_window->statusBar()->clearMessage();
             Type(typed);
-            EXPECT_EQ(m_window->statusBar()->currentMessage(),
-                      column + " can't be edited in this row");
+            EXPECT_EQ(m_window->statusBar()->currentMessage(), column + " can't be edited in this row");
         }
         Press(Qt::Key_F2);
         EXPECT_FALSE(IsEditing());
@@ -478,20 +464,16 @@ TEST_F(EditingTest, EnterOpensWhatAClickOpens) {
     EXPECT_EQ(At({0, 0}, m_spare).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     Tree().setCurrentIndex(At({0, 0}, m_teeth));
     Trigger("Value by Source");
-    EXPECT_EQ(desktop::TreeItemModel::LookOf(At({0, 0}, m_teeth)).sourceIcon.Str(),
-              L"PRODUCTTREE_VAL_NOT_BY_SRC");
+    EXPECT_EQ(desktop::TreeItemModel::LookOf(At({0, 0}, m_teeth)).sourceIcon.Str(), L"PRODUCTTREE_VAL_NOT_BY_SRC");
 }
 
 TEST_F(EditingTest, AGroupIsEmptiedWhereItShowsNothing) {
     support::Product product;
     product.Root(L"r").NoSectionRows().Columns({L"note", L"user.1003", L"user.1004"});
     product.UserProperty(1003, L"Spare", c_boolean);
-    product.UserProperty(1004, L"Finish", 2)
-        .LastPropertyList({SimplePropVal(Text("x")), SimplePropVal(Text("y"))});
+    product.UserProperty(1004, L"Finish", 2).LastPropertyList({SimplePropVal(Text("x")), SimplePropVal(Text("y"))});
     for (const char* const key : {"x", "y"}) {
-        product.Object(key)
-            .Name(L"Pin")
-            .Designation(L"P.1")
+        product.Object(key, L"Pin", L"P.1")
             .Value(L"note", SimplePropVal(Text(key)))
             .Value(L"user.1003", SimplePropVal(*key == 'x'))
             .Value(L"user.1004", SimplePropVal(Text(key)))
@@ -519,9 +501,7 @@ TEST_F(EditingTest, AGroupIsEmptiedWhereItShowsNothing) {
 }
 
 TEST_F(EditingTest, TheSourceIconUntiesAValueAndTiesItAgain) {
-    const auto icon = [&] {
-        return desktop::TreeItemModel::LookOf(At({0, 0}, m_teeth)).sourceIcon.Str();
-    };
+    const auto icon = [&] { return desktop::TreeItemModel::LookOf(At({0, 0}, m_teeth)).sourceIcon.Str(); };
     EXPECT_EQ(icon(), L"PRODUCTTREE_VALUE_BY_SOURCE");
     ClickFromRight(At({0, 0}, m_teeth), 12);
     EXPECT_EQ(icon(), L"PRODUCTTREE_VAL_NOT_BY_SRC");
@@ -563,8 +543,7 @@ TEST_F(EditingTest, AHeadTellsOfAValueThatNoRowHasTaken) {
     Type("201");
     Press(Qt::Key_Return);
     EXPECT_EQ(ColumnTexts(m_teeth), QStringList(5, "17"));
-    EXPECT_EQ(m_window->statusBar()->currentMessage(),
-              "Teeth: not taken, from 0 to 200 is allowed");
+    EXPECT_EQ(m_window->statusBar()->currentMessage(), "Teeth: not taken, from 0 to 200 is allowed");
     ASSERT_TRUE(OpenLine());
     EXPECT_EQ(OpenLine()->text(), "201");
     Shoot("refused");

@@ -32,8 +32,7 @@ private:
 };
 
 TEST(LocaleNumbers, ComeBackFromEveryLocale) {
-    const double numbers[] = {0,    -0.1,  1e-7,   123456.789,
-                              1e15, 1e300, 5e-324, std::numeric_limits<double>::max()};
+    const double numbers[] = {0, -0.1, 1e-7, 123456.789, 1e15, 1e300, 5e-324, std::numeric_limits<double>::max()};
     for (const auto language : {QLocale::C, QLocale::German, QLocale::Arabic, QLocale::Hindi}) {
         const InLocale locale(language);
         for (const double number : numbers)
@@ -46,8 +45,7 @@ TEST(LocaleNumbers, ComeBackFromEveryLocale) {
 TEST(LocaleNumbers, LoseDigitsBehindThePointWhereThereIsNoRoom) {
     const InLocale locale(QLocale::C);
     const auto format = [](double number, qsizetype letters) {
-        return FormatNumber(number, [&](const QString& text) { return text.size() <= letters; })
-            .toStdString();
+        return FormatNumber(number, [&](const QString& text) { return text.size() <= letters; }).toStdString();
     };
     EXPECT_EQ(format(4.16501531189, 13), "4.16501531189");
     EXPECT_EQ(format(4.16501531189, 7), "4.16502");
@@ -66,8 +64,7 @@ TEST(LocaleNumbers, WhatIsNoNumberIsNone) {
 }
 
 TEST(ControlPictures, BringEveryTextBack) {
-    const QString texts[] = {QStringLiteral("a\n\t\x7F"), QString(QChar(0)),
-                             QString::fromUtf16(u"\u240A and \n"),
+    const QString texts[] = {QStringLiteral("a\n\t\x7F"), QString(QChar(0)), QString::fromUtf16(u"\u240A and \n"),
                              QString::fromUtf16(u"\u21B5 and \r\n"), QStringLiteral("plain")};
     for (const QString& text : texts) {
         const ControlPictures pictures(text);
@@ -100,8 +97,7 @@ TEST(Editors, SayWhatTheUserWantsAndNothingWhenHeWantsNothing) {
         auto& line = dynamic_cast<QLineEdit&>(*MakeEditor(request, &parent));
         EXPECT_EQ(TakeInput(line), std::nullopt);
         line.selectAll();
-        edit.typed.isEmpty() ? QTest::keyClick(&line, Qt::Key_Delete)
-                             : QTest::keyClicks(&line, edit.typed);
+        edit.typed.isEmpty() ? QTest::keyClick(&line, Qt::Key_Delete) : QTest::keyClicks(&line, edit.typed);
         EXPECT_EQ(TakeInput(line), edit.input) << edit.typed.toStdString();
     }
 }
@@ -120,8 +116,8 @@ TEST(Editors, ANumberGoesUpAndDownByItsStepAndNotPastWhatFits) {
 TEST(SourceIcons, TheThreeStatesHavePicturesOfTheirOwn) {
     const SourceIcons icons;
     std::vector<QImage> seen;
-    for (const wchar_t* name : {L"PRODUCTTREE_VALUE_BY_SOURCE", L"PRODUCTTREE_VAL_NOT_BY_SRC",
-                                L"PRODUCTTREE_BY_SRC_MIXED"}) {
+    for (const wchar_t* name :
+         {L"PRODUCTTREE_VALUE_BY_SOURCE", L"PRODUCTTREE_VAL_NOT_BY_SRC", L"PRODUCTTREE_BY_SRC_MIXED"}) {
         const QIcon* icon = icons.Find(name);
         ASSERT_TRUE(icon);
         const QImage picture = icon->pixmap(16).toImage();
@@ -141,8 +137,7 @@ std::string Outline(const QTreeWidgetItem& item) {
 
 TEST(SectionDialogs, ShowTheSectionsAsATreeAndGiveTheChosenOne) {
     platform::SectionRequest request;
-    request.sections = {
-        {L"Parts", 0}, {L"Loose\nones", 1}, {L"Bolts", 2}, {L"Spare", 1}, {L"Standard", 0}};
+    request.sections = {{L"Parts", 0}, {L"Loose\nones", 1}, {L"Bolts", 2}, {L"Spare", 1}, {L"Standard", 0}};
     request.linkText = L"Name";
     {
         const SectionDialog dialog(request);
@@ -154,8 +149,7 @@ TEST(SectionDialogs, ShowTheSectionsAsATreeAndGiveTheChosenOne) {
     request.isNameLinked = true;
     const SectionDialog dialog(request);
     auto& tree = *dialog.findChild<QTreeWidget*>();
-    EXPECT_EQ(Outline(*tree.invisibleRootItem()),
-              " [Parts [Loose ones [Bolts] | Spare] | Standard]");
+    EXPECT_EQ(Outline(*tree.invisibleRootItem()), " [Parts [Loose ones [Bolts] | Spare] | Standard]");
     EXPECT_EQ(dialog.GetDecision()->section, 2U);
     EXPECT_TRUE(dialog.GetDecision()->isNameLinked);
     tree.setCurrentItem(tree.topLevelItem(1));

@@ -19,13 +19,7 @@ namespace {
 namespace store = desktop::store;
 
 platform::ProductModel Gearbox(const std::wstring& part = L"Case") {
-    return support::Product()
-        .Root(L"Gearbox")
-        .Columns({L"note"})
-        .Object("case")
-        .Name(part)
-        .Section(20, L"Parts")
-        .Uses();
+    return support::Product().Root(L"Gearbox").Columns({L"note"}).Object("case", part).Section(20, L"Parts").Uses();
 }
 
 /// A product file in a folder of its own, open in the window.
@@ -104,8 +98,8 @@ TEST_F(FilesTest, AFileThatIsGoneIsToBeSavedAgain) {
 
 TEST_F(FilesTest, AProductWithoutAFileIsSavedWhereTheUserSays) {
     auto opened = desktop::OpenDocument(m_file, {});
-    m_window->Show(std::make_unique<desktop::Session>(
-        desktop::MakeUnnamed(std::get<desktop::Document>(std::move(opened)))));
+    m_window->Show(
+        std::make_unique<desktop::Session>(desktop::MakeUnnamed(std::get<desktop::Document>(std::move(opened)))));
     EXPECT_TRUE(ShowsText("Unnamed"));
     std::ofstream(m_folder / "notes.txt") << "notes";
     m_decisions->ChooseNext(m_folder / "notes.txt");
@@ -199,8 +193,7 @@ TEST_F(FilesTest, AnInvalidFileIsToldOfInOneLineAndTheProductStays) {
     const auto isTold = [&] {
         const auto labels = m_window->findChildren<QLabel*>();
         return std::any_of(labels.begin(), labels.end(), [](QLabel* label) {
-            return label->text().startsWith(
-                       "gear.json was changed by another program and can't be read: line 1") &&
+            return label->text().startsWith("gear.json was changed by another program and can't be read: line 1") &&
                    !label->text().contains('\n');
         });
     };

@@ -31,8 +31,7 @@ protected:
         root->AppendChild(m_group);
         m_view->SetRootRow(root);
     }
-    void MakeTexts(const std::vector<SharedText>& texts, const SharedText& raw,
-                   const SharedText& shown) {
+    void MakeTexts(const std::vector<SharedText>& texts, const SharedText& raw, const SharedText& shown) {
         MakeRows(texts.size());
         for (std::size_t i = 0; i < texts.size(); ++i)
             SetText(*m_members[i], texts[i], texts[i]);

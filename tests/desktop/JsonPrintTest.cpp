@@ -23,9 +23,7 @@ TEST(JsonPrint, ARowSaysAllThatTheViewShowsOfIt) {
                                                      .Root(L"Gearbox", L"AB.100")
                                                      .Columns({L"mass"})
                                                      .Simplified()
-                                                     .Object("nut")
-                                                     .Name(L"Nut \"M8\"")
-                                                     .Designation(L"AB.101")
+                                                     .Object("nut", L"Nut \"M8\"", L"AB.101")
                                                      .Section(20, L"Parts")
                                                      .Icon(1)
                                                      .Mass(0.25)
@@ -34,8 +32,7 @@ TEST(JsonPrint, ARowSaysAllThatTheViewShowsOfIt) {
     EXPECT_EQ(json["caption"], "Product tree");
     EXPECT_EQ(json["columns"][0]["id"], "name");
     EXPECT_EQ(json["columns"][1]["id"], "marking");
-    EXPECT_EQ(json["columns"][2],
-              (Json{{"id", "mass"}, {"caption", "Mass, kg"}, {"width", 75.75}}));
+    EXPECT_EQ(json["columns"][2], (Json{{"id", "mass"}, {"caption", "Mass, kg"}, {"width", 75.75}}));
 
     const Json& root = json["root"];
     EXPECT_EQ(root["text"], "Gearbox");

@@ -33,14 +33,12 @@ protected:
     }
     QModelIndex Find(const QString& name, int column = 0) const {
         const QAbstractItemModel& model = *Tree().model();
-        const auto found = model.match(model.index(0, 0), Qt::DisplayRole, name, 1,
-                                       Qt::MatchExactly | Qt::MatchRecursive);
+        const auto found =
+            model.match(model.index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive);
         return found.isEmpty() ? QModelIndex() : found[0].siblingAtColumn(column);
     }
     std::string Root() const { return TextAt({}, 0).toStdString(); }
-    std::string Current() const {
-        return Tree().currentIndex().siblingAtColumn(0).data().toString().toStdString();
-    }
+    std::string Current() const { return Tree().currentIndex().siblingAtColumn(0).data().toString().toStdString(); }
     void DoubleClickIcon(const QModelIndex& index) const {
         const QRect cell = Tree().visualRect(index);
         const QPoint icon(cell.left() + 10, cell.center().y());

@@ -24,13 +24,10 @@ using desktop::step::StepDocument;
 platform::ProductModel SmallProduct() {
     return support::Product()
         .Root(L"Gearbox")
-        .Object("case")
-        .Name(L"Case")
+        .Object("case", L"Case")
         .Section(20, L"Parts")
         .Uses()
-        .Object("pin")
-        .Name(L"Pin")
-        .Designation(L"AB.7")
+        .Object("pin", L"Pin", L"AB.7")
         .Section(20, L"Parts")
         .Uses(2);
 }
@@ -66,9 +63,7 @@ public:
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
     const std::vector<std::string>& GetForeignTexts() const override { return m_texts; }
     const std::string& GetEncoding() const override { return m_encoding; }
-    std::optional<std::wstring> Decode(const std::string&, const std::string&) const override {
-        return std::nullopt;
-    }
+    std::optional<std::wstring> Decode(const std::string&, const std::string&) const override { return std::nullopt; }
     std::unique_ptr<Measuring> StartMeasuring(MeasuredParts, const UniqueMetaObjectKey&) override {
         auto measuring = std::make_unique<SlowMeasuring>();
         m_measuring = measuring.get();
@@ -137,15 +132,11 @@ platform::ProductModel ProductOfEmbodiments() {
         .Embodiment("e", L"01")
         .Embodiment("f", L"02")
         .ActiveEmbodiment("f")
-        .Object("screw")
-        .Name(L"Screw")
-        .Designation(L"1")
+        .Object("screw", L"Screw", L"1")
         .Uses()
         .Uses()
         .In({"e"})
-        .Object("sheet")
-        .Name(L"Sheet")
-        .Designation(L"2")
+        .Object("sheet", L"Sheet", L"2")
         .CountMark()
         .Uses()
         .CountMark()
@@ -159,9 +150,7 @@ TEST_F(MainWindowTest, EmbodimentsAreCountedInColumnsOfTheirOwn) {
     EXPECT_FALSE(Action("Counts of All Embodiments")->isEnabled());
     WindowFixture::Show(ProductOfEmbodiments());
     EXPECT_EQ(TextAt({0}, Column("Count")), "2");
-    const auto tip = [&](const QModelIndex& index) {
-        return index.data(Qt::ToolTipRole).toString().section('\n', -1);
-    };
+    const auto tip = [&](const QModelIndex& index) { return index.data(Qt::ToolTipRole).toString().section('\n', -1); };
     // What the status line says afterwards is told before.
     for (const QModelIndex& cell : {At({0}, Column("Count")), At({0, 0}, Column("Count"))}) {
         EXPECT_TRUE(tip(cell).startsWith("A count that is typed here stands in embodiment"));
@@ -180,8 +169,7 @@ TEST_F(MainWindowTest, EmbodimentsAreCountedInColumnsOfTheirOwn) {
     const int last = Column("-02");
     EXPECT_EQ(TextAt({0}, Column("-01")), "2");
     EXPECT_EQ(TextAt({0}, last), "1");
-    EXPECT_EQ(Tree().model()->headerData(last, Qt::Horizontal, Qt::ToolTipRole).toString(),
-              "Count for embodiment -02");
+    EXPECT_EQ(Tree().model()->headerData(last, Qt::Horizontal, Qt::ToolTipRole).toString(), "Count for embodiment -02");
     EXPECT_TRUE(Tree().model()->headerData(last, Qt::Horizontal, Qt::FontRole).isValid());
     EXPECT_FALSE(Tree().model()->headerData(Column("-01"), Qt::Horizontal, Qt::FontRole).isValid());
 

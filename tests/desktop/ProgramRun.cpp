@@ -20,8 +20,8 @@ std::string ReadAll(const std::filesystem::path& path) {
 }
 
 /// Becomes the program; does not come back.
-[[noreturn]] void Become(const Folder& folder, const std::vector<std::string>& arguments,
-                         const std::string& out, const std::string& err) {
+[[noreturn]] void Become(const Folder& folder, const std::vector<std::string>& arguments, const std::string& out,
+                         const std::string& err) {
     const int outFile = open(out.c_str(), O_CREAT | O_WRONLY | O_TRUNC, 0600);
     const int errFile = open(err.c_str(), O_CREAT | O_WRONLY | O_TRUNC, 0600);
     dup2(outFile, STDOUT_FILENO);
@@ -50,9 +50,7 @@ Folder::Folder() {
     m_path = name;
 }
 
-Folder::~Folder() {
-    std::filesystem::remove_all(m_path);
-}
+Folder::~Folder() { std::filesystem::remove_all(m_path); }
 
 std::filesystem::path Folder::Write(const std::string& name, const std::string& content) const {
     std::ofstream(m_path / name, std::ios::binary) << content;

@@ -43,8 +43,7 @@ std::vector<std::string> Lines(const std::string& text) {
 }
 
 /// The rows of the JSON form as the text form begins its lines.
-void TextLines(const Json& row, bool all, const std::string& indent,
-               std::vector<std::string>& lines) {
+void TextLines(const Json& row, bool all, const std::string& indent, std::vector<std::string>& lines) {
     const bool goesOn = all || row["expanded"];
     const char* const fold = row["children"].empty() ? "  " : goesOn ? "- " : "+ ";
     lines.push_back(indent + fold + row["text"].get<std::string>());
@@ -76,8 +75,7 @@ TEST(Run, AFileThatIsNoneIsRefusedInOneLine) {
             EXPECT_EQ(run.status, 2) << file;
             EXPECT_EQ(run.out, "") << file;
             EXPECT_EQ(Lines(run.err).size(), 1U) << run.err;
-            EXPECT_EQ(run.err.rfind("product-tree: " + std::string(file) + ": " + reason, 0), 0U)
-                << run.err;
+            EXPECT_EQ(run.err.rfind("product-tree: " + std::string(file) + ": " + reason, 0), 0U) << run.err;
             EXPECT_FALSE(folder.Has("x.png"));
         }
     }
@@ -113,8 +111,7 @@ TEST(Run, TextAndJsonSayTheSame) {
         std::vector<std::string> expected;
         TextLines(json["root"], all, "", expected);
         EXPECT_GT(expected.size(), 5U);
-        const Outcome run =
-            all ? RunProgram(folder, {"--print", "--all"}) : RunProgram(folder, {"--print"});
+        const Outcome run = all ? RunProgram(folder, {"--print", "--all"}) : RunProgram(folder, {"--print"});
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.err, "");
         const std::vector<std::string> lines = Lines(run.out);
@@ -191,8 +188,7 @@ TEST(Run, AnAssemblyIsShownByItsUses) {
     using StringList = std::vector<std::string>;
     EXPECT_EQ(print({}), (StringList{"- as1", "  + Assembly units (x3)", "  + Parts (x1)"}));
     EXPECT_EQ(print({"--flatten"}), (StringList{"- as1", "  + Parts (x18)"}));
-    EXPECT_EQ(print({"--assembly", "rod-assembly", "--mass"}),
-              (StringList{"- rod-assembly", "  + Parts (x3)"}));
+    EXPECT_EQ(print({"--assembly", "rod-assembly", "--mass"}), (StringList{"- rod-assembly", "  + Parts (x3)"}));
 }
 
 } // namespace

@@ -21,9 +21,7 @@ public:
     const std::vector<std::string>& GetNotes() const override { return m_notes; }
     const std::vector<std::string>& GetForeignTexts() const override { return m_texts; }
     const std::string& GetEncoding() const override { return m_encoding; }
-    std::optional<std::wstring> Decode(const std::string&, const std::string&) const override {
-        return std::nullopt;
-    }
+    std::optional<std::wstring> Decode(const std::string&, const std::string&) const override { return std::nullopt; }
     std::unique_ptr<desktop::step::Measuring> StartMeasuring(desktop::step::MeasuredParts,
                                                              const UniqueMetaObjectKey&) override {
         return nullptr;
@@ -41,12 +39,10 @@ platform::ProductModel Gearbox() {
         .MassOfParts()
         .Simplified()
         .Columns({L"material.density", L"mass", L"note"})
-        .Object("case")
-        .Name(L"Case")
+        .Object("case", L"Case")
         .Section(20, L"Parts")
         .Uses()
-        .Object("pin")
-        .Name(L"Pin")
+        .Object("pin", L"Pin")
         .Section(20, L"Parts")
         .Uses(2);
 }
@@ -149,8 +145,7 @@ TEST_F(SessionTest, WhatIsNoProductIsNeverWrittenOver) {
         for (const auto& [name, text] : files) {
             std::ofstream(m_folder / name, std::ios::binary) << text;
             const auto error = session->SaveAs(m_folder / name);
-            EXPECT_TRUE(error && error->reason.find("not written over") != std::string::npos)
-                << name;
+            EXPECT_TRUE(error && error->reason.find("not written over") != std::string::npos) << name;
             std::ifstream file(m_folder / name, std::ios::binary);
             EXPECT_EQ(std::string(std::istreambuf_iterator(file), {}), text);
         }
@@ -166,9 +161,7 @@ TEST_F(SessionTest, WhatIsNoProductIsNeverWrittenOver) {
 TEST_F(SessionTest, AChangeOnDiskIsNoticedOnceAndOurOwnNever) {
     using desktop::FileNews;
     const auto session = Open("a.json");
-    const auto write = [&](const std::string& text) {
-        std::ofstream(m_folder / "a.json", std::ios::binary) << text;
-    };
+    const auto write = [&](const std::string& text) { std::ofstream(m_folder / "a.json", std::ios::binary) << text; };
     ASSERT_FALSE(session->SaveAs(m_folder / "a.json"));
     EXPECT_EQ(session->NoticeChangeOnDisk(), FileNews::None);
     write(desktop::store::FormatProduct(Gearbox()));
@@ -192,13 +185,8 @@ TEST_F(SessionTest, AFileReadAgainKeepsTheUsersViewByIdentity) {
     session->GetView().SelectByUser({&Part(*session, 0)}, &Part(*session, 0));
     Rename(*session, L"Housing");
     platform::ProductModel other = Gearbox();
-    other.objects.insert(other.objects.begin(), support::Product()
-                                                    .Object("arm")
-                                                    .Name(L"Arm")
-                                                    .Section(20, L"Parts")
-                                                    .Uses()
-                                                    .Model()
-                                                    .objects[0]);
+    other.objects.insert(other.objects.begin(),
+                         support::Product().Object("arm", L"Arm").Section(20, L"Parts").Uses().Model().objects[0]);
     ASSERT_FALSE(desktop::store::WriteProductFile(m_folder / "a.json", other));
     EXPECT_FALSE(session->Reload(L"Reading Again"));
     EXPECT_EQ(support::DumpView(session->GetView(), {.expandedOnly = true, .selection = true}),

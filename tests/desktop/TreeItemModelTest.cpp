@@ -22,21 +22,17 @@ protected:
                                                              .Root(L"Gearbox", L"AB.100")
                                                              .Simplified()
                                                              .Columns({L"mass", L"note"})
-                                                             .Object("case")
-                                                             .Name(L"Case")
-                                                             .Designation(L"AB.101")
+                                                             .Object("case", L"Case", L"AB.101")
                                                              .Section(20, L"Parts")
                                                              .Uses()
-                                                             .Object("nut")
-                                                             .Name(L"Nut M8\nzinc")
+                                                             .Object("nut", L"Nut M8\nzinc")
                                                              .Section(25, L"Standard parts")
                                                              .Icon(2)
                                                              .Uses(3)
                                                              .Make();
     platform::HostFrame m_frame{m_product};
     TreeItemModel m_model{m_frame.GetView()};
-    QAbstractItemModelTester m_tester{&m_model,
-                                      QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QAbstractItemModelTester m_tester{&m_model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 
     void Change(const std::function<void(ProductModel&)>& change) {
         m_product->Change(change);
@@ -64,8 +60,7 @@ TEST_F(TreeItemModelTest, ShowsTheRowsOfThePanel) {
                       "[Nut M8 zinc (x3) [Nut M8 zinc | Nut M8 zinc | Nut M8 zinc]]]");
     EXPECT_EQ(m_model.columnCount(), 4);
     EXPECT_EQ(m_model.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(), "Mass, kg");
-    EXPECT_TRUE(m_model.headerData(2, Qt::Horizontal, Qt::TextAlignmentRole).toInt() &
-                Qt::AlignRight);
+    EXPECT_TRUE(m_model.headerData(2, Qt::Horizontal, Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
     const QModelIndex group = m_model.index(0, 0, m_model.index(1, 0, m_model.index(0, 0)));
     EXPECT_FALSE(group.data(Qt::DecorationRole).value<QIcon>().isNull());
     EXPECT_EQ(group.data(Qt::ToolTipRole).toString(), "Nut M8\nzinc (x3)");
@@ -78,7 +73,7 @@ TEST_F(TreeItemModelTest, FollowsRebuildsThatAddAndDropRows) {
     Change([](ProductModel& model) { model.objects.clear(); });
     EXPECT_EQ(Dump(), "Gearbox {AB.100}");
     Change([](ProductModel& model) {
-        model.objects = support::Product().Object("a").Name(L"A").Uses(2).Model().objects;
+        model.objects = support::Product().Object("a", L"A").Uses(2).Model().objects;
         model.areSectionRowsShown = false;
     });
     EXPECT_NE(Dump().find("A"), std::string::npos);
@@ -120,8 +115,8 @@ TEST_F(TreeItemModelTest, HoldsWhileAUserEditsUndoesAndReloads) {
     EXPECT_TRUE(m_model.setData(part(), "Housing", Qt::EditRole));
     m_model.TellChanges();
     EXPECT_EQ(part().data().toString(), "Housing");
-    EXPECT_TRUE(m_model.setData(part().siblingAtColumn(1),
-                                QStringList{"AB.102", "-", "01", "", "", "", ""}, Qt::EditRole));
+    EXPECT_TRUE(
+        m_model.setData(part().siblingAtColumn(1), QStringList{"AB.102", "-", "01", "", "", "", ""}, Qt::EditRole));
     m_model.TellChanges();
     EXPECT_EQ(part().siblingAtColumn(1).data().toString(), "AB.102-01");
     while (m_product->CanUndo()) {
@@ -140,9 +135,7 @@ TEST_F(TreeItemModelTest, HoldsWhileAUserEditsUndoesAndReloads) {
 }
 
 TEST_F(TreeItemModelTest, TellsOfAnEditedRowAlone) {
-    Change([](ProductModel& model) {
-        model.visibleProperties = {ProductProperties::GetPropId(L"note")};
-    });
+    Change([](ProductModel& model) { model.visibleProperties = {ProductProperties::GetPropId(L"note")}; });
     m_model.TellChanges();
     const QModelIndex part = m_model.index(0, 0, m_model.index(0, 0, m_model.index(0, 0)));
     QSignalSpy changed(&m_model, &TreeItemModel::dataChanged);

@@ -79,8 +79,7 @@ void WindowFixture::Trigger(const QString& text) const {
 
 bool WindowFixture::ShowsText(const QString& text) const {
     const auto labels = m_window->findChildren<QLabel*>();
-    return std::any_of(labels.begin(), labels.end(),
-                       [&](QLabel* label) { return label->text() == text; });
+    return std::any_of(labels.begin(), labels.end(), [&](QLabel* label) { return label->text() == text; });
 }
 
 void WindowFixture::WaitForText(const QString& text) const {
@@ -88,15 +87,13 @@ void WindowFixture::WaitForText(const QString& text) const {
 }
 
 void WindowFixture::Click(const QModelIndex& index, Qt::KeyboardModifiers modifiers) const {
-    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, modifiers,
-                      Tree().visualRect(index).center());
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, modifiers, Tree().visualRect(index).center());
     QApplication::processEvents();
 }
 
 void WindowFixture::ClickFromRight(const QModelIndex& index, int pixels) const {
     const QRect cell = Tree().visualRect(index);
-    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier,
-                      {cell.right() - pixels, cell.center().y()});
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, Qt::NoModifier, {cell.right() - pixels, cell.center().y()});
     QApplication::processEvents();
 }
 
@@ -122,8 +119,7 @@ void WindowFixture::Shoot(const char* name) const {
     QPixmap picture = m_window->grab();
     if (QWidget* const popup = QApplication::activePopupWidget())
         QPainter(&picture).drawPixmap(m_window->mapFromGlobal(popup->pos()), popup->grab());
-    picture.save(
-        QStringLiteral("%1/%2.png").arg(QString::fromUtf8(folder), QString::fromUtf8(name)));
+    picture.save(QStringLiteral("%1/%2.png").arg(QString::fromUtf8(folder), QString::fromUtf8(name)));
 }
 
 } // namespace window_tests

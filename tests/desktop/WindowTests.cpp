@@ -13,8 +13,7 @@ namespace {
 constexpr std::array c_expected = {"This plugin does not support", "XDG_RUNTIME_DIR"};
 
 void FailOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    const bool isExpected =
-        std::ranges::any_of(c_expected, [&](const char* text) { return message.contains(text); });
+    const bool isExpected = std::ranges::any_of(c_expected, [&](const char* text) { return message.contains(text); });
     if (type == QtDebugMsg || type == QtInfoMsg || isExpected)
         return;
     ADD_FAILURE() << qPrintable(message);

@@ -83,20 +83,18 @@ std::map<std::string, double> MassesByName(StepDocument& document, bool flatten 
 
 /// The text of as1 with a density of 1 g/cm3 for each of its parts.
 std::string WithDensities(std::string text) {
-    std::string added =
-        "#90001=(MASS_UNIT()NAMED_UNIT(*)SI_UNIT($,.GRAM.));\n"
-        "#90002=(LENGTH_UNIT()NAMED_UNIT(*)SI_UNIT(.CENTI.,.METRE.));\n"
-        "#90003=DERIVED_UNIT_ELEMENT(#90001,1.);\n"
-        "#90004=DERIVED_UNIT_ELEMENT(#90002,-3.);\n"
-        "#90005=DERIVED_UNIT((#90003,#90004));\n"
-        "#90006=MEASURE_REPRESENTATION_ITEM('',POSITIVE_RATIO_MEASURE(1.),#90005);\n"
-        "#90007=REPRESENTATION('density',(#90006),$);\n";
+    std::string added = "#90001=(MASS_UNIT()NAMED_UNIT(*)SI_UNIT($,.GRAM.));\n"
+                        "#90002=(LENGTH_UNIT()NAMED_UNIT(*)SI_UNIT(.CENTI.,.METRE.));\n"
+                        "#90003=DERIVED_UNIT_ELEMENT(#90001,1.);\n"
+                        "#90004=DERIVED_UNIT_ELEMENT(#90002,-3.);\n"
+                        "#90005=DERIVED_UNIT((#90003,#90004));\n"
+                        "#90006=MEASURE_REPRESENTATION_ITEM('',POSITIVE_RATIO_MEASURE(1.),#90005);\n"
+                        "#90007=REPRESENTATION('density',(#90006),$);\n";
     int number = 90010;
     for (const char* part : {"#742", "#1122", "#1901", "#3795", "#6202"}) {
         const std::string property = "#" + std::to_string(number++);
         added += property + "=PROPERTY_DEFINITION('material property','density'," + part + ");\n#" +
-                 std::to_string(number++) + "=PROPERTY_DEFINITION_REPRESENTATION(" + property +
-                 ",#90007);\n";
+                 std::to_string(number++) + "=PROPERTY_DEFINITION_REPRESENTATION(" + property + ",#90007);\n";
     }
     text.insert(text.rfind("ENDSEC;"), added);
     return text;
@@ -213,8 +211,7 @@ TEST_F(Assemblies, AreRefusedWhereverTheyAreCut) {
         const std::size_t end = whole.rfind("END-ISO-10303-21;");
         for (std::size_t size = 1; size < end; size += whole.size() / 23) {
             const tests::TemporaryFile file("cut.stp", whole.substr(0, size));
-            EXPECT_EQ(tests::Dump(file.GetPath(), {}).substr(0, 6), "error:")
-                << name << " " << size;
+            EXPECT_EQ(tests::Dump(file.GetPath(), {}).substr(0, 6), "error:") << name << " " << size;
         }
     }
 }

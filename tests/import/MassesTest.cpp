@@ -37,8 +37,7 @@ ProductStructure MakeFrame() {
 
 TEST(Masses, AreMeasuredOfPartsThatHaveOrMayGetADensity) {
     ProductStructure structure = MakeFrame();
-    EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity),
-                UnorderedElementsAre(2, 3));
+    EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity), UnorderedElementsAre(2, 3));
     structure.definitions[3].material.density.reset();
     EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::WithDensity), ElementsAre(2));
     EXPECT_THAT(FindPartsToMeasure(structure, {0}, MeasuredParts::All), UnorderedElementsAre(2, 3));
@@ -46,23 +45,21 @@ TEST(Masses, AreMeasuredOfPartsThatHaveOrMayGetADensity) {
 
 TEST(MeasuringApart, GoesOnBehindAPartThatEndsItsProcess) {
     std::vector<double> shares;
-    MeasuringApart measuring(
-        4, [](std::size_t part, const Progress& progress) -> std::optional<double> {
-            progress(0.5);
-            if (part == 1)
-                std::abort();
-            if (part == 2)
-                return std::nullopt;
-            return static_cast<double>(part) + 0.25;
-        });
+    MeasuringApart measuring(4, [](std::size_t part, const Progress& progress) -> std::optional<double> {
+        progress(0.5);
+        if (part == 1)
+            std::abort();
+        if (part == 2)
+            return std::nullopt;
+        return static_cast<double>(part) + 0.25;
+    });
     while (measuring.Advance()) {
         pollfd news{measuring.GetDescriptor(), POLLIN, 0};
         poll(&news, 1, -1);
         shares.push_back(measuring.GetShareDone());
     }
     shares.push_back(measuring.GetShareDone());
-    EXPECT_THAT(measuring.GetValues(),
-                ElementsAre(Optional(0.25), Eq(std::nullopt), Eq(std::nullopt), Optional(3.25)));
+    EXPECT_THAT(measuring.GetValues(), ElementsAre(Optional(0.25), Eq(std::nullopt), Eq(std::nullopt), Optional(3.25)));
     EXPECT_TRUE(std::ranges::is_sorted(shares));
     EXPECT_EQ(shares.back(), 1);
 }
@@ -115,8 +112,8 @@ TEST(Density, IsReadInTheUnitsOfTheFile) {
         std::string elements;
         for (std::size_t i = 0; i < density.elements.size(); i += 2) {
             const int unit = file.Add(density.elements[i]);
-            const int element = file.Add("DERIVED_UNIT_ELEMENT(#" + std::to_string(unit) + "," +
-                                         density.elements[i + 1] + ")");
+            const int element =
+                file.Add("DERIVED_UNIT_ELEMENT(#" + std::to_string(unit) + "," + density.elements[i + 1] + ")");
             elements += (i ? ",#" : "#") + std::to_string(element);
         }
         const int unit = file.Add("DERIVED_UNIT((" + elements + "))");

@@ -33,10 +33,9 @@ TEST(StandardParts, AreKnownByABodyAndANumberAnywhere) {
 }
 
 TEST(StandardParts, AreNotMadeByPartsOfWordsOrNumbersAlone) {
-    for (const wchar_t* name :
-         {L"", L"ISO", L"ISO screw 4762", L"ISOLATOR 3", L"ENGINE 2", L"DINner 4", L"BSP 1/2",
-          L"912", L"JISB1176x", L"ISO B 12", L"GBX 1", L"GREEN 200", L"motor_en_2", L"DIN912x",
-          L"M4DIN912", L"\u0411\u0413\u041E\u0421\u0422 7798"})
+    for (const wchar_t* name : {L"", L"ISO", L"ISO screw 4762", L"ISOLATOR 3", L"ENGINE 2", L"DINner 4", L"BSP 1/2",
+                                L"912", L"JISB1176x", L"ISO B 12", L"GBX 1", L"GREEN 200", L"motor_en_2", L"DIN912x",
+                                L"M4DIN912", L"\u0411\u0413\u041E\u0421\u0422 7798"})
         EXPECT_FALSE(NamesStandard(name)) << testing::PrintToString(std::wstring(name));
 }
 

@@ -13,9 +13,7 @@ namespace tests {
 
 namespace {
 
-std::string Ref(int number) {
-    return "#" + std::to_string(number);
-}
+std::string Ref(int number) { return "#" + std::to_string(number); }
 
 std::string Shown(const platform::ObjectRecord& object) {
     std::string text = platform::ToUtf8(object.name.Str());
@@ -44,16 +42,14 @@ int StepFileText::AddPart(std::string_view id, std::string_view name) {
 }
 
 int StepFileText::AddUse(int parent, int child) {
-    return Add("NEXT_ASSEMBLY_USAGE_OCCURRENCE('1','NAUO1',''," + Ref(parent) + "," + Ref(child) +
-               ",$)");
+    return Add("NEXT_ASSEMBLY_USAGE_OCCURRENCE('1','NAUO1',''," + Ref(parent) + "," + Ref(child) + ",$)");
 }
 
 void StepFileText::AddDensity(int definition, std::string_view value, int unit) {
-    const int item = Add("MEASURE_REPRESENTATION_ITEM('density measure',POSITIVE_RATIO_MEASURE(" +
-                         std::string(value) + ")," + Ref(unit) + ")");
+    const int item = Add("MEASURE_REPRESENTATION_ITEM('density measure',POSITIVE_RATIO_MEASURE(" + std::string(value) +
+                         ")," + Ref(unit) + ")");
     const int representation = Add("REPRESENTATION('density',(" + Ref(item) + "),$)");
-    const int property =
-        Add("PROPERTY_DEFINITION('material property','density of part'," + Ref(definition) + ")");
+    const int property = Add("PROPERTY_DEFINITION('material property','density of part'," + Ref(definition) + ")");
     Add("PROPERTY_DEFINITION_REPRESENTATION(" + Ref(property) + "," + Ref(representation) + ")");
 }
 
@@ -71,8 +67,7 @@ TemporaryFile::TemporaryFile(std::string_view name, std::string_view bytes) {
     const std::string folder = "step-" + std::to_string(getpid()) + "-" + std::to_string(++number);
     m_path = std::filesystem::path(testing::TempDir()) / folder / name;
     std::filesystem::create_directories(m_path.parent_path());
-    std::ofstream(m_path, std::ios::binary)
-        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(m_path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
 TemporaryFile::~TemporaryFile() {

@@ -33,17 +33,14 @@ TEST(StepImport, ShowsDirectComponentsWithTheirUses) {
 }
 
 TEST(StepImport, ShowsAllPartsWithTheirOccurrencesWhenFlat) {
-    EXPECT_EQ(DumpText(MakeCar().Text(), {"", true, ""}),
-              "car [C-1]\n20 wheel [W-1] x5\n20 T-1 x2\n");
+    EXPECT_EQ(DumpText(MakeCar().Text(), {"", true, ""}), "car [C-1]\n20 wheel [W-1] x5\n20 T-1 x2\n");
 }
 
 TEST(StepImport, TakesASubAssemblyAsTheRoot) {
-    EXPECT_EQ(DumpText(MakeCar().Text(), {"axle", false, ""}),
-              "axle\n20 wheel [W-1] x2\n20 T-1 x1\n");
+    EXPECT_EQ(DumpText(MakeCar().Text(), {"axle", false, ""}), "axle\n20 wheel [W-1] x2\n20 T-1 x1\n");
     EXPECT_EQ(DumpText(MakeCar().Text(), {"wheel", false, ""}),
               "error: \"wheel\" is no assembly: it has no components");
-    EXPECT_EQ(DumpText(MakeCar().Text(), {"bonnet", false, ""}),
-              "error: no product is called \"bonnet\"");
+    EXPECT_EQ(DumpText(MakeCar().Text(), {"bonnet", false, ""}), "error: no product is called \"bonnet\"");
 }
 
 TEST(StepImport, PutsSeveralFreeProductsUnderARootWithTheFilesName) {
@@ -53,8 +50,7 @@ TEST(StepImport, PutsSeveralFreeProductsUnderARootWithTheFilesName) {
     const int right = file.AddProduct("3", "right");
     file.AddUse(right, file.AddPart("4", "ISO 4762"));
     EXPECT_EQ(DumpText(file.Text()), "sample\n20 left [1] x1\n15 right [3] x1\n");
-    EXPECT_EQ(DumpText(file.Text(), {"", true, ""}),
-              "sample\n20 left [1] x1\n25 ISO 4762 [4] x1\n");
+    EXPECT_EQ(DumpText(file.Text(), {"", true, ""}), "sample\n20 left [1] x1\n25 ISO 4762 [4] x1\n");
 }
 
 TEST(StepImport, ShowsASinglePartAsTheRootAlone) {
@@ -69,8 +65,7 @@ TEST(StepImport, BringsAllTextIntact) {
     const int root = file.AddProduct(R"(\X2\30B9\X0\)", "O''Neil, 6'',a");
     file.AddUse(root, file.AddPart("a\\X\n\\C", "\\X2\\30\r\nB930\nC6\\X0\\"));
     file.AddUse(root, file.AddPart("~", "\xC4\xAC\xC8\xCF"));
-    EXPECT_EQ(DumpText(file.Text(), {"", false, "GBK"}),
-              "O'Neil, 6',a [ス]\n20 ステ [a\\X\\C] x1\n20 默认 [~] x1\n");
+    EXPECT_EQ(DumpText(file.Text(), {"", false, "GBK"}), "O'Neil, 6',a [ス]\n20 ステ [a\\X\\C] x1\n20 默认 [~] x1\n");
     EXPECT_EQ(DumpText(file.Text(), {"", false, "klingon"}), "error: unknown encoding \"klingon\"");
 }
 
@@ -124,8 +119,7 @@ TEST(StepImport, RefusesWhatIsNoProductStructure) {
 TEST(StepImport, RefusesWhatIsNoFile) {
     const tests::TemporaryFile file("a.step", "");
     EXPECT_EQ(tests::Dump(file.GetPath().parent_path(), {}), "error: Is a directory");
-    EXPECT_EQ(tests::Dump(file.GetPath().parent_path() / "b", {}),
-              "error: No such file or directory");
+    EXPECT_EQ(tests::Dump(file.GetPath().parent_path() / "b", {}), "error: No such file or directory");
     EXPECT_EQ(tests::Dump("/dev/null", {}), "error: not a regular file");
 }
 

@@ -25,8 +25,7 @@ std::string ThroughReader(const std::string& literal) {
 }
 
 TEST(StepText, PassesStringsThroughTheReaderUntouched) {
-    for (const std::string literal :
-         {"plain", "", "O''Neil, a'',b", R"(\X2\0041\X0\\\)", "~ ~41 ~~", "\x80\xFF\x01\t"})
+    for (const std::string literal : {"plain", "", "O''Neil, a'',b", R"(\X2\0041\X0\\\)", "~ ~41 ~~", "\x80\xFF\x01\t"})
         EXPECT_EQ(ThroughReader(literal), literal);
 }
 
@@ -83,22 +82,19 @@ TEST(StepText, ChecksTheSyntaxOfEachStatement) {
         {"=A();", "an unexpected character"},
     };
     for (const auto& known : cases) {
-        const std::string text =
-            Prepared("ISO-10303-21;\n" + std::string(known.statement) + "END-ISO-10303-21;");
+        const std::string text = Prepared("ISO-10303-21;\n" + std::string(known.statement) + "END-ISO-10303-21;");
         const std::string error = known.reason ? std::string("error: line 2: ") + known.reason : "";
         EXPECT_EQ(text.starts_with("error") ? text : "", error) << known.statement;
     }
     const std::string deep = std::string(500'000, '(') + std::string(500'000, ')');
-    EXPECT_EQ(Prepared("ISO-10303-21;#1=A" + deep + ";"),
-              "error: line 1: brackets nest too deeply");
+    EXPECT_EQ(Prepared("ISO-10303-21;#1=A" + deep + ";"), "error: line 1: brackets nest too deeply");
 }
 
 TEST(StepText, LeavesOutTheSectionsThatNewerEditionsHave) {
-    const auto result =
-        PrepareForReader("ISO-10303-21;\nHEADER;\nA();\nENDSEC;\nANCHOR;\n<a>=#1;\nENDSEC;\n"
-                         "REFERENCE;\n#7=<b.stp#x>;\n#8=<b.stp#y>;\n#9=<c/d.stp#z>;\nENDSEC;\n"
-                         "DATA('one',('X'));\n#1=B();\nENDSEC;\nDATA('two',('X'));\n#2=C();\n"
-                         "ENDSEC;\nEND-ISO-10303-21;\nSIGNATURE;\n<>ENDSEC;");
+    const auto result = PrepareForReader("ISO-10303-21;\nHEADER;\nA();\nENDSEC;\nANCHOR;\n<a>=#1;\nENDSEC;\n"
+                                         "REFERENCE;\n#7=<b.stp#x>;\n#8=<b.stp#y>;\n#9=<c/d.stp#z>;\nENDSEC;\n"
+                                         "DATA('one',('X'));\n#1=B();\nENDSEC;\nDATA('two',('X'));\n#2=C();\n"
+                                         "ENDSEC;\nEND-ISO-10303-21;\nSIGNATURE;\n<>ENDSEC;");
     const auto& prepared = std::get<PreparedText>(result);
     EXPECT_EQ(prepared.text, " ISO-10303-21;\nHEADER;\nA();\nENDSEC;\n\n\n\n\n\n\n\n\nDATA;\n"
                              "#1=B();\n\n\n#2=C();\nENDSEC;\nEND-ISO-10303-21;");

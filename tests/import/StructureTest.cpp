@@ -13,16 +13,15 @@ using namespace desktop::step;
 using testing::ElementsAre;
 
 /// `count` products with one shape each, and the uses given as pairs of parent and child.
-ProductStructure MakeStructure(std::size_t count,
-                               std::initializer_list<std::pair<std::size_t, std::size_t>> uses) {
+ProductStructure MakeStructure(std::size_t count, std::initializer_list<std::pair<std::size_t, std::size_t>> uses) {
     ProductStructure structure;
     for (std::size_t i = 0; i < count; ++i) {
         Definition definition;
         definition.product = i;
         definition.hasShape = true;
         structure.definitions.push_back(definition);
-        structure.products.push_back({static_cast<int>(i), L"id" + std::to_wstring(i),
-                                      std::wstring(1, static_cast<wchar_t>(L'a' + i))});
+        structure.products.push_back(
+            {static_cast<int>(i), L"id" + std::to_wstring(i), std::wstring(1, static_cast<wchar_t>(L'a' + i))});
     }
     int number = 0;
     for (const auto& [parent, child] : uses) {
@@ -57,14 +56,12 @@ TEST(Structure, NestsAsDeepAsItLikes) {
 }
 
 TEST(ProductObjects, JoinUsesOfAProductButNotOfItsAssemblies) {
-    ProductStructure structure =
-        MakeStructure(6, {{0, 2}, {0, 1}, {0, 2}, {0, 3}, {0, 4}, {0, 5}, {4, 1}, {5, 2}});
+    ProductStructure structure = MakeStructure(6, {{0, 2}, {0, 1}, {0, 2}, {0, 3}, {0, 4}, {0, 5}, {4, 1}, {5, 2}});
     // Another version of the same part, and of the same assembly with another component.
     structure.definitions[3].product = 1;
     structure.definitions[5].product = 4;
     const ProductObjects objects(structure, {0});
-    const std::vector<Component> components =
-        ListComponents(objects, structure.definitions[0].uses);
+    const std::vector<Component> components = ListComponents(objects, structure.definitions[0].uses);
     const auto key = [&](const Component& component) {
         return std::string(objects.Get()[component.object].key.String());
     };

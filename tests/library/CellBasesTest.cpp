@@ -31,14 +31,10 @@ TEST(CellBases, LetDerivedCellsHaveTheirIconMenuAndMode) {
                           .Root(L"r")
                           .NoSectionRows()
                           .Columns({L"comment"})
-                          .Object("a")
-                          .Name(L"n")
-                          .Designation(L"1")
+                          .Object("a", L"n", L"1")
                           .Value(L"comment", SimplePropVal(SharedText(L"x")))
                           .Uses()
-                          .Object("b")
-                          .Name(L"n")
-                          .Designation(L"1")
+                          .Object("b", L"n", L"1")
                           .Value(L"comment", SimplePropVal(SharedText(L"y")))
                           .Uses());
     const productTree::ColumnInfo column(L"comment", L"Comment", 60);
@@ -53,8 +49,7 @@ TEST(CellBases, LetDerivedCellsHaveTheirIconMenuAndMode) {
     ASSERT_EQ(shown.GetPopup()->GetEntryCount(), 1u);
     EXPECT_EQ(shown.GetPopup()->GetEntry(0), (MenuEntry{L"Choose", 7, true}));
 
-    SwitchingGroup group(panel.data.get(), &groupRow, column, productTree::GroupMode::NoValue,
-                         support::Key("a"));
+    SwitchingGroup group(panel.data.get(), &groupRow, column, productTree::GroupMode::NoValue, support::Key("a"));
     group.Update();
     EXPECT_EQ(groupRow.FindCell(L"comment")->GetShownText().Str(), L"x;y");
     group.mode = productTree::GroupMode::CommonValue;

@@ -102,8 +102,7 @@ TEST(ColumnInfo, ConvertsBetweenStoredAndShownUnitsWithoutDividingByNothing) {
     }
     constexpr int largest = std::numeric_limits<int>::max();
     EXPECT_EQ(ColumnWithCoefficient(1000).ApplyUnitCoefficient(largest), largest);
-    EXPECT_EQ(ColumnWithCoefficient(-1000).ApplyUnitCoefficient(largest),
-              std::numeric_limits<int>::min());
+    EXPECT_EQ(ColumnWithCoefficient(-1000).ApplyUnitCoefficient(largest), std::numeric_limits<int>::min());
 }
 
 TEST(ColumnInfo, ScalesTheNumbersOfItsListOnly) {
@@ -144,16 +143,11 @@ TEST(ColumnInfo, HasTheDefaultWidthOfItsPropertyListOrType) {
     };
     using ProductProperties::GetPropId;
     const Case cases[] = {
-        {GetPropId(L"material"), String, false, 189.39},
-        {GetPropId(L"material.density"), Double, false, 189.39},
-        {GetPropId(L"featureType"), String, true, 189.39},
-        {GetPropId(L"mass"), Double, false, 75.75},
-        {GetPropId(L"notSected"), Boolean, true, 75.75},
-        {GetPropId(L"count"), String, true, 75.75},
-        {c_userProperty, Integer, true, 189.39},
-        {c_userProperty, Integer, false, 75.75},
-        {c_userProperty, String, false, 189.39},
-        {c_userProperty, Boolean, false, 189.39},
+        {GetPropId(L"material"), String, false, 189.39},   {GetPropId(L"material.density"), Double, false, 189.39},
+        {GetPropId(L"featureType"), String, true, 189.39}, {GetPropId(L"mass"), Double, false, 75.75},
+        {GetPropId(L"notSected"), Boolean, true, 75.75},   {GetPropId(L"count"), String, true, 75.75},
+        {c_userProperty, Integer, true, 189.39},           {c_userProperty, Integer, false, 75.75},
+        {c_userProperty, String, false, 189.39},           {c_userProperty, Boolean, false, 189.39},
     };
     for (const Case& c : cases) {
         TestDescription description(c.number, c.type, L"P");
@@ -192,8 +186,7 @@ TEST(ColumnInfo, TheIdOfAGroupCountHoldsItsEmbodiments) {
     EXPECT_EQ(ColumnInfo::ConvertGroupCountFromId(L"|count|b|a"), Keys({"a", "b"}));
 
     const auto anyBytes = Keys({"\xd0\xb0", "#12"});
-    EXPECT_EQ(ColumnInfo::ConvertGroupCountFromId(ColumnInfo::ConvertGroupCountToId(anyBytes)),
-              anyBytes);
+    EXPECT_EQ(ColumnInfo::ConvertGroupCountFromId(ColumnInfo::ConvertGroupCountToId(anyBytes)), anyBytes);
 }
 
 } // namespace

@@ -15,8 +15,7 @@ using support::Product;
 std::string DumpColumns(const platform::TreeTableView& view) {
     std::wstring text;
     for (const platform::ColumnHead& head : view.GetHeads())
-        text += (text.empty() ? L"" : L" ") + head.id + L":" +
-                std::to_wstring(static_cast<int>(head.width));
+        text += (text.empty() ? L"" : L" ") + head.id + L":" + std::to_wstring(static_cast<int>(head.width));
     text += L" /";
     for (const platform::ColumnEntry& entry : view.GetColumnEntries()) {
         if (entry.isVisible)
@@ -26,8 +25,7 @@ std::string DumpColumns(const platform::TreeTableView& view) {
 }
 
 Product WithColumns(std::initializer_list<std::wstring> paths) {
-    return std::move(
-        Product().Root(L"r").Simplified().Columns(paths).Object("a").Name(L"a").Uses());
+    return std::move(Product().Root(L"r").Simplified().Columns(paths).Object("a", L"a").Uses());
 }
 
 TEST(Columns, NameAndDesignationComeFirstThenTheVisibleOnesInTheirOrder) {
@@ -38,14 +36,11 @@ TEST(Columns, NameAndDesignationComeFirstThenTheVisibleOnesInTheirOrder) {
 TEST(Columns, TheViewsListFollowsWhatIsVisible) {
     Panel panel(WithColumns({L"mass", L"comment"}));
     const std::size_t entries = panel.View().GetColumnEntries().size();
-    panel.Change([](ProductModel& model) {
-        std::swap(model.visibleProperties[0], model.visibleProperties[1]);
-    });
+    panel.Change([](ProductModel& model) { std::swap(model.visibleProperties[0], model.visibleProperties[1]); });
     EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 comment:189 mass:75 / comment mass");
     panel.Change([](ProductModel& model) {
         model.visibleProperties.resize(1);
-        model.properties.push_back(
-            {.number = 1001, .caption = L"Own", .type = 0, .list = {}, .unitCode = {}});
+        model.properties.push_back({.number = 1001, .caption = L"Own", .type = 0, .list = {}, .unitCode = {}});
     });
     EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 comment:189 / comment");
     EXPECT_EQ(panel.View().GetColumnEntries().size(), entries + 1);
@@ -65,9 +60,8 @@ TEST(Columns, AColumnThatIsShownStandsLast) {
     show(L"mass", 0);
     show(L"mass", 1);
     EXPECT_EQ(panel.data->GetVisiblePropertyIds(),
-              (std::vector{
-                  ProductProperties::GetPropId(L"comment"), ProductProperties::GetPropId(L"zone"),
-                  ProductProperties::GetPropId(L"note"), ProductProperties::GetPropId(L"mass")}));
+              (std::vector{ProductProperties::GetPropId(L"comment"), ProductProperties::GetPropId(L"zone"),
+                           ProductProperties::GetPropId(L"note"), ProductProperties::GetPropId(L"mass")}));
 }
 
 TEST(Columns, AColumnTakesTheTypeThatItsPropertyHasGot) {
@@ -84,8 +78,8 @@ std::string DumpCountHeads(const platform::TreeTableView& view) {
     std::wstring text;
     for (const platform::ColumnHead& head : view.GetHeads()) {
         if (head.kind == platform::HeadKind::Count)
-            text += head.caption + L":" + std::to_wstring(static_cast<int>(head.width)) + L" [" +
-                    head.tag + L"] '" + head.text + L"'" + (head.isActive ? L"! " : L" ");
+            text += head.caption + L":" + std::to_wstring(static_cast<int>(head.width)) + L" [" + head.tag + L"] '" +
+                    head.text + L"'" + (head.isActive ? L"! " : L" ");
     }
     return {text.begin(), text.end()};
 }
@@ -100,18 +94,16 @@ TEST(Columns, EmbodimentsHaveACountColumnEachInPlaceOfTheOne) {
     panel.Change([](ProductModel& model) { model.embodimentMode = true; });
     EXPECT_EQ(DumpColumns(panel.View()), "name:189 marking:189 mass:75 count|e:45 count|f:45 "
                                          "comment:189 / mass count comment");
-    EXPECT_EQ(DumpCountHeads(panel.View()),
-              "AB.1:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment AB.1' "
-              "-01:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment -01'! ");
+    EXPECT_EQ(DumpCountHeads(panel.View()), "AB.1:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment AB.1' "
+                                            "-01:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment -01'! ");
     // An embodiment without a name is counted all the same.
     panel.Change([](ProductModel& model) {
         model.embodiments[0].marking = {};
         model.activeEmbodiment = {};
         model.visibleProperties.clear();
     });
-    EXPECT_EQ(DumpCountHeads(panel.View()),
-              ":45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment' "
-              "-01:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment -01' ");
+    EXPECT_EQ(DumpCountHeads(panel.View()), ":45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment' "
+                                            "-01:45 [EMB_COUNT_COLUMN_TAG] 'Count for embodiment -01' ");
     EXPECT_FALSE(panel.View().EditHeadByUser(L"count|f", SharedText(L"2")));
 }
 

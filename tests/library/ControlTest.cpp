@@ -22,17 +22,11 @@ Product ThreeParts() {
     return std::move(Product()
                          .Root(L"r")
                          .NoSectionRows()
-                         .Object("a")
-                         .Name(L"a")
-                         .Designation(L"1")
+                         .Object("a", L"a", L"1")
                          .Uses(2)
-                         .Object("b")
-                         .Name(L"b")
-                         .Designation(L"2")
+                         .Object("b", L"b", L"2")
                          .Uses()
-                         .Object("c")
-                         .Name(L"c")
-                         .Designation(L"3")
+                         .Object("c", L"c", L"3")
                          .Uses(2));
 }
 
@@ -45,8 +39,7 @@ public:
         for (const UniqueMetaObjectKey& key : keys)
             Add(told, key);
     }
-    PropertyReading ReadProperty(const UniqueMetaObjectKey& key,
-                                 const SharedText& id) const override {
+    PropertyReading ReadProperty(const UniqueMetaObjectKey& key, const SharedText& id) const override {
         Add(asked, key);
         return MemoryProduct::ReadProperty(key, id);
     }
@@ -63,12 +56,10 @@ private:
     }
 };
 
-void Rename(ProductModel& model, const wchar_t* name) {
-    model.objects[0].name = name;
-}
+void Rename(ProductModel& model, const wchar_t* name) { model.objects[0].name = name; }
 
 void AddFirstObject(ProductModel& model) {
-    const ProductModel added = Product().Object("new").Name(L"new").Designation(L"0").Uses();
+    const ProductModel added = Product().Object("new", L"new", L"0").Uses();
     model.objects.insert(model.objects.begin(), added.objects[0]);
 }
 
@@ -171,8 +162,7 @@ TEST(Control, AReadOnlyDocumentThatHasNotChangedIsNeitherBuiltNorReadAgain) {
     frame.GetTree().Synchronize();
     data->TakeCalls();
     frame.GetTree().Synchronize();
-    EXPECT_EQ(CountCalls(data->TakeCalls(), "BeginRebuild"), 1)
-        << "what can be edited is never skipped";
+    EXPECT_EQ(CountCalls(data->TakeCalls(), "BeginRebuild"), 1) << "what can be edited is never skipped";
 }
 
 TEST(Control, RowsAndTheirDataAreUsedAgainByPosition) {
@@ -199,17 +189,14 @@ TEST(Control, ABuildKeepsExpansionSelectionAndCurrentRowByIdentity) {
         << "a tree not seen before comes up with its root expanded";
     platform::TreeTableRow& root = *panel.View().GetRoot();
     root.GetChildRow(2).SetExpanded(true);
-    panel.View().SelectByUser({&root.GetChildRow(1), &root.GetChildRow(2).GetChildRow(1)},
-                              &root.GetChildRow(1));
+    panel.View().SelectByUser({&root.GetChildRow(1), &root.GetChildRow(2).GetChildRow(1)}, &root.GetChildRow(1));
     panel.Change(AddFirstObject);
-    EXPECT_EQ(panel.Dump({.expandedOnly = true, .selection = true}),
-              "r [new | a (x2)+ | >>b | c (x2) [c | >c]]");
+    EXPECT_EQ(panel.Dump({.expandedOnly = true, .selection = true}), "r [new | a (x2)+ | >>b | c (x2) [c | >c]]");
 
     panel.Change([](ProductModel& model) {
         std::erase_if(model.objects, [](const auto& object) { return object.key == Key("b"); });
     });
-    EXPECT_EQ(panel.Dump({.expandedOnly = true, .selection = true}),
-              "r [new | a (x2)+ | c (x2) [c | >c]]")
+    EXPECT_EQ(panel.Dump({.expandedOnly = true, .selection = true}), "r [new | a (x2)+ | c (x2) [c | >c]]")
         << "a row that is gone loses its selection, the others keep theirs";
 }
 

@@ -22,9 +22,7 @@ using support::Key;
 using support::Product;
 using support::RecordingProductData;
 
-std::string ToBytes(const std::wstring& text) {
-    return {text.begin(), text.end()};
-}
+std::string ToBytes(const std::wstring& text) { return {text.begin(), text.end()}; }
 
 // A box as [x], [ ] or [?], a number as it is; '!' where it can't be edited, '*' where it can be
 // worked out again.
@@ -64,36 +62,26 @@ Product OfAllKinds(bool embodimentMode) {
                          .Embodiment("e", L"01")
                          .Embodiment("f", L"02")
                          .EmbodimentMode(embodimentMode)
-                         .Object("a")
-                         .Name(L"a")
-                         .Designation(L"1")
+                         .Object("a", L"a", L"1")
                          .Use("a1")
                          .Use("a2")
                          .Use("a3")
                          .In({"f"})
                          .Count("f", L"2.50")
-                         .Object("b")
-                         .Name(L"b")
-                         .Designation(L"2")
+                         .Object("b", L"b", L"2")
                          .Use("b1")
                          .In({"e"})
-                         .Object("c")
-                         .Name(L"c")
-                         .Designation(L"3")
+                         .Object("c", L"c", L"3")
                          .AggrIntoProduct(false)
                          .Use("c1")
-                         .Object("d")
-                         .Name(L"d")
-                         .Designation(L"4")
+                         .Object("d", L"d", L"4")
                          .CountMark()
                          .Use("d1")
                          .CountMark()
                          .Use("d2")
                          .CountMark()
                          .In({"e"})
-                         .Object("x")
-                         .Name(L"x")
-                         .Designation(L"5")
+                         .Object("x", L"x", L"5")
                          .CountMark()
                          .Use("x1")
                          .CountMark()
@@ -103,12 +91,10 @@ Product OfAllKinds(bool embodimentMode) {
 
 TEST(Counts, AreNumbersMarksOrNothing) {
     const Panel plain(OfAllKinds(false));
-    EXPECT_EQ(DumpAll(plain.View(), L"count"),
-              "a (x3):4.5 [a:1 a:1 a:2.50*], b:1, c:!, d (x2):! [d:! d:!], x:!");
+    EXPECT_EQ(DumpAll(plain.View(), L"count"), "a (x3):4.5 [a:1 a:1 a:2.50*], b:1, c:!, d (x2):! [d:! d:!], x:!");
     EXPECT_FALSE(plain.View().GetRoot()->FindCell(L"count")->IsEditable());
     const Panel panel(OfAllKinds(true));
-    EXPECT_EQ(DumpAll(panel.View(), L"count|e"),
-              "a (x3):2 [a:1 a:1 a:], b:1, c:!, d (x2):[x] [d:[x] d:[x]], x:[ ]");
+    EXPECT_EQ(DumpAll(panel.View(), L"count|e"), "a (x3):2 [a:1 a:1 a:], b:1, c:!, d (x2):[x] [d:[x] d:[x]], x:[ ]");
     EXPECT_EQ(DumpAll(panel.View(), L"count|f"),
               "a (x3):4.5 [a:1 a:1 a:2.50*], b:, c:!, d (x2):[?] [d:[x] d:[ ]], x:[x]");
     const Panel locked(OfAllKinds(true).ReadOnly());
@@ -157,25 +143,13 @@ TEST(Counts, AnEditIsOneStepAndBuildsRowsOnlyWhereACountComesOrGoes) {
         {"a number with a unit", {1}, e, SharedText(L"0.5 m"), "b:0.5 m*", false},
         {"what follows from the product", {0, 2}, f, SharedText(L"1"), "a:1", false},
         {"the same number", {0, 2}, f, SharedText(L"2.50"), "a:2.50*", false, false},
-        {"a text that is refused",
-         {1},
-         e,
-         SharedText(std::wstring(10'001, L'1')),
-         "b:1",
-         false,
-         false},
+        {"a text that is refused", {1}, e, SharedText(std::wstring(10'001, L'1')), "b:1", false, false},
         {"a mark set", {3, 1}, f, true, "d:[x]", true},
         {"a mark taken away", {4}, f, false, "x:[ ]", true},
         {"the number of a group", {0}, e, SharedText(L"7"), "a (x3):7* [a:1 a:1 a:]", false},
         {"no number", {1}, e, SharedText(L"abc"), "b:1", false, false},
         {"less than nothing", {1}, e, SharedText(L"-3"), "b:1", false, false},
-        {"the number that a group has",
-         {0},
-         e,
-         SharedText(L"2"),
-         "a (x3):2 [a:1 a:1 a:]",
-         false,
-         false},
+        {"the number that a group has", {0}, e, SharedText(L"2"), "a (x3):2 [a:1 a:1 a:]", false, false},
         {"the mark of a group", {3}, f, true, "d (x2):[x] [d:[x] d:[x]]", false},
         {"no mark for a group", {3}, e, false, "d (x2):[ ] [d:[ ] d:[ ]]", false},
     };
@@ -200,11 +174,7 @@ TEST(Counts, WhatTheProductRefusesComesBack) {
     const struct {
         std::vector<std::size_t> row;
         CellInput input;
-    } cases[] = {{{0}, SharedText(L"9")},
-                 {{0, 2}, SharedText(L"9")},
-                 {{3}, true},
-                 {{3, 1}, true},
-                 {{4}, false}};
+    } cases[] = {{{0}, SharedText(L"9")}, {{0, 2}, SharedText(L"9")}, {{3}, true}, {{3, 1}, true}, {{4}, false}};
     for (const auto& c : cases) {
         auto data = std::make_shared<RecordingProductData>(OfAllKinds(true));
         const HostFrame frame(data);
@@ -226,8 +196,7 @@ TEST(Counts, TheCountOfSeveralEmbodimentsIsThatOfTheRowsBelow) {
         << "a part that is not in the embodiment worked on counts where it is";
     panel.View().EditCellByUser(group, L"count", SharedText(L"7"));
     EXPECT_EQ(DumpCounts(group, L"count"), "a (x3):7* [a:1 a:1 a:2.50*]");
-    EXPECT_EQ(panel.data->GetModel().objects[0].counts,
-              (std::vector<platform::CountRecord>{{Key("e"), L"7"}}))
+    EXPECT_EQ(panel.data->GetModel().objects[0].counts, (std::vector<platform::CountRecord>{{Key("e"), L"7"}}))
         << "it is written in the first embodiment";
 }
 
@@ -236,15 +205,13 @@ TEST(Counts, AHeadGivesGroupsAndTheirMembersItsCount) {
     TreeTableRow& group = RowAt(panel.View(), {0});
     panel.View().SelectByUser({&group, &group.GetChildRow(0), &RowAt(panel.View(), {2})}, &group);
     panel.View().EditHeadByUser(L"count", SharedText(L"7"));
-    EXPECT_EQ(DumpAll(panel.View(), L"count"),
-              "a (x3):7* [a:7* a:1 a:2.50*], b:1, c:!, d (x2):! [d:! d:!], x:!");
+    EXPECT_EQ(DumpAll(panel.View(), L"count"), "a (x3):7* [a:7* a:1 a:2.50*], b:1, c:!, d (x2):! [d:! d:!], x:!");
     panel.data->Undo();
     EXPECT_FALSE(panel.data->CanUndo());
 }
 
 bool IsIn(const OccurrenceRecord& use, const UniqueMetaObjectKey& embodiment) {
-    return use.embodiments.empty() ||
-           std::ranges::find(use.embodiments, embodiment) != use.embodiments.end();
+    return use.embodiments.empty() || std::ranges::find(use.embodiments, embodiment) != use.embodiments.end();
 }
 
 double TypedOr(const OccurrenceRecord& use, const UniqueMetaObjectKey& embodiment, double natural) {
@@ -255,9 +222,7 @@ double TypedOr(const OccurrenceRecord& use, const UniqueMetaObjectKey& embodimen
     return natural;
 }
 
-int Any(int end) {
-    return *rc::gen::inRange(0, end);
-}
+int Any(int end) { return *rc::gen::inRange(0, end); }
 
 const char* const c_embodiments[] = {"e", "f", "g"};
 
@@ -277,9 +242,9 @@ ProductModel AnyProduct() {
     const int objects = Any(8);
     for (int i = 0; i < objects; ++i) {
         const int like = Any(3);
-        product.Object("o" + std::to_string(i))
-            .Name(L"n" + std::to_wstring(like))
-            .Designation(Any(4) == 0 ? L"" : L"d" + std::to_wstring(like))
+        product
+            .Object("o" + std::to_string(i), L"n" + std::to_wstring(like),
+                    Any(4) == 0 ? L"" : L"d" + std::to_wstring(like))
             .Section(like == 2 ? 25 : 20);
         if (Any(6) == 0)
             product.Separate();
@@ -298,8 +263,7 @@ ProductModel AnyProduct() {
                 product.HiddenA();
             for (int k = 0; k < embodiments; ++k) {
                 if (Any(6) == 0)
-                    product.Count(c_embodiments[k], *rc::gen::element<std::wstring>(
-                                                        L"", L"0", L"2", L"2.50", L"0.25"));
+                    product.Count(c_embodiments[k], *rc::gen::element<std::wstring>(L"", L"0", L"2", L"2.50", L"0.25"));
             }
         }
     }
@@ -340,8 +304,8 @@ double SumOfModel(const ProductModel& model, const UniqueMetaObjectKey& embodime
     for (const platform::ObjectRecord& object : model.objects) {
         for (const OccurrenceRecord& use : object.occurrences) {
             const auto isCurrent = [&](const UniqueMetaObjectKey& key) { return IsIn(use, key); };
-            const bool isLaidOut = model.currentEmbodiments.empty() ||
-                                   std::ranges::any_of(model.currentEmbodiments, isCurrent);
+            const bool isLaidOut =
+                model.currentEmbodiments.empty() || std::ranges::any_of(model.currentEmbodiments, isCurrent);
             if (isLaidOut && use.isShown && !use.isPhantom && !use.part.attributes.hiddenA &&
                 object.aggrIntoProduct.value_or(true))
                 sum += TypedOr(use, embodiment, IsIn(use, embodiment) ? 1 : 0);
@@ -355,9 +319,8 @@ RC_GTEST_PROP(Counts, GroupsSectionsAndColumnsShowTheSumsOfTheirLeaves, ()) {
     const Panel panel(model);
     for (const platform::EmbodimentRecord& embodiment : model.embodiments) {
         const std::wstring columnId = L"count|" + embodiment.key.WString();
-        const Sums sums = panel.View().GetRoot()->GetChildCount() == 0
-                              ? Sums()
-                              : SumUp(*panel.View().GetRoot(), columnId);
+        const Sums sums =
+            panel.View().GetRoot()->GetChildCount() == 0 ? Sums() : SumUp(*panel.View().GetRoot(), columnId);
         RC_ASSERT(sums.ofLeaves == SumOfModel(model, embodiment.key));
     }
     panel.data->SetEmbodimentMode(false);

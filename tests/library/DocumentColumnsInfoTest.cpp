@@ -14,8 +14,7 @@ const TestDescription c_a(1001, 2, L"A");
 const TestDescription c_b(1002, 2, L"B");
 const TestDescription c_count(6, 2, L"Count");
 
-const DocumentColumnsInfo::Descriptions c_all = {nullptr, &c_name, &c_marking,
-                                                 &c_a,    &c_b,    &c_count};
+const DocumentColumnsInfo::Descriptions c_all = {nullptr, &c_name, &c_marking, &c_a, &c_b, &c_count};
 
 // Captions with their widths where those are not the default.
 std::wstring Dump(const std::list<ColumnInfo>& columns) {

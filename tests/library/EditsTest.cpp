@@ -56,7 +56,7 @@ PropertyRecord Listed(PropertyRecord record, std::vector<SimplePropVal> list) {
 Product OnePart(const PropertyRecord& property, const SimplePropVal& value) {
     Product product;
     product.Root(L"r").NoSectionRows().Property(property).Columns({L"user.1001"});
-    product.Object("a").Name(L"a");
+    product.Object("a", L"a");
     if (!value.IsEmpty())
         product.Value(L"user.1001", value);
     return product.Uses();
@@ -99,8 +99,7 @@ TEST(Edits, TheDialogOfTheDocumentCodeKeepsWhatItIsNotTold) {
         EXPECT_EQ(decisions.GetTextRequests().at(0).present.Str(), sample.begin);
         VariantMarking expected = sample.marking;
         expected.SetCode(sample.code);
-        const PropValue stored =
-            panel.data->GetValue({Key("a"), {}, SharedText(L"marking"), std::nullopt});
+        const PropValue stored = panel.data->GetValue({Key("a"), {}, SharedText(L"marking"), std::nullopt});
         VariantMarking marking;
         marking.FromPropertyTree(stored.GetPropertyTree());
         EXPECT_EQ(marking, expected);
@@ -121,50 +120,40 @@ const SimplePropVal c_none;
 
 // The product has the last word on the value; what it does not take leaves no trace.
 const EditCase c_edits[] = {
-    {"text", Property(1001, Text), SimplePropVal(L"old"), SharedText(L"new"), SimplePropVal(L"new"),
-     "new"},
-    {"text unchanged", Property(1001, Text), SimplePropVal(L"old"), SharedText(L"old"),
-     SimplePropVal(L"old"), "old"},
+    {"text", Property(1001, Text), SimplePropVal(L"old"), SharedText(L"new"), SimplePropVal(L"new"), "new"},
+    {"text unchanged", Property(1001, Text), SimplePropVal(L"old"), SharedText(L"old"), SimplePropVal(L"old"), "old"},
     {"text emptied", Property(1001, Text), SimplePropVal(L"old"), SharedText(), c_none, ""},
-    {"text that is refused whole", Property(1001, Text), SimplePropVal(L"old"),
-     SharedText(std::wstring(10'001, L'x')), SimplePropVal(L"old"), "old"},
+    {"text that is refused whole", Property(1001, Text), SimplePropVal(L"old"), SharedText(std::wstring(10'001, L'x')),
+     SimplePropVal(L"old"), "old"},
     {"integer", Property(1001, Integer), SimplePropVal(5), 6, SimplePropVal(6), "6"},
-    {"integer at the end of its range", Ranged(Property(1001, Integer), 1, 10), SimplePropVal(5),
-     10, SimplePropVal(10), "10"},
-    {"integer out of range", Ranged(Property(1001, Integer), 1, 10), SimplePropVal(5), 11,
-     SimplePropVal(5), "5"},
-    {"integer out of a range that does not bind", Variable(Ranged(Property(1001, Integer), 1, 10)),
-     SimplePropVal(5), 11, SimplePropVal(11), "11"},
-    {"integer in thousandths", Scaled(Ranged(Property(1001, Integer), 1, 10), 1000),
-     SimplePropVal(5), 6000, SimplePropVal(6), "6000"},
-    {"integer in thousandths out of its stored range",
-     Scaled(Ranged(Property(1001, Integer), 1, 10), 1000), SimplePropVal(5), 11'000,
-     SimplePropVal(5), "5000"},
-    {"integer emptied", Property(1001, Integer), SimplePropVal(5), std::monostate(),
-     SimplePropVal(5), "5"},
+    {"integer at the end of its range", Ranged(Property(1001, Integer), 1, 10), SimplePropVal(5), 10, SimplePropVal(10),
+     "10"},
+    {"integer out of range", Ranged(Property(1001, Integer), 1, 10), SimplePropVal(5), 11, SimplePropVal(5), "5"},
+    {"integer out of a range that does not bind", Variable(Ranged(Property(1001, Integer), 1, 10)), SimplePropVal(5),
+     11, SimplePropVal(11), "11"},
+    {"integer in thousandths", Scaled(Ranged(Property(1001, Integer), 1, 10), 1000), SimplePropVal(5), 6000,
+     SimplePropVal(6), "6000"},
+    {"integer in thousandths out of its stored range", Scaled(Ranged(Property(1001, Integer), 1, 10), 1000),
+     SimplePropVal(5), 11'000, SimplePropVal(5), "5000"},
+    {"integer emptied", Property(1001, Integer), SimplePropVal(5), std::monostate(), SimplePropVal(5), "5"},
     {"first integer", Property(1001, Integer), c_none, 7, SimplePropVal(7), "7"},
     {"double", Property(1001, Double), SimplePropVal(0.5), 0.25, SimplePropVal(0.25), "0.25"},
-    {"double out of range", Ranged(Property(1001, Double), 0, 1), SimplePropVal(0.5), 1.5,
+    {"double out of range", Ranged(Property(1001, Double), 0, 1), SimplePropVal(0.5), 1.5, SimplePropVal(0.5), "0.5"},
+    {"no number", Property(1001, Double), SimplePropVal(0.5), std::numeric_limits<double>::quiet_NaN(),
      SimplePropVal(0.5), "0.5"},
-    {"no number", Property(1001, Double), SimplePropVal(0.5),
-     std::numeric_limits<double>::quiet_NaN(), SimplePropVal(0.5), "0.5"},
-    {"double in millimetres", Scaled(Ranged(Property(1001, Double), 0, 1), 1000),
-     SimplePropVal(0.5), 250.0, SimplePropVal(0.25), "250"},
+    {"double in millimetres", Scaled(Ranged(Property(1001, Double), 0, 1), 1000), SimplePropVal(0.5), 250.0,
+     SimplePropVal(0.25), "250"},
     {"double emptied", Property(1001, Double), SimplePropVal(0.5), std::monostate(), c_none, ""},
-    {"double emptied where zero is out of range", Ranged(Property(1001, Double), 1, 2),
-     SimplePropVal(1.5), std::monostate(), SimplePropVal(1.5), "1.5"},
-    {"truth value", Property(1001, Boolean), SimplePropVal(true), false, SimplePropVal(false),
-     "no"},
-    {"truth value taken away", Property(1001, Boolean), SimplePropVal(true), std::monostate(),
-     c_none, ""},
-    {"list", Listed(Property(1001, Text), {SimplePropVal(L"x"), SimplePropVal(L"y")}),
-     SimplePropVal(L"x"), ListIndex{1}, SimplePropVal(L"y"), "y"},
-    {"list of scaled numbers",
-     Scaled(Listed(Property(1001, Double), {SimplePropVal(0.5), SimplePropVal(1.5)}), 10),
+    {"double emptied where zero is out of range", Ranged(Property(1001, Double), 1, 2), SimplePropVal(1.5),
+     std::monostate(), SimplePropVal(1.5), "1.5"},
+    {"truth value", Property(1001, Boolean), SimplePropVal(true), false, SimplePropVal(false), "no"},
+    {"truth value taken away", Property(1001, Boolean), SimplePropVal(true), std::monostate(), c_none, ""},
+    {"list", Listed(Property(1001, Text), {SimplePropVal(L"x"), SimplePropVal(L"y")}), SimplePropVal(L"x"),
+     ListIndex{1}, SimplePropVal(L"y"), "y"},
+    {"list of scaled numbers", Scaled(Listed(Property(1001, Double), {SimplePropVal(0.5), SimplePropVal(1.5)}), 10),
      SimplePropVal(0.5), ListIndex{1}, SimplePropVal(1.5), "15"},
-    {"place outside of the list",
-     Listed(Property(1001, Text), {SimplePropVal(L"x"), SimplePropVal(L"y")}), SimplePropVal(L"x"),
-     ListIndex{2}, SimplePropVal(L"x"), "x"},
+    {"place outside of the list", Listed(Property(1001, Text), {SimplePropVal(L"x"), SimplePropVal(L"y")}),
+     SimplePropVal(L"x"), ListIndex{2}, SimplePropVal(L"x"), "x"},
 };
 
 TEST(CellEdits, AValueIsTakenOrTheOldOneComesBack) {
@@ -202,8 +191,7 @@ TEST(CellEdits, WhatIsReadOnlyIsNotWritten) {
     PropertyRecord fixed = Property(1001, Text);
     fixed.isReadOnly = true;
     for (const Product& product :
-         {OnePart(fixed, SimplePropVal(L"old")),
-          OnePart(Property(1001, Text), SimplePropVal(L"old")).ReadOnly()}) {
+         {OnePart(fixed, SimplePropVal(L"old")), OnePart(Property(1001, Text), SimplePropVal(L"old")).ReadOnly()}) {
         const Panel panel(product);
         TreeTableRow& row = panel.View().GetRoot()->GetChildRow(0);
         EXPECT_FALSE(row.FindCell(c_column)->IsEditable());
@@ -218,7 +206,7 @@ Product ThreeParts() {
     product.Root(L"r").NoSectionRows().Property(Property(1001, Text)).Columns({L"user.1001"});
     for (const char* key : {"a", "b", "c"}) {
         const std::wstring name(key, key + 1);
-        product.Object(key).Name(name).Designation(name + L"1").Uses();
+        product.Object(key, name, name + L"1").Uses();
     }
     return product;
 }
@@ -230,10 +218,8 @@ TEST(RowEdits, ARenamedPartMovesToItsPlaceAndStaysSelected) {
     VariantMarking marking;
     marking.SetBase(L"z9");
     panel.View().EditMarkingByUser(root.GetChildRow(0), {L"z9", {}, {}, {}, {}, {}, {}});
-    EXPECT_EQ(panel.Dump({.designations = true, .selection = true}),
-              "r [b {b1} | c {c1} | >>a {z9}]");
-    EXPECT_EQ(panel.data->GetValue({Key("a"), {}, L"marking", std::nullopt}),
-              marking.GetPropValue());
+    EXPECT_EQ(panel.Dump({.designations = true, .selection = true}), "r [b {b1} | c {c1} | >>a {z9}]");
+    EXPECT_EQ(panel.data->GetValue({Key("a"), {}, L"marking", std::nullopt}), marking.GetPropValue());
 
     panel.View().EditNameByUser(root.GetChildRow(2), L"renamed");
     EXPECT_EQ(panel.Dump({.selection = true}), "r [b | c | >>renamed]");
@@ -250,30 +236,14 @@ TEST(RowEdits, NamesAndDesignationsThatAreNotTakenComeBack) {
     EXPECT_EQ(row.GetMarking().GetBase().Str(), L"a1");
     EXPECT_FALSE(panel.data->CanUndo());
 
-    const Panel locked(Product()
-                           .Root(L"r")
-                           .NoSectionRows()
-                           .Object("a")
-                           .Designation(L"a1")
-                           .LockedMarkingParts({1})
-                           .Uses());
-    locked.View().EditMarkingByUser(locked.View().GetRoot()->GetChildRow(0),
-                                    {L"b1", {}, {}, {}, {}, {}, {}});
+    const Panel locked(Product().Root(L"r").NoSectionRows().Object("a", {}, L"a1").LockedMarkingParts({1}).Uses());
+    locked.View().EditMarkingByUser(locked.View().GetRoot()->GetChildRow(0), {L"b1", {}, {}, {}, {}, {}, {}});
     EXPECT_EQ(locked.Dump({.designations = true}), "r [ {a1}]");
 }
 
 TEST(RowEdits, AGroupRowRenamesAllItsMembersInOneStep) {
-    const Panel panel(Product()
-                          .Root(L"r")
-                          .NoSectionRows()
-                          .Object("a")
-                          .Name(L"screw")
-                          .Designation(L"1")
-                          .Uses()
-                          .Object("b")
-                          .Name(L"screw")
-                          .Designation(L"1")
-                          .Uses(2));
+    const Panel panel(
+        Product().Root(L"r").NoSectionRows().Object("a", L"screw", L"1").Uses().Object("b", L"screw", L"1").Uses(2));
     ASSERT_EQ(panel.Dump(), "r [screw (x3) [screw | screw | screw]]");
     TreeTableRow& group = panel.View().GetRoot()->GetChildRow(0);
     panel.View().EditNameByUser(group, L"bolt");
@@ -328,8 +298,7 @@ TEST(HeadEdits, AHeadGivesItsValueToAllSelectedRowsInOneStep) {
         {"integer", Scaled(Property(1001, Integer), 10), 70, "70,70,70,"},
         {"double", Scaled(Property(1001, Double), 1000), 2.5, "2.5,2.5,2.5,"},
         {"truth value", Property(1001, Boolean), true, "yes,yes,yes,"},
-        {"list", Listed(Property(1001, Text), {SimplePropVal(L"x"), SimplePropVal(L"y")}),
-         ListIndex{1}, "y,y,y,"},
+        {"list", Listed(Property(1001, Text), {SimplePropVal(L"x"), SimplePropVal(L"y")}), ListIndex{1}, "y,y,y,"},
     };
     for (const HeadCase& c : cases) {
         SCOPED_TRACE(c.what);
@@ -346,13 +315,7 @@ TEST(HeadEdits, AHeadGivesItsValueToAllSelectedRowsInOneStep) {
 
 TEST(HeadEdits, WhatARowDoesNotTakeLeavesItAsItWas) {
     const auto parts = [](const PropertyRecord& property) {
-        return ThreeParts()
-            .Property(property)
-            .Object("d")
-            .Name(L"d")
-            .Designation(L"d1")
-            .Value(L"user.1001", SimplePropVal(1.5))
-            .Uses();
+        return ThreeParts().Property(property).Object("d", L"d", L"d1").Value(L"user.1001", SimplePropVal(1.5)).Uses();
     };
     const Panel panel(parts(Ranged(Property(1001, Double), 1, 2)));
     SelectAll(panel);
@@ -368,23 +331,13 @@ TEST(HeadEdits, WhatARowDoesNotTakeLeavesItAsItWas) {
 }
 
 TEST(HeadEdits, AMemberOfASelectedGroupIsLeftToItsGroupRow) {
-    const Panel panel(Product()
-                          .Root(L"r")
-                          .NoSectionRows()
-                          .Object("a")
-                          .Name(L"a")
-                          .Designation(L"1")
-                          .Uses(2)
-                          .Object("b")
-                          .Name(L"b")
-                          .Designation(L"2")
-                          .Uses());
+    const Panel panel(
+        Product().Root(L"r").NoSectionRows().Object("a", L"a", L"1").Uses(2).Object("b", L"b", L"2").Uses());
     TreeTableRow& root = *panel.View().GetRoot();
     TreeTableRow& group = root.GetChildRow(0);
     panel.View().SelectByUser({&group, &group.GetChildRow(1), &root.GetChildRow(1)}, &group);
     panel.View().EditHeadByUser(L"name", SharedText(L"c"));
-    EXPECT_EQ(panel.Dump({.selection = true}), "r [c (x2) [c | c] | >>c]")
-        << "the last row that took part is selected";
+    EXPECT_EQ(panel.Dump({.selection = true}), "r [c (x2) [c | c] | >>c]") << "the last row that took part is selected";
     const Panel member(ThreeParts());
     member.View().EditHeadByUser(L"name", SharedText(L"c"));
     EXPECT_EQ(member.Dump(), "r [a | b | c]") << "nothing is selected";
@@ -396,8 +349,7 @@ TEST(Control, TheEchoOfAWriteIsDroppedAndDebtsStayAsTheyWere) {
         using MemoryProduct::MemoryProduct;
         void CommitChanges(ProductInfObjChangesResult& changes) override {
             MemoryProduct::CommitChanges(changes);
-            PostEvent(document_events::c_router, document_events::c_changed,
-                      document_events::c_structure, 0);
+            PostEvent(document_events::c_router, document_events::c_changed, document_events::c_structure, 0);
             id->SetNeedSyncronize(true);
         }
         void BeginRebuild() override {
@@ -452,24 +404,16 @@ struct Operation {
 
 // Whatever the host throws at: no flag stays set, and the next build is that of a fresh panel.
 TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
-    const auto first = [](platform::TreeTableView& view) -> TreeTableRow& {
-        return view.GetRoot()->GetChildRow(0);
-    };
+    const auto first = [](platform::TreeTableView& view) -> TreeTableRow& { return view.GetRoot()->GetChildRow(0); };
     const auto selectTwo = [](platform::TreeTableView& view) {
-        view.SelectByUser({&view.GetRoot()->GetChildRow(0), &view.GetRoot()->GetChildRow(1)},
-                          nullptr);
+        view.SelectByUser({&view.GetRoot()->GetChildRow(0), &view.GetRoot()->GetChildRow(1)}, nullptr);
     };
     const Operation operations[] = {
-        {"a cell",
-         [&](auto& view) { view.EditCellByUser(first(view), c_column, SharedText(L"x")); }},
-        {"a position",
-         [&](auto& view) { view.EditCellByUser(first(view), L"position", SharedText(L"7")); }},
-        {"a count",
-         [&](auto& view) { view.EditCellByUser(first(view), L"count", SharedText(L"7")); }},
+        {"a cell", [&](auto& view) { view.EditCellByUser(first(view), c_column, SharedText(L"x")); }},
+        {"a position", [&](auto& view) { view.EditCellByUser(first(view), L"position", SharedText(L"7")); }},
+        {"a count", [&](auto& view) { view.EditCellByUser(first(view), L"count", SharedText(L"7")); }},
         {"a section",
-         [&](auto& view) {
-             view.GetControl()->OnCellHypertextActivated(*first(view).GetData(), L"SPCSection");
-         }},
+         [&](auto& view) { view.GetControl()->OnCellHypertextActivated(*first(view).GetData(), L"SPCSection"); }},
         {"numbering", [&](auto& view) { view.GetControl()->OnToolbarCommand(7766, 0); }},
         {"a name", [&](auto& view) { view.EditNameByUser(first(view), L"x"); }},
         {"a designation",
@@ -477,16 +421,10 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
              view.EditMarkingByUser(first(view), {L"x", {}, {}, {}, {}, {}, {}});
          }},
         {"a source icon", [&](auto& view) { view.ClickSourceIconByUser(first(view), c_column); }},
-        {"a link",
-         [&](auto& view) {
-             view.GetControl()->OnCellHypertextActivated(*first(view).GetData(), c_column);
-         }},
-        {"a document code",
-         [&](auto& view) { view.GetControl()->OnEditDocCode(*first(view).GetData()); }},
+        {"a link", [&](auto& view) { view.GetControl()->OnCellHypertextActivated(*first(view).GetData(), c_column); }},
+        {"a document code", [&](auto& view) { view.GetControl()->OnEditDocCode(*first(view).GetData()); }},
         {"a menu of a cell",
-         [&](auto& view) {
-             view.GetControl()->OnItemPopupCommand(*first(view).GetData(), c_column, 1);
-         }},
+         [&](auto& view) { view.GetControl()->OnItemPopupCommand(*first(view).GetData(), c_column, 1); }},
         {"a head",
          [&](auto& view) {
              selectTwo(view);
@@ -498,8 +436,7 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
              view.EditHeadByUser(L"name", SharedText(L"x"));
          }},
         {"a click on a head", [&](auto& view) { view.GetControl()->OnHeaderClicked(c_column); }},
-        {"a menu of a head",
-         [&](auto& view) { view.GetControl()->OnHeaderPopupCommand(c_column, 1); }},
+        {"a menu of a head", [&](auto& view) { view.GetControl()->OnHeaderPopupCommand(c_column, 1); }},
         {"columns", [&](auto& view) { view.GetControl()->OnColumnsChanged(); }},
         {"visible columns",
          [&](auto& view) {

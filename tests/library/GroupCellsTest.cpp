@@ -40,7 +40,7 @@ Product GroupOf(const Column& column, const std::vector<SimplePropVal>& values) 
     }
     char key = 'a';
     for (const SimplePropVal& value : values) {
-        product.Object(std::string(1, key++)).Name(L"n").Designation(L"1");
+        product.Object(std::string(1, key++), L"n", L"1");
         if (!value.IsEmpty())
             product.Value(column.id, value);
         product.Uses();
@@ -48,9 +48,7 @@ Product GroupOf(const Column& column, const std::vector<SimplePropVal>& values) 
     return product;
 }
 
-TreeTableRow& Group(const Panel& panel) {
-    return panel.View().GetRoot()->GetChildRow(0);
-}
+TreeTableRow& Group(const Panel& panel) { return panel.View().GetRoot()->GetChildRow(0); }
 
 // What is read, and what an editor starts from where that is something else.
 std::string Shown(const Panel& panel, const std::wstring& columnId) {
@@ -70,9 +68,7 @@ struct MixCase {
     std::string shown;
 };
 
-SimplePropVal T(const wchar_t* text) {
-    return SimplePropVal(text);
-}
+SimplePropVal T(const wchar_t* text) { return SimplePropVal(text); }
 
 const SimplePropVal c_none;
 
@@ -147,8 +143,7 @@ TEST(GroupCells, HandAnEditOnToAllMembersInOneStep) {
         const auto stored = [&] {
             std::vector<SimplePropVal> values;
             for (const char* key : {"a", "b"})
-                values.push_back(
-                    panel.data->GetValue({Key(key), {}, c.column.id, {}}).GetSimpleValue());
+                values.push_back(panel.data->GetValue({Key(key), {}, c.column.id, {}}).GetSimpleValue());
             return values;
         };
         panel.View().EditCellByUser(Group(panel), c.column.id, c.input);
@@ -165,9 +160,8 @@ TEST(GroupCells, HandAnEditOnToAllMembersInOneStep) {
 
 TEST(GroupCells, WhatOnlySomeMembersTakeChangesThose) {
     const Panel panel(GroupOf({L"comment"}, {T(L"a"), T(L"b")}));
-    panel.data->Change([](ProductModel& model) {
-        model.objects[0].readOnlyProperties = {ProductProperties::GetPropId(L"comment")};
-    });
+    panel.data->Change(
+        [](ProductModel& model) { model.objects[0].readOnlyProperties = {ProductProperties::GetPropId(L"comment")}; });
     panel.Tree().Synchronize();
     EXPECT_TRUE(Group(panel).FindCell(L"comment")->IsEditable());
     panel.View().EditCellByUser(Group(panel), L"comment", SharedText(L"c"));
@@ -180,8 +174,7 @@ TEST(GroupCells, KindsOfObjectsAreShownAndNotTyped) {
     const Panel panel(GroupOf({L"featureType"}, {T(L"detail"), T(L"detail")}));
     EXPECT_FALSE(Group(panel).FindCell(L"featureType")->IsEditable());
     EXPECT_NE(Shown(panel, L"featureType"), "");
-    EXPECT_FALSE(
-        panel.View().EditCellByUser(Group(panel), L"featureType", SharedText(L"assembly")));
+    EXPECT_FALSE(panel.View().EditCellByUser(Group(panel), L"featureType", SharedText(L"assembly")));
 }
 
 TEST(GroupCells, TheSourceIconTellsWhenMembersDifferAndTiesAllOfThem) {
@@ -190,8 +183,7 @@ TEST(GroupCells, TheSourceIconTellsWhenMembersDifferAndTiesAllOfThem) {
                           .Root(L"r")
                           .NoSectionRows()
                           .Columns({L"comment"})
-                          .Object("a")
-                          .Name(L"n")
+                          .Object("a", L"n")
                           .Value(L"comment", T(L"source"))
                           .Designation(L"1")
                           .Uses(2));

@@ -14,18 +14,14 @@ using productTree::NumberAwareLess;
 
 // Texts from few letters, so that numbers, signs, exponents and equal beginnings meet often.
 rc::Gen<std::wstring> Texts() {
-    const auto letter = rc::gen::element(L'0', L'1', L'2', L'9', L'.', L'+', L'-', L'e', L'E', L'a',
-                                         L'/', L' ', L'\n', wchar_t{0x416}, wchar_t{0x1F600});
+    const auto letter = rc::gen::element(L'0', L'1', L'2', L'9', L'.', L'+', L'-', L'e', L'E', L'a', L'/', L' ', L'\n',
+                                         wchar_t{0x416}, wchar_t{0x1F600});
     return rc::gen::scale(0.1, rc::gen::container<std::wstring>(letter));
 }
 
-bool Less(const std::wstring& a, const std::wstring& b) {
-    return NumberAwareLess()(a, b);
-}
+bool Less(const std::wstring& a, const std::wstring& b) { return NumberAwareLess()(a, b); }
 
-bool Equivalent(const std::wstring& a, const std::wstring& b) {
-    return !Less(a, b) && !Less(b, a);
-}
+bool Equivalent(const std::wstring& a, const std::wstring& b) { return !Less(a, b) && !Less(b, a); }
 
 RC_GTEST_PROP(NumberAwareLess, IsAStrictWeakOrder, ()) {
     const std::wstring a = *Texts();

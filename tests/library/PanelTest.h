@@ -12,8 +12,7 @@
 #include <utility>
 
 struct Panel {
-    explicit Panel(platform::ProductModel model,
-                   platform::PanelStart start = platform::PanelStart::Shown)
+    explicit Panel(platform::ProductModel model, platform::PanelStart start = platform::PanelStart::Shown)
         : data(std::make_shared<platform::MemoryProduct>(std::move(model))), frame(data, start) {}
 
     /// Changes the product and builds the panel again.

@@ -9,9 +9,7 @@ using namespace productTree;
 
 using IdPtr = std::shared_ptr<ProductTreeItemId>;
 
-IdPtr Object(const char* key) {
-    return std::make_shared<ItemIdByKey>(UniqueMetaObjectKey(key));
-}
+IdPtr Object(const char* key) { return std::make_shared<ItemIdByKey>(UniqueMetaObjectKey(key)); }
 
 IdPtr Section(int number, const wchar_t* name) {
     SPCSection section;

@@ -109,13 +109,11 @@ private:
         if (OneIn(8))
             object.readOnlyProperties = {platform::number::position};
         if (OneIn(3))
-            object.properties.emplace_back(platform::number::position,
-                                           PropValue(SimplePropVal(Below(20) + 1)));
+            object.properties.emplace_back(platform::number::position, PropValue(SimplePropVal(Below(20) + 1)));
         if (number > 0 && OneIn(10))
             object.links = {{platform::number::position, Key("o0"), platform::number::position}};
         if (number > 0 && OneIn(6)) {
-            object.billet =
-                OneIn(2) ? platform::BilletKind::Manual : platform::BilletKind::Associative;
+            object.billet = OneIn(2) ? platform::BilletKind::Manual : platform::BilletKind::Associative;
             object.billetOwner = Key("o" + std::to_string(Below(number)));
         }
         if (number > 0 && OneIn(12))
@@ -236,8 +234,7 @@ TEST(RowRules, ADeletionCountsTheRowsThatGo) {
         const std::vector<ShownRow> rows = ListRows(panel);
         if (rows.empty())
             continue;
-        const UniqueMetaObjectKey key =
-            rows[static_cast<std::size_t>(maker.Below(static_cast<int>(rows.size())))].key;
+        const UniqueMetaObjectKey key = rows[static_cast<std::size_t>(maker.Below(static_cast<int>(rows.size())))].key;
         const UniqueMetaObjectKey owner = panel.data->GetAggregator().GetOwnerObject(key);
         const UniqueMetaObjectKey object = owner.IsEmpty() ? key : owner;
         const int count = *panel.data->GetDeleteInfo({object}).count;
@@ -248,8 +245,7 @@ TEST(RowRules, ADeletionCountsTheRowsThatGo) {
         std::vector<std::string> gone;
         std::ranges::set_difference(before, after, std::back_inserter(gone));
         // A billet that lost its place by it is still there.
-        std::erase_if(gone,
-                      [&](const std::string& row) { return panel.data->CanDelete(Key(row)); });
+        std::erase_if(gone, [&](const std::string& row) { return panel.data->CanDelete(Key(row)); });
         ASSERT_EQ(count, static_cast<int>(gone.size())) << seed << " " << object.String();
     }
 }

@@ -43,12 +43,8 @@ struct AskingPanel : Panel {
 
     TreeTableRow& Root() const { return *View().GetRoot(); }
     TreeTableRow& First() const { return Root().GetChildRow(0); }
-    SPCSection SectionOf(const char* key) const {
-        return FindSpcSection(data->GetAggregator(), Key(key), nullptr);
-    }
-    PropValue PositionOf(const char* key) const {
-        return data->GetValue({Key(key), {}, c_position, std::nullopt});
-    }
+    SPCSection SectionOf(const char* key) const { return FindSpcSection(data->GetAggregator(), Key(key), nullptr); }
+    PropValue PositionOf(const char* key) const { return data->GetValue({Key(key), {}, c_position, std::nullopt}); }
     std::string Positions() const { return Dump({.column = c_position}); }
 
     platform::ScriptedDecisions decisions;
@@ -70,7 +66,7 @@ Product GroupOf(std::initializer_list<Numbers> sections) {
     product.Root(L"r").NoSectionRows().Columns({c_section, c_position});
     char key = 'a';
     for (const Numbers& section : sections) {
-        product.Object(std::string(1, key++)).Name(L"n");
+        product.Object(std::string(1, key++), L"n");
         product.SectionNumbers(section.numbers, section.name);
         if (section.numbers.size() == 0)
             product.Designation(L"1");
@@ -80,8 +76,8 @@ Product GroupOf(std::initializer_list<Numbers> sections) {
 }
 
 TEST(SectionValues, HoldNumbersAndNameOfTheSection) {
-    for (const SPCSection& section : {SPCSection{}, SPCSection{{20}, L"Parts"},
-                                      SPCSection{{1, 2, 3, 4, 5, 2'000'000'000}, {}}}) {
+    for (const SPCSection& section :
+         {SPCSection{}, SPCSection{{20}, L"Parts"}, SPCSection{{1, 2, 3, 4, 5, 2'000'000'000}, {}}}) {
         SPCSection read{{9, 9, 9, 9, 9, 9}, L"old"};
         const PropValue value = spc_section::ToPropValue(section);
         spc_section::FromPropertyTree(read, PropValueRef(value.GetPropData()).GetPropertyTree());
@@ -99,8 +95,7 @@ TEST(SectionCells, ShowTheSectionThatAllMembersOfAGroupShare) {
     } cases[] = {
         {"one section", GroupOf({{{25}, L"Standard"}, {{25}, L"Standard"}}), "Standard", ""},
         {"no section", GroupOf({{}, {}}), "", ""},
-        {"another number", GroupOf({{{25}, L"Standard"}, {{25, 0, 0, 0, 0, 1}, L"Standard"}}), "",
-         mixed},
+        {"another number", GroupOf({{{25}, L"Standard"}, {{25, 0, 0, 0, 0, 1}, L"Standard"}}), "", mixed},
         {"another name", GroupOf({{{25}, L"Standard"}, {{25}, L"Bolts"}}), "", mixed},
     };
     for (const auto& c : cases) {
@@ -155,8 +150,7 @@ TEST(SectionCells, WriteWhatTheUserChoosesInOneStep) {
         {"cancelled", std::nullopt, true, false, false, nothing, L"n", 20, false},
         {"the same", SectionDecision{0, false}, true, false, false, nothing, L"n", 20, false},
         {"another", SectionDecision{1, false}, true, false, false, build, L"n", 25, false},
-        {"no rows of sections", SectionDecision{1, false}, false, false, false, values, L"n", 25,
-         false},
+        {"no rows of sections", SectionDecision{1, false}, false, false, false, values, L"n", 25, false},
         {"linked", SectionDecision{1, true}, true, false, false, build, L"Steel", 25, true},
         {"only linked", SectionDecision{0, true}, true, false, false, build, L"Steel", 20, true},
         {"unlinked", SectionDecision{0, false}, true, false, true, build, L"n", 20, false},
@@ -169,7 +163,7 @@ TEST(SectionCells, WriteWhatTheUserChoosesInOneStep) {
             Product product;
             product.Root(L"r").NoSectionRows().Columns({c_section}).Style(Style(c.isSorted));
             for (const char* key : {"a", "b"}) {
-                product.Object(key).Name(L"n").Designation(L"1").Section(20, L"Parts");
+                product.Object(key, L"n", L"1").Section(20, L"Parts");
                 product.Material(L"Steel");
                 if (c.isReadOnly)
                     product.ReadOnlyValue(c_section);
@@ -207,9 +201,8 @@ TEST(SectionCells, ASectionAloneIsNoChoiceAndNothingCanBeTyped) {
     }
     VariantMarking marking;
     marking.SetBase(L"25");
-    for (const PropValue& refused :
-         {spc_section::ToPropValue({{99}, L"Unknown"}), PropValue(SimplePropVal(L"Parts")),
-          marking.GetPropValue(), PropValue(SimplePropVal(20))})
+    for (const PropValue& refused : {spc_section::ToPropValue({{99}, L"Unknown"}), PropValue(SimplePropVal(L"Parts")),
+                                     marking.GetPropValue(), PropValue(SimplePropVal(20))})
         EXPECT_FALSE(Cell(panel.First(), c_section).MakeChanges(refused, 0).IsExistsChanges());
 }
 
@@ -223,14 +216,7 @@ TEST(SectionCells, EachSectionThatIsOfferedHasARow) {
     style.sections.back().isTuned = false;
     style.addBlocks = true;
     style.blocks = {{7, L"Spare", true, {20, 25}}};
-    AskingPanel panel(Product()
-                          .Root(L"r")
-                          .Columns({c_section})
-                          .Style(style)
-                          .Object("a")
-                          .Name(L"a")
-                          .Section(30)
-                          .Uses());
+    AskingPanel panel(Product().Root(L"r").Columns({c_section}).Style(style).Object("a", L"a").Section(30).Uses());
     std::string rows;
     std::size_t count = 1;
     for (std::size_t i = 0; i < count; ++i) {
@@ -241,8 +227,8 @@ TEST(SectionCells, EachSectionThatIsOfferedHasARow) {
         if (i > 0) {
             EXPECT_EQ(request.present, i - 1);
         }
-        rows += std::string(request.sections[i].depth * 2, ' ') +
-                platform::ToUtf8(request.sections[i].name.Str()) + ": " + panel.Dump() + "\n";
+        rows += std::string(request.sections[i].depth * 2, ' ') + platform::ToUtf8(request.sections[i].name.Str()) +
+                ": " + panel.Dump() + "\n";
     }
     EXPECT_EQ(rows, "Parts: r [Parts (x1) [a]]\n"
                     "  Loose: r [Loose. Parts (x1) [a]]\n"
@@ -265,8 +251,8 @@ TEST(SectionCells, EachSectionThatIsOfferedHasARow) {
 Product TwoLike() {
     Product product;
     product.Root(L"r").NoSectionRows().Columns({c_position});
-    product.Object("a").Name(L"n").Designation(L"1").Value(c_position, SimplePropVal(7)).Uses();
-    product.Object("b").Name(L"n").Designation(L"1").Value(c_position, SimplePropVal(7)).Uses(2);
+    product.Object("a", L"n", L"1").Value(c_position, SimplePropVal(7)).Uses();
+    product.Object("b", L"n", L"1").Value(c_position, SimplePropVal(7)).Uses(2);
     return product;
 }
 
@@ -300,8 +286,7 @@ TEST(PositionCells, TakeWholeNumbersFromOneOnOrNothing) {
             }
             panel.Tree().Refresh();
             const std::string shown = c.stored == 0 ? "" : " =" + std::to_string(c.stored);
-            EXPECT_EQ(panel.Positions(),
-                      "r [n (x3)" + shown + " [n" + shown + " | n" + shown + " | n" + shown + "]]");
+            EXPECT_EQ(panel.Positions(), "r [n (x3)" + shown + " [n" + shown + " | n" + shown + " | n" + shown + "]]");
             panel.data->Undo();
             EXPECT_EQ(panel.data->GetModel(), TwoLike().Model());
         }
@@ -312,12 +297,9 @@ TEST(PositionCells, ThatAreReadOnlyTakeNothing) {
     AskingPanel panel(TwoLike().ReadOnly());
     for (TreeTableRow* row : {&panel.First(), &panel.First().GetChildRow(0)}) {
         EXPECT_FALSE(row->FindCell(c_position)->IsEditable());
-        EXPECT_FALSE(Cell(*row, c_position)
-                         .MakeChanges(PropValue(SimplePropVal(3)), std::nullopt)
-                         .IsExistsChanges());
+        EXPECT_FALSE(Cell(*row, c_position).MakeChanges(PropValue(SimplePropVal(3)), std::nullopt).IsExistsChanges());
     }
-    const AskingPanel linked(
-        TwoLike().Object("c").Designation(L"2").Link(c_position, "a", c_position).Uses());
+    const AskingPanel linked(TwoLike().Object("c", {}, L"2").Link(c_position, "a", c_position).Uses());
     const TreeCell& link = *linked.Root().GetChildRow(1).FindCell(c_position);
     EXPECT_EQ(link.GetKind(), platform::CellKind::Link);
     EXPECT_FALSE(link.OpensEditor());
@@ -358,12 +340,11 @@ TEST(Numbering, LeavesGapsBehindSectionsAndPassesOverWhatIsKept) {
     const std::string before = panel.Positions();
     EXPECT_NE(before.find("Other =9"), std::string::npos);
     ASSERT_TRUE(panel.View().RunCommandByUser(c_numbering));
-    EXPECT_EQ(panel.Positions(),
-              "r [Documentation (x1) [Drawing =3] | "
-              "Assembly units (x4) [Frame (x2) =1 [Frame =1 | Frame =1] | Keeper =50 | Rail =3] | "
-              "Parts (x2) [Fixed | Other] | "
-              "Standard parts (x6) [Bolt (x3) =6 [Bolt =6 | Bolt =6 | Bolt =6] | Nut =7 | "
-              "Spare =8 | Spare =9]]");
+    EXPECT_EQ(panel.Positions(), "r [Documentation (x1) [Drawing =3] | "
+                                 "Assembly units (x4) [Frame (x2) =1 [Frame =1 | Frame =1] | Keeper =50 | Rail =3] | "
+                                 "Parts (x2) [Fixed | Other] | "
+                                 "Standard parts (x6) [Bolt (x3) =6 [Bolt =6 | Bolt =6 | Bolt =6] | Nut =7 | "
+                                 "Spare =8 | Spare =9]]");
 
     const std::uint64_t stamp = panel.data->GetChangeStamp();
     panel.View().RunCommandByUser(c_numbering);
@@ -433,8 +414,7 @@ RC_GTEST_PROP(Numbering, GivesEachNumberToOneRowOrToAllMembersOfAGroup, ()) {
         }
         // Numbers rise from section to section, and two stay free between them.
         if (owners.size() > before && last > 0)
-            RC_ASSERT(std::next(owners.begin(), static_cast<std::ptrdiff_t>(before))->first >
-                      last + 2);
+            RC_ASSERT(std::next(owners.begin(), static_cast<std::ptrdiff_t>(before))->first > last + 2);
         last = owners.empty() ? 0 : owners.rbegin()->first;
     }
 }

@@ -97,14 +97,12 @@ Product AllKindsOfRows() {
             record.list = {SimplePropVal(L"x"), SimplePropVal(L"y")};
         product.Property(record);
     }
-    return product.Object("a").Name(L"a").Designation(L"1").Uses(2);
+    return product.Object("a", L"a", L"1").Uses(2);
 }
 
 class Tables : public testing::Test {
 protected:
-    ColumnInfo Column(const wchar_t* id) const {
-        return ColumnInfo(m_panel.data->GetPropertyDescription(id));
-    }
+    ColumnInfo Column(const wchar_t* id) const { return ColumnInfo(m_panel.data->GetPropertyDescription(id)); }
 
     TreeTableRow& Section() { return m_panel.View().GetRoot()->GetChildRow(0); }
     TreeTableRow& Group() { return Section().GetChildRow(0); }
@@ -130,16 +128,14 @@ TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
             EXPECT_EQ(mixed->GetGroupMode(), row.mode) << id;
         }
         EXPECT_EQ(ClassOf(Make(Section(), column)), c_nothing) << id;
-        EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), row.head)
-            << id;
+        EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), row.head) << id;
     }
     for (const wchar_t* id : {L"count|root", L"count|a|b"}) {
         const ColumnInfo column(id, {}, 0);
         EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), column)), typeid(CountCellImpl));
         EXPECT_EQ(ClassOf(Make(*m_panel.View().GetRoot(), column)), typeid(EmptyDisabledCellImpl));
         EXPECT_EQ(ClassOf(Make(Group(), column)), typeid(CountGroupCellImpl));
-        EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())),
-                  typeid(CountHeaderImpl));
+        EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), typeid(CountHeaderImpl));
     }
     const ColumnInfo name(L"name", {}, 0);
     const ColumnInfo marking(L"marking", {}, 0);
@@ -154,9 +150,8 @@ TEST_F(Tables, NoColumnIsForgottenHere) {
     for (const TableRow& row : c_rows)
         met.insert(row.columnId);
     for (const ColumnTableRow& row : GetColumnTable())
-        EXPECT_TRUE(met.contains(row.columnId))
-            << std::string(row.columnId.begin(), row.columnId.end())
-            << ": say in c_rows which cells and head the column is to have";
+        EXPECT_TRUE(met.contains(row.columnId)) << std::string(row.columnId.begin(), row.columnId.end())
+                                                << ": say in c_rows which cells and head the column is to have";
 }
 
 TEST_F(Tables, MassAndDensityAreTypedOnlyWhereThereAreNoMaterials) {
@@ -200,8 +195,8 @@ TEST_F(Tables, EveryCellSurvivesReadingsEditsAndValuesOfAnyKind) {
                     << std::string(column.GetId().begin(), column.GetId().end());
             }
             TreeActionResult result;
-            const bool isCount = dynamic_cast<CountCellImpl*>(cell.get()) ||
-                                 dynamic_cast<CountGroupCellImpl*>(cell.get());
+            const bool isCount =
+                dynamic_cast<CountCellImpl*>(cell.get()) || dynamic_cast<CountGroupCellImpl*>(cell.get());
             EXPECT_EQ(cell->ExecCommand(7759, result), isCount) << "only counts are worked out";
             EXPECT_TRUE(isCount || result.action == TreeActionResult::Nothing);
             cell->GetAvailableCommands();
@@ -227,13 +222,11 @@ TEST(CountCommands, TypedCountsAreWorkedOutAgain) {
                     .Root(L"r")
                     .NoSectionRows()
                     .Columns({L"count"})
-                    .Object("a")
-                    .Designation(L"1")
+                    .Object("a", {}, L"1")
                     .Count("root", L"9")
                     .Uses(2)
                     .Count("root", L"5")
-                    .Object("b")
-                    .Designation(L"2")
+                    .Object("b", {}, L"2")
                     .AggrIntoProduct(false)
                     .Uses()
                     .Count("root", L"5"));
@@ -241,9 +234,7 @@ TEST(CountCommands, TypedCountsAreWorkedOutAgain) {
     const auto cell = [](const TreeTableRow& row) -> ProductTreeCellImpl& {
         return *FindItemOfRow(row)->FindCell(std::wstring(L"count"));
     };
-    const auto offers = [&](const TreeTableRow& row) {
-        return cell(row).GetAvailableCommands().contains(7759);
-    };
+    const auto offers = [&](const TreeTableRow& row) { return cell(row).GetAvailableCommands().contains(7759); };
     const TreeTableRow& countedOut = panel.View().GetRoot()->GetChildRow(1);
     EXPECT_FALSE(cell(countedOut).IsEditable());
     EXPECT_EQ(cell(countedOut).GetAvailableCommands(), std::set<int>{7759});

@@ -9,9 +9,7 @@ std::size_t s_allocations = 0;
 
 } // namespace
 
-std::size_t host_tests::GetAllocationCount() {
-    return s_allocations;
-}
+std::size_t host_tests::GetAllocationCount() { return s_allocations; }
 
 void* operator new(std::size_t size) {
     ++s_allocations;
@@ -25,10 +23,6 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     return std::malloc(size);
 }
 
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
+void operator delete(void* memory) noexcept { std::free(memory); }
 
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
-}
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }

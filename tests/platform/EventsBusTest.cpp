@@ -12,9 +12,7 @@ constexpr EventsRouterID c_router{0, 7};
 constexpr EventsRouterID c_otherRouter{0, 8};
 constexpr unsigned c_message = 0x601;
 
-void Post(EventsRouterID router = c_router, unsigned message = c_message) {
-    PostEvent(router, message, 1, 2);
-}
+void Post(EventsRouterID router = c_router, unsigned message = c_message) { PostEvent(router, message, 1, 2); }
 
 /// Notes its name when the message comes.
 struct Listener : EventsBusSubscriber {

@@ -15,9 +15,7 @@ using meta_data::grouping::IfGroupingComparator;
 using support::Key;
 using support::Product;
 
-int Sign(int order) {
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
-}
+int Sign(int order) { return order < 0 ? -1 : order > 0 ? 1 : 0; }
 
 struct TestOrder final : IfInfObjOrder {
     InfObjIndex GetIndex(const UniqueMetaObjectKey& key) const override {
@@ -43,9 +41,7 @@ struct Ordered {
         comparator->SetOptionC(false);
     }
 
-    int Compare(std::size_t a, std::size_t b) const {
-        return Sign(comparator->Compare(parts[a], parts[b]));
-    }
+    int Compare(std::size_t a, std::size_t b) const { return Sign(comparator->Compare(parts[a], parts[b])); }
 
     /// The keys in their order, like ones in brackets.
     std::string Text() const {
@@ -69,12 +65,7 @@ struct Ordered {
 
 TEST(GroupingComparator, ADesignationMakesObjectsOfEqualValuesAlike) {
     const auto like = [](Product& product, std::string_view key) -> Product& {
-        return product.Object(key)
-            .Name(L"Cover")
-            .Designation(L"AB.1")
-            .Section(20)
-            .Material(L"Steel")
-            .Mass(2.5);
+        return product.Object(key, L"Cover", L"AB.1").Section(20).Material(L"Steel").Mass(2.5);
     };
     Product product;
     like(product, "a");
@@ -85,29 +76,29 @@ TEST(GroupingComparator, ADesignationMakesObjectsOfEqualValuesAlike) {
     like(product, "sectionName").Section(20, L"Parts");
     like(product, "name").Name(L"Covers");
     like(product, "designation").Designation(L"AB.01");
-    product.Object("noMaterial").Name(L"Cover").Designation(L"AB.1").Mass(2.5);
-    product.Object("noMass").Name(L"Cover").Designation(L"AB.1").Material(L"Steel");
-    product.Object("heavier").Name(L"Cover").Designation(L"AB.1").Material(L"Steel").Mass(2.6);
+    product.Object("noMaterial", L"Cover", L"AB.1").Mass(2.5);
+    product.Object("noMass", L"Cover", L"AB.1").Material(L"Steel");
+    product.Object("heavier", L"Cover", L"AB.1").Material(L"Steel").Mass(2.6);
     EXPECT_EQ(Ordered(product).Text(),
               "designation section noMaterial noMass a=b=mass heavier sectionName subsection name");
 }
 
 TEST(GroupingComparator, StandardPartsWithoutDesignationAreKnownByTheirName) {
     Product product;
-    product.Object("a").Name(L"Bolt M8").Section(25).Mass(1);
-    product.Object("b").Name(L"Bolt M8").SectionNumbers({25, 3}).Material(L"Steel");
-    product.Object("c").Name(L"Bolt M10").Section(25);
-    product.Object("d").Name(L"Bolt M8").Section(25).Designation(L"X");
-    product.Object("e").Name(L"Bolt M8").Section(20);
+    product.Object("a", L"Bolt M8").Section(25).Mass(1);
+    product.Object("b", L"Bolt M8").SectionNumbers({25, 3}).Material(L"Steel");
+    product.Object("c", L"Bolt M10").Section(25);
+    product.Object("d", L"Bolt M8").Section(25).Designation(L"X");
+    product.Object("e", L"Bolt M8").Section(20);
     EXPECT_EQ(Ordered(product).Text(), "e a=b c d");
 }
 
 TEST(GroupingComparator, NamesAloneAreNoIdentity) {
     // The places of the map run against the order of the keys.
     Product product;
-    product.Object("a").Name(L"Document");
-    product.Object("b").Name(L"Document");
-    product.Object("c").Name(L"Document");
+    product.Object("a", L"Document");
+    product.Object("b", L"Document");
+    product.Object("c", L"Document");
     Ordered ordered(product);
     EXPECT_EQ(ordered.Text(), "c b a");
     ordered.order.index.clear();
@@ -117,22 +108,22 @@ TEST(GroupingComparator, NamesAloneAreNoIdentity) {
 
 TEST(GroupingComparator, OrderIsByDesignationThenName) {
     Product product;
-    product.Object("a").Designation(L"AB.10").Name(L"A");
-    product.Object("b").Designation(L"AB.9").Name(L"Z");
-    product.Object("c").Designation(L"AB.9").Name(L"M10");
-    product.Object("d").Designation(L"AB.9").Name(L"M9");
-    product.Object("e").Designation(L"AB.09").Name(L"Z");
-    product.Object("f").Name(L"Z");
-    product.Object("g").Designation(L"ab.1");
+    product.Object("a", {}, L"AB.10").Name(L"A");
+    product.Object("b", {}, L"AB.9").Name(L"Z");
+    product.Object("c", {}, L"AB.9").Name(L"M10");
+    product.Object("d", {}, L"AB.9").Name(L"M9");
+    product.Object("e", {}, L"AB.09").Name(L"Z");
+    product.Object("f", L"Z");
+    product.Object("g", {}, L"ab.1");
     EXPECT_EQ(Ordered(product).Text(), "f e d c b a g");
 }
 
 TEST(GroupingComparator, OptionsChangeWhatCounts) {
     Product product;
-    product.Object("a").Designation(L"AB.10").Name(L"x");
-    product.Object("b").Designation(L"AB.9").Name(L"x");
-    product.Object("c").Designation(L"ab.9").Name(L"X");
-    product.Object("d").Designation(L"AB.9").Name(L"x");
+    product.Object("a", {}, L"AB.10").Name(L"x");
+    product.Object("b", {}, L"AB.9").Name(L"x");
+    product.Object("c", {}, L"ab.9").Name(L"X");
+    product.Object("d", {}, L"AB.9").Name(L"x");
     Ordered ordered(product);
     EXPECT_EQ(ordered.Text(), "b=d a c");
     ordered.comparator->SetOptionB(false);
@@ -144,7 +135,7 @@ TEST(GroupingComparator, OptionsChangeWhatCounts) {
 }
 
 TEST(GroupingComparator, PartsOfAnUnknownBodyAreAllDifferent) {
-    const Ordered ordered(Product().Object("a").Designation(L"AB.1"));
+    const Ordered ordered(Product().Object("a", {}, L"AB.1"));
     const ConstProductPart x{nullptr, Key("x")};
     const ConstProductPart y{nullptr, Key("y")};
     EXPECT_LT(ordered.comparator->Compare(x, y), 0);
@@ -161,8 +152,7 @@ rc::Gen<platform::ProductModel> GenModel() {
         Product product;
         const int count = *rc::gen::inRange(0, 12);
         for (int i = 0; i < count; ++i) {
-            product.Object("k" + std::to_string(i))
-                .Designation(*element<std::wstring>(L"", L"", L"A1", L"A01", L"A10", L"a1"))
+            product.Object("k" + std::to_string(i), {}, *element<std::wstring>(L"", L"", L"A1", L"A01", L"A10", L"a1"))
                 .Name(*element<std::wstring>(L"", L"N2", L"N10", L"N02"))
                 .SectionNumbers({*element(0, 20, 25), *element(0, 0, 1)});
             if (*rc::gen::arbitrary<bool>())
@@ -187,8 +177,7 @@ RC_GTEST_PROP(GroupingComparator, TheOrderIsAStrictWeakOrderUnderAllOptions, ())
             for (std::size_t c = 0; c < count; ++c) {
                 const int sum = ordered.Compare(a, b) + ordered.Compare(b, c);
                 RC_ASSERT(sum == 0 || ordered.Compare(a, c) == Sign(sum));
-                RC_ASSERT(ordered.Compare(a, b) != 0 ||
-                          ordered.Compare(a, c) == ordered.Compare(b, c));
+                RC_ASSERT(ordered.Compare(a, b) != 0 || ordered.Compare(a, c) == ordered.Compare(b, c));
             }
         }
     }
@@ -204,8 +193,7 @@ RC_GTEST_PROP(GroupingComparator, PlacesAreThoseOfTheOrder, ()) {
     const std::vector<std::uint32_t> places = ordered.comparator->GetPlaces(ordered.parts);
     for (std::size_t a = 0; a < places.size(); ++a) {
         for (std::size_t b = 0; b < places.size(); ++b)
-            RC_ASSERT(Sign((places[a] > places[b]) - (places[a] < places[b])) ==
-                      ordered.Compare(a, b));
+            RC_ASSERT(Sign((places[a] > places[b]) - (places[a] < places[b])) == ordered.Compare(a, b));
     }
 }
 

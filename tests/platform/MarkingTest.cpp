@@ -115,11 +115,10 @@ TEST(Marking, IsReadFromTheTextOfAWholeDesignation) {
     for (const auto& sample : cases) {
         VariantMarking marking = MakeFull();
         marking.Parse(sample.text);
-        const std::wstring parts =
-            marking.GetBase().Str() + L'|' + delim(marking.GetEmbodimentNumDelim()) + L'|' +
-            marking.GetEmbodimentNum().Str() + L'|' + delim(marking.GetAdditionalNumDelim()) +
-            L'|' + marking.GetAdditionalNum().Str() + L'|' + delim(marking.GetCodeDelim()) + L'|' +
-            marking.GetCode().Str();
+        const std::wstring parts = marking.GetBase().Str() + L'|' + delim(marking.GetEmbodimentNumDelim()) + L'|' +
+                                   marking.GetEmbodimentNum().Str() + L'|' + delim(marking.GetAdditionalNumDelim()) +
+                                   L'|' + marking.GetAdditionalNum().Str() + L'|' + delim(marking.GetCodeDelim()) +
+                                   L'|' + marking.GetCode().Str();
         EXPECT_EQ(parts, sample.parts) << sample.text;
     }
 }

@@ -10,15 +10,12 @@ namespace {
 using platform::CompareNatural;
 using platform::MakeNaturalKey;
 
-int Sign(int order) {
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
-}
+int Sign(int order) { return order < 0 ? -1 : order > 0 ? 1 : 0; }
 
 /// Texts that meet each other: few characters, many digits.
 rc::Gen<std::wstring> GenText() {
-    return rc::gen::container<std::wstring>(rc::gen::element(L'0', L'0', L'1', L'2', L'9', L'A',
-                                                             L'a', L'/', L':', L'-', L'\u0416',
-                                                             L'\U0001F527', L'\0'));
+    return rc::gen::container<std::wstring>(
+        rc::gen::element(L'0', L'0', L'1', L'2', L'9', L'A', L'a', L'/', L':', L'-', L'\u0416', L'\U0001F527', L'\0'));
 }
 
 TEST(NaturalOrder, NumbersInsideTextsCompareAsNumbers) {
@@ -49,8 +46,7 @@ TEST(NaturalOrder, NumbersInsideTextsCompareAsNumbers) {
                                                L"\u0416",
                                                L"\U0001F527"};
     std::vector<std::wstring> sorted(ordered.rbegin(), ordered.rend());
-    std::sort(sorted.begin(), sorted.end(),
-              [](const auto& a, const auto& b) { return CompareNatural(a, b) < 0; });
+    std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return CompareNatural(a, b) < 0; });
     EXPECT_EQ(sorted, ordered);
 }
 
@@ -68,8 +64,7 @@ RC_GTEST_PROP(NaturalOrder, KeysCompareAsTheTextsDo, ()) {
     const std::wstring a = *GenText();
     const std::wstring b = *GenText();
     RC_ASSERT(Sign(MakeNaturalKey(a).compare(MakeNaturalKey(b))) == Sign(CompareNatural(a, b)));
-    RC_ASSERT(Sign(platform::MakePlainKey(a).compare(platform::MakePlainKey(b))) ==
-              Sign(a.compare(b)));
+    RC_ASSERT(Sign(platform::MakePlainKey(a).compare(platform::MakePlainKey(b))) == Sign(a.compare(b)));
 }
 
 RC_GTEST_PROP(NaturalOrder, TextsWithoutLeadingZerosAreEqualOnlyToThemselves, ()) {
@@ -80,9 +75,8 @@ RC_GTEST_PROP(NaturalOrder, TextsWithoutLeadingZerosAreEqualOnlyToThemselves, ()
 }
 
 TEST(NaturalOrder, CaseIsFoldedInTheAlphabetsOfDesignations) {
-    EXPECT_EQ(
-        platform::FoldCase(L"AZ az \u00C4\u00D7\u00DE \u0100\u0101 \u03A9 \u0416\u0401 \u4E2D"),
-        L"az az \u00E4\u00D7\u00FE \u0101\u0101 \u03C9 \u0436\u0451 \u4E2D");
+    EXPECT_EQ(platform::FoldCase(L"AZ az \u00C4\u00D7\u00DE \u0100\u0101 \u03A9 \u0416\u0401 \u4E2D"),
+              L"az az \u00E4\u00D7\u00FE \u0101\u0101 \u03C9 \u0436\u0451 \u4E2D");
 }
 
 } // namespace

@@ -11,12 +11,9 @@ using platform::MemoryProduct;
 using support::Key;
 using support::Product;
 
-PropertyRef Ref(std::string_view key, std::string_view embodiment) {
-    return {Key(key), Key(embodiment), L"count", {}};
-}
+PropertyRef Ref(std::string_view key, std::string_view embodiment) { return {Key(key), Key(embodiment), L"count", {}}; }
 
-std::wstring Count(const MemoryProduct& product, std::string_view key,
-                   std::string_view embodiment) {
+std::wstring Count(const MemoryProduct& product, std::string_view key, std::string_view embodiment) {
     return product.GetValue(Ref(key, embodiment)).to_wstring().Str();
 }
 
@@ -25,27 +22,20 @@ bool Commit(MemoryProduct& product, ProductInfObjChangesResult changes) {
     return changes.IsExistsChanges();
 }
 
-bool Type(MemoryProduct& product, std::string_view key, std::string_view embodiment,
-          const wchar_t* text) {
-    return Commit(product, product.MakeValueChanges(Ref(key, embodiment),
-                                                    PropValue(SimplePropVal(SharedText(text)))));
+bool Type(MemoryProduct& product, std::string_view key, std::string_view embodiment, const wchar_t* text) {
+    return Commit(product, product.MakeValueChanges(Ref(key, embodiment), PropValue(SimplePropVal(SharedText(text)))));
 }
 
 Product TwoEmbodiments() {
     return std::move(Product()
                          .Embodiment("e", L"01")
                          .Embodiment("f", L"02")
-                         .Object("screw")
-                         .Name(L"Screw")
-                         .Designation(L"1")
+                         .Object("screw", L"Screw", L"1")
                          .Uses(3)
-                         .Object("same")
-                         .Name(L"Screw")
-                         .Designation(L"1")
+                         .Object("same", L"Screw", L"1")
                          .Use("same#1")
                          .In({"f"})
-                         .Object("oil")
-                         .Name(L"Oil")
+                         .Object("oil", L"Oil")
                          .Value(L"count", SimplePropVal(L"3,2"))
                          .Object("drawing")
                          .CountMark());
@@ -57,9 +47,8 @@ TEST(ProductCounts, FollowFromTheUsesInEachEmbodiment) {
         const char* key;
         const wchar_t* inE;
         const wchar_t* inF;
-    } cases[] = {{"screw#1", L"1", L"1"}, {"same#1", L"", L"1"},   {"screw", L"3", L"4"},
-                 {"same", L"3", L"4"},    {"oil", L"3,2", L"3,2"}, {"drawing", L"x", L"x"},
-                 {"root", L"", L""},      {"nobody", L"", L""}};
+    } cases[] = {{"screw#1", L"1", L"1"}, {"same#1", L"", L"1"},   {"screw", L"3", L"4"}, {"same", L"3", L"4"},
+                 {"oil", L"3,2", L"3,2"}, {"drawing", L"x", L"x"}, {"root", L"", L""},    {"nobody", L"", L""}};
     for (const auto& c : cases) {
         EXPECT_EQ(Count(*product, c.key, "e"), c.inE) << c.key;
         EXPECT_EQ(Count(*product, c.key, "f"), c.inF) << c.key;
@@ -113,8 +102,7 @@ TEST(ProductCounts, AGroupAddsUpNumbersAlone) {
     EXPECT_EQ(Count(*product, "screw", "f"), L"3");
     product->DeleteObjects({Key("same")});
     EXPECT_EQ(Count(*product, "screw", "f"), L"2");
-    Commit(*product, product->MakeValueChanges({Key("screw"), {}, L"name", {}},
-                                               PropValue(SimplePropVal(L"Bolt"))));
+    Commit(*product, product->MakeValueChanges({Key("screw"), {}, L"name", {}}, PropValue(SimplePropVal(L"Bolt"))));
     product->Undo();
     product->Undo();
     EXPECT_EQ(Count(*product, "screw", "f"), L"3") << "the like objects are found again";
@@ -122,9 +110,7 @@ TEST(ProductCounts, AGroupAddsUpNumbersAlone) {
 
 TEST(ProductCounts, AGroupsTypedCountIsJudgedByWhatItsColumnShows) {
     const auto product = TwoEmbodiments().Make();
-    const auto shown = [&] {
-        return product->GetGroupCount(Key("screw"), {Key("e"), Key("f")}).to_wstring().Str();
-    };
+    const auto shown = [&] { return product->GetGroupCount(Key("screw"), {Key("e"), Key("f")}).to_wstring().Str(); };
     const auto isTyped = [&] { return product->IsRecalcAvailable(Ref("screw", "e")); };
     EXPECT_EQ(shown(), L"4");
     // As many as the first embodiment alone has.
@@ -157,8 +143,7 @@ TEST(ProductCounts, ARemovedLinkBringsNoOlderTypedCountBack) {
 }
 
 TEST(ProductCounts, ALinkedCountIsThatOfTheOtherObject) {
-    const auto product =
-        TwoEmbodiments().Object("can").Count("e", L"5").Link(L"count", "oil", L"count").Make();
+    const auto product = TwoEmbodiments().Object("can").Count("e", L"5").Link(L"count", "oil", L"count").Make();
     EXPECT_EQ(Count(*product, "can", "e"), L"3,2");
     EXPECT_FALSE(Type(*product, "can", "e", L"7"));
     EXPECT_FALSE(product->IsRecalcAvailable(Ref("can", "e")));

@@ -14,13 +14,10 @@ using platform::ProductModel;
 using support::Key;
 using support::Product;
 
-PropertyRef Ref(std::string_view key, const wchar_t* path) {
-    return {Key(key), {}, path, {}};
-}
+PropertyRef Ref(std::string_view key, const wchar_t* path) { return {Key(key), {}, path, {}}; }
 
 void Set(MemoryProduct& product, std::string_view key, const wchar_t* path, SimplePropVal value) {
-    ProductInfObjChangesResult changes =
-        product.MakeValueChanges(Ref(key, path), PropValue(std::move(value)));
+    ProductInfObjChangesResult changes = product.MakeValueChanges(Ref(key, path), PropValue(std::move(value)));
     product.CommitChanges(changes);
 }
 
@@ -28,8 +25,8 @@ void Set(MemoryProduct& product, std::string_view key, const wchar_t* path, Simp
 Product Tangle() {
     Product product;
     product.MassOfParts().Embodiment("e1").Embodiment("e2");
-    product.Object("a").Name(L"A").Mass(1).Value(L"note", SimplePropVal(L"n")).Uses(3).In({"e1"});
-    product.Object("b").Name(L"B").PartOf("a").OwnedBy("a").Uses(1).Value(L"note", {});
+    product.Object("a", L"A").Mass(1).Value(L"note", SimplePropVal(L"n")).Uses(3).In({"e1"});
+    product.Object("b", L"B").PartOf("a").OwnedBy("a").Uses(1).Value(L"note", {});
     product.Object("c").Volume(0.5).InGroupOf("a").Uses(2).InGroupOf("a#1");
     product.Object("raw").BilletOf("a").Link(L"comment", "a", L"note");
     product.Object("bar").BilletOf("raw").Uses(1);
@@ -43,14 +40,13 @@ TEST(ProductDeletion, TakesAlongWhatCannotStayAndBringsItBackInPlace) {
         const char* left;
         std::optional<SharedText> name;
         int count;
-    } const cases[] = {
-        {{Key("a#2")}, "a:2 b:1 c:2 raw:0 bar:1 d:0 ", SharedText(L"A"), 1},
-        {{Key("a#1"), Key("a#3")}, "a:1 b:1 c:2 raw:0 bar:1 d:0 ", SharedText(L"A"), 2},
-        {{Key("a#1"), Key("a#2"), Key("a#3")}, "b:1 c:2 d:0 ", SharedText(L"A"), 4},
-        {{Key("a")}, "b:1 c:2 d:0 ", SharedText(L"A"), 4},
-        {{Key("raw"), Key("c#1")}, "a:3 b:1 c:1 d:0 ", std::nullopt, 2},
-        {{Key("b#1")}, "a:3 c:2 raw:0 bar:1 d:0 ", SharedText(L"B"), 1},
-        {{Key("root"), Key("gone")}, "a:3 b:1 c:2 raw:0 bar:1 d:0 ", std::nullopt, 0}};
+    } const cases[] = {{{Key("a#2")}, "a:2 b:1 c:2 raw:0 bar:1 d:0 ", SharedText(L"A"), 1},
+                       {{Key("a#1"), Key("a#3")}, "a:1 b:1 c:2 raw:0 bar:1 d:0 ", SharedText(L"A"), 2},
+                       {{Key("a#1"), Key("a#2"), Key("a#3")}, "b:1 c:2 d:0 ", SharedText(L"A"), 4},
+                       {{Key("a")}, "b:1 c:2 d:0 ", SharedText(L"A"), 4},
+                       {{Key("raw"), Key("c#1")}, "a:3 b:1 c:1 d:0 ", std::nullopt, 2},
+                       {{Key("b#1")}, "a:3 c:2 raw:0 bar:1 d:0 ", SharedText(L"B"), 1},
+                       {{Key("root"), Key("gone")}, "a:3 b:1 c:2 raw:0 bar:1 d:0 ", std::nullopt, 0}};
     for (const auto& sample : cases) {
         const auto product = Tangle().Make();
         const ProductModel before = product->GetModel();
@@ -207,10 +203,8 @@ const wchar_t* Pick(std::initializer_list<const wchar_t*> texts) {
 
 /// One of the things that a user can do to the tangle.
 void DoSomething(MemoryProduct& product, platform::ScriptedDecisions& decisions) {
-    const char* const keys[] = {"root", "a",   "a#1", "a#2", "a#3",   "b", "b#1",
-                                "c",    "c#1", "raw", "bar", "bar#1", "d"};
-    const wchar_t* const paths[] = {L"name", L"note", L"mass", L"comment", L"material.density",
-                                    L"zone"};
+    const char* const keys[] = {"root", "a", "a#1", "a#2", "a#3", "b", "b#1", "c", "c#1", "raw", "bar", "bar#1", "d"};
+    const wchar_t* const paths[] = {L"name", L"note", L"mass", L"comment", L"material.density", L"zone"};
     const auto key = [&] { return keys[*rc::gen::inRange<std::size_t>(0, std::size(keys))]; };
     const PropertyRef ref = Ref(key(), paths[*rc::gen::inRange<std::size_t>(0, std::size(paths))]);
     ProductInfObjChangesResult changes;
@@ -225,8 +219,7 @@ void DoSomething(MemoryProduct& product, platform::ScriptedDecisions& decisions)
         product.AddBillet(Key(key()));
         break;
     case 3:
-        decisions.ChooseNextProperty(
-            platform::PropertyChoice{Key(key()), Pick({L"note", L"comment", L"mass"})});
+        decisions.ChooseNextProperty(platform::PropertyChoice{Key(key()), Pick({L"note", L"comment", L"mass"})});
         product.InsertHypertext({ref, Ref(key(), L"comment")});
         break;
     case 4:
@@ -239,10 +232,8 @@ void DoSomething(MemoryProduct& product, platform::ScriptedDecisions& decisions)
         changes = product.MakeBySourceChanges(ref, *rc::gen::arbitrary<bool>());
         break;
     default:
-        changes =
-            product.MakeValueChanges(ref, PropValue(SimplePropVal(Pick({L"1", L"2", L"3", L""}))));
-        changes += product.MakeValueChanges(Ref(key(), L"note"),
-                                            PropValue(SimplePropVal(Pick({L"1", L""}))));
+        changes = product.MakeValueChanges(ref, PropValue(SimplePropVal(Pick({L"1", L"2", L"3", L""}))));
+        changes += product.MakeValueChanges(Ref(key(), L"note"), PropValue(SimplePropVal(Pick({L"1", L""}))));
     }
     product.CommitChanges(changes);
 }

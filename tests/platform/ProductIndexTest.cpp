@@ -49,8 +49,7 @@ Product OtherPair() {
 }
 
 void LinkToB(ProductModel& model) {
-    model.objects[0].links = {
-        {ProductProperties::GetPropId(L"note"), Key("b"), ProductProperties::GetPropId(L"zone")}};
+    model.objects[0].links = {{ProductProperties::GetPropId(L"note"), Key("b"), ProductProperties::GetPropId(L"zone")}};
 }
 
 TEST(ProductAnswers, AreThoseOfNowHoweverOftenOneAndTheSameWasAsked) {
@@ -120,8 +119,7 @@ TEST(ProductIndex, FindsPartsThatComeAndGoManyTimes) {
     for (const char* const key : {"c", "a", "d", "b"})
         filled.Object(key).Value(L"note", SimplePropVal(Key(key).WString().c_str())).Uses(2);
     const auto product = filled.Make();
-    const std::wstring all =
-        L"a:a b:b c:c d:d | a#1:a a#2:a b#1:b b#2:b c#1:c c#2:c d#1:d d#2:d | ";
+    const std::wstring all = L"a:a b:b c:c d:d | a#1:a a#2:a b#1:b b#2:b c#1:c c#2:c d#1:d d#2:d | ";
     ASSERT_EQ(List(*product), all);
     for (int i = 0; i < 100; ++i) {
         product->DeleteObjects({Key("a"), Key("d#1")});

@@ -11,26 +11,23 @@ using platform::ScriptedDecisions;
 using support::Key;
 using support::Product;
 
-PropertyRef Ref(std::string_view key, const wchar_t* path) {
-    return {Key(key), {}, path, {}};
-}
+PropertyRef Ref(std::string_view key, const wchar_t* path) { return {Key(key), {}, path, {}}; }
 
 std::wstring Text(const MemoryProduct& product, std::string_view key, const wchar_t* path) {
     return product.GetValue(Ref(key, path)).to_wstring().Str();
 }
 
 bool Set(MemoryProduct& product, std::string_view key, const wchar_t* path, const wchar_t* value) {
-    ProductInfObjChangesResult changes =
-        product.MakeValueChanges(Ref(key, path), PropValue(SimplePropVal(value)));
+    ProductInfObjChangesResult changes = product.MakeValueChanges(Ref(key, path), PropValue(SimplePropVal(value)));
     product.CommitChanges(changes);
     return changes.IsExistsChanges();
 }
 
 Product Three() {
     Product product;
-    product.Object("a").Name(L"A").Value(L"note", SimplePropVal(L"first")).Uses(1);
-    product.Object("b").Name(L"B").Uses(2);
-    product.Object("c").Name(L"C").Uses(1);
+    product.Object("a", L"A").Value(L"note", SimplePropVal(L"first")).Uses(1);
+    product.Object("b", L"B").Uses(2);
+    product.Object("c", L"C").Uses(1);
     return product;
 }
 
@@ -73,8 +70,8 @@ TEST(ProductLinks, OfSeveralObjectsAreOneOrNot) {
 
 TEST(ProductLinks, AreMadeChangedAndTakenAwayInOneStepEach) {
     const auto product = Three().Make();
-    const std::vector<PropertyRef> refs{Ref("b#1", L"comment"), Ref("b#2", L"comment"),
-                                        Ref("c", L"comment"), Ref("c", L"marking")};
+    const std::vector<PropertyRef> refs{Ref("b#1", L"comment"), Ref("b#2", L"comment"), Ref("c", L"comment"),
+                                        Ref("c", L"marking")};
     EXPECT_FALSE(product->InsertHypertext(refs)); // nobody to ask
     ScriptedDecisions decisions;
     product->SetDecisions(&decisions);
@@ -108,9 +105,8 @@ TEST(ProductLinks, NeverLeadToThemselves) {
     const auto product = builder.Make();
     ScriptedDecisions decisions;
     product->SetDecisions(&decisions);
-    for (const PropertyChoice& choice :
-         {PropertyChoice{Key("b"), L"note"}, PropertyChoice{Key("b#2"), L"note"},
-          PropertyChoice{Key("d#1"), L"comment"}}) {
+    for (const PropertyChoice& choice : {PropertyChoice{Key("b"), L"note"}, PropertyChoice{Key("b#2"), L"note"},
+                                         PropertyChoice{Key("d#1"), L"comment"}}) {
         decisions.ChooseNextProperty(choice);
         EXPECT_FALSE(product->InsertHypertext({Ref("b#1", L"note")}));
     }

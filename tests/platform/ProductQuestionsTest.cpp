@@ -21,12 +21,7 @@ PropValue Value(const MemoryProduct& product, std::string_view key, const wchar_
 TEST(ProductQuestions, AnOccurrenceHasTheValuesOfItsObject) {
     Product builder;
     builder.Root(L"Gearbox", L"AB.100");
-    builder.Object("a")
-        .Name(L"Shaft")
-        .Designation(L"AB.101")
-        .Mass(2.5)
-        .Value(L"note", SimplePropVal(L"turned"))
-        .Uses(1);
+    builder.Object("a", L"Shaft", L"AB.101").Mass(2.5).Value(L"note", SimplePropVal(L"turned")).Uses(1);
     const auto product = builder.Make();
     for (const char* const key : {"a", "a#1"}) {
         EXPECT_EQ(Value(*product, key, L"name").to_wstring().Str(), L"Shaft");
@@ -41,8 +36,7 @@ TEST(ProductQuestions, AnOccurrenceHasTheValuesOfItsObject) {
 
 TEST(ProductQuestions, WhatIsNotThereIsEmpty) {
     const auto product = Product().Object("a").Uses(1).Make();
-    for (const wchar_t* const path :
-         {L"name", L"marking", L"mass", L"user.1000", L"nonsense", L""}) {
+    for (const wchar_t* const path : {L"name", L"marking", L"mass", L"user.1000", L"nonsense", L""}) {
         EXPECT_TRUE(Value(*product, "a", path).IsEmpty());
         EXPECT_TRUE(Value(*product, "unknown", path).IsEmpty());
     }
@@ -53,8 +47,7 @@ TEST(ProductQuestions, ReadingValuesAllocatesNothing) {
     const auto& object = product.GetModel().objects.front();
     std::vector<PropertyRef> refs;
     for (const unsigned long number : product.GetVisiblePropertyIds())
-        refs.push_back(
-            {object.occurrences.front().key, {}, ProductProperties::GetPath(number), {}});
+        refs.push_back({object.occurrences.front().key, {}, ProductProperties::GetPath(number), {}});
     refs.push_back({object.key, {}, L"name", {}});
     refs.push_back({object.key, {}, L"marking", {}});
     refs.push_back({object.key, {}, L"no such property", {}});
@@ -70,13 +63,12 @@ TEST(ProductQuestions, ReadingValuesAllocatesNothing) {
         static_cast<void>(product.IsHypertextActive(ref));
     }
     EXPECT_EQ(host_tests::GetAllocationCount(), before);
-    EXPECT_TRUE(
-        product.GetValue(refs[refs.size() - 3]).GetSimpleValue().to_wstring().IsSame(object.name));
+    EXPECT_TRUE(product.GetValue(refs[refs.size() - 3]).GetSimpleValue().to_wstring().IsSame(object.name));
 }
 
 TEST(ProductQuestions, OneTextHasOneNumberWhateverWasAskedBefore) {
     // Many more texts than are remembered, some of them at addresses used before.
-    const auto product = Product().Object("a").Name(L"Shaft").Mass(2).Make();
+    const auto product = Product().Object("a", L"Shaft").Mass(2).Make();
     for (int i = 0; i < 1000; ++i) {
         EXPECT_EQ(Value(*product, "a", L"mass").to_double(), 2);
         EXPECT_EQ(Value(*product, "a", L"name").to_wstring().Str(), L"Shaft");
@@ -87,13 +79,8 @@ TEST(ProductQuestions, OneTextHasOneNumberWhateverWasAskedBefore) {
 
 TEST(ProductQuestions, RowsShowWhatTheirObjectSays) {
     Product builder;
-    builder.Object("a")
-        .Icon(4)
-        .NotActual()
-        .ExcludedFromCount()
-        .AggrIntoProduct(false)
-        .LockedMarkingParts({1, 7})
-        .Uses(1);
+    builder.Object("a").Icon(4).NotActual().ExcludedFromCount().AggrIntoProduct(false).LockedMarkingParts({1, 7}).Uses(
+        1);
     const auto product = builder.Make();
     EXPECT_EQ(product->GetIconType(Key("a#1")), 4);
     EXPECT_FALSE(product->IsActual(Key("a#1")));
@@ -107,8 +94,7 @@ TEST(ProductQuestions, RowsShowWhatTheirObjectSays) {
 }
 
 TEST(ProductQuestions, TheSectionIsThatOfTheObject) {
-    const auto product =
-        Product().Object("a").SectionNumbers({20, 0, 5, 1}, L"Parts").Uses(1).Make();
+    const auto product = Product().Object("a").SectionNumbers({20, 0, 5, 1}, L"Parts").Uses(1).Make();
     const SPCSection section = FindSpcSection(product->GetAggregator(), Key("a#1"), nullptr);
     EXPECT_EQ(section.numbers, (std::array<std::int32_t, 6>{20, 0, 5, 1, 0, 0}));
     EXPECT_EQ(section.name.Str(), L"Parts");
@@ -116,7 +102,7 @@ TEST(ProductQuestions, TheSectionIsThatOfTheObject) {
 }
 
 TEST(ProductQuestions, AChangeMovesTheStampAndIsSeenAtOnce) {
-    const auto product = Product().Object("a").Name(L"Old").Uses(1).Make();
+    const auto product = Product().Object("a", L"Old").Uses(1).Make();
     const std::uint64_t stamp = product->GetChangeStamp();
     EXPECT_EQ(product->GetChangeStamp(), stamp);
     product->Change([](ProductModel& model) {
@@ -131,7 +117,7 @@ TEST(ProductQuestions, AChangeMovesTheStampAndIsSeenAtOnce) {
 }
 
 TEST(ProductQuestions, HalfAChangeIsStillOneDocument) {
-    const auto product = Product().Object("a").Name(L"Old").Uses(1).Make();
+    const auto product = Product().Object("a", L"Old").Uses(1).Make();
     const std::uint64_t stamp = product->GetChangeStamp();
     EXPECT_THROW(product->Change([](ProductModel& model) {
         model.objects.clear();
@@ -166,8 +152,7 @@ TEST(ProductQuestions, TheGeneratedProductIsWhatTheBenchmarkSays) {
     EXPECT_EQ(occurrences, 1001U);
     EXPECT_EQ(model.style->sections.size(), 40U);
     EXPECT_EQ(model.visibleProperties.size(), 14U);
-    EXPECT_EQ(support::GenerateProduct(50).objects.back().key,
-              support::GenerateProduct(50).objects.back().key);
+    EXPECT_EQ(support::GenerateProduct(50).objects.back().key, support::GenerateProduct(50).objects.back().key);
 }
 
 } // namespace

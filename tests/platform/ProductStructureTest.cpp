@@ -43,8 +43,7 @@ TEST(ProductStructure, WithoutEmbodimentsTheRootIsTheOneTopPart) {
 
 TEST(ProductStructure, ObjectsThatNothingUsesAreFoundByTheirMissingParents) {
     Asked asked(Product().Object("used").Uses().Object("free").Object("inner").PartOf("used"));
-    EXPECT_THAT(Names(asked.objects.GetPartsOfKinds(c_kinds)),
-                ElementsAre("free", "inner", "used"));
+    EXPECT_THAT(Names(asked.objects.GetPartsOfKinds(c_kinds)), ElementsAre("free", "inner", "used"));
     EXPECT_THAT(asked.objects.GetParentParts(Key("free")), IsEmpty());
     EXPECT_THAT(Names(asked.objects.GetParentParts(Key("inner"))), ElementsAre("used"));
     EXPECT_THAT(Names(asked.objects.GetParentParts(Key("used"))), ElementsAre("root"));
@@ -63,8 +62,7 @@ TEST(ProductStructure, EmbodimentsAreTheTopParts) {
     Asked asked(product);
     EXPECT_THAT(Names(asked.product->GetTopKeys()), ElementsAre("e1", "e2", "e3"));
     EXPECT_THAT(Names(asked.objects.GetDirectParts(Key("e1"))), ElementsAre("all", "one"));
-    EXPECT_THAT(Names(asked.uses.GetDirectParts(Key("e1"))),
-                ElementsAre("all#1", "one#1", "one#2"));
+    EXPECT_THAT(Names(asked.uses.GetDirectParts(Key("e1"))), ElementsAre("all#1", "one#1", "one#2"));
     EXPECT_THAT(Names(asked.uses.GetDirectParts(Key("e3"))), ElementsAre("all#1", "one#2"));
     EXPECT_THAT(Names(asked.objects.GetDirectParts(Key("e2"))), ElementsAre("all", "two"));
     EXPECT_THAT(asked.objects.GetDirectParts(Key("root")), IsEmpty());
@@ -99,8 +97,7 @@ TEST(ProductStructure, OnlyCurrentEmbodimentsAreLaidOut) {
 
 TEST(ProductStructure, AnObjectAndItsUsesBelongToTheirBodies) {
     Asked asked(Product().Object("a").Uses(3).Object("b"));
-    EXPECT_THAT(Names(asked.aggregator.GetOccurrences(Key("a"), nullptr)),
-                ElementsAre("a#1", "a#2", "a#3"));
+    EXPECT_THAT(Names(asked.aggregator.GetOccurrences(Key("a"), nullptr)), ElementsAre("a#1", "a#2", "a#3"));
     EXPECT_THAT(asked.aggregator.GetOccurrences(Key("a"), &asked.objects), IsEmpty());
     EXPECT_THAT(asked.aggregator.GetOccurrences(Key("a#1"), nullptr), IsEmpty());
     EXPECT_EQ(asked.aggregator.GetOwnerObject(Key("a#2")), Key("a"));
@@ -232,8 +229,7 @@ TEST(ProductStructure, OwnersOfAnObjectOwnItsUses) {
 TEST(ProductStructure, TheRootIsAnObjectAndNoPart) {
     Asked asked(Product().Root(L"Gearbox").Object("a").Uses());
     EXPECT_TRUE(asked.aggregator.IsInfObject(Key("root")));
-    EXPECT_THAT(Names(asked.objects.GetPartsOfKinds({0, 1, 2, 3, 4, 5, 6, 7, 8})),
-                ElementsAre("a"));
+    EXPECT_THAT(Names(asked.objects.GetPartsOfKinds({0, 1, 2, 3, 4, 5, 6, 7, 8})), ElementsAre("a"));
     EXPECT_EQ(asked.objects.GetPartKind(Key("root")), 0);
     EXPECT_FALSE(asked.objects.HasPartHandler(Key("root")));
     EXPECT_FALSE(asked.aggregator.GetGroupPartHandler(Key("root")).IsValid());
@@ -243,7 +239,7 @@ TEST(ProductStructure, TheRootIsAnObjectAndNoPart) {
 TEST(ProductStructure, AModelThatMakesNoSenseDoesNoHarm) {
     Product product;
     product.Object("a").PartOf("a").BilletOf("a").Uses(2);
-    product.Object("a").Name(L"second of that key").Use("a#1");
+    product.Object("a", L"second of that key").Use("a#1");
     product.Object("");
     platform::ProductModel model = product;
     model.root.key = {};

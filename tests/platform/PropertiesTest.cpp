@@ -22,8 +22,8 @@ TEST(Properties, EachSystemPathComesBackFromItsNumber) {
         EXPECT_TRUE(paths.insert(path).second) << number;
     }
     for (const wchar_t* const known :
-         {L"mass", L"material.density", L"SPCSection.subSectionNumb", L"marking.documentNumber",
-          L"\u0441olumn", L"isPhantom", L"location", L"documentNumber", L"density"})
+         {L"mass", L"material.density", L"SPCSection.subSectionNumb", L"marking.documentNumber", L"\u0441olumn",
+          L"isPhantom", L"location", L"documentNumber", L"density"})
         EXPECT_TRUE(paths.contains(known));
 }
 
@@ -41,8 +41,8 @@ TEST(Properties, NumbersOfUsersHaveAPathEach) {
 
 TEST(Properties, ATextThatIsNoPathHasNoNumber) {
     for (const wchar_t* const text :
-         {L"", L"Mass", L"column", L"user.", L"user.999", L"user.01000", L"user.+1000",
-          L"user.1000 ", L"user.99999999999999999999999", L"user.18446744073709551616", L"count|a"})
+         {L"", L"Mass", L"column", L"user.", L"user.999", L"user.01000", L"user.+1000", L"user.1000 ",
+          L"user.99999999999999999999999", L"user.18446744073709551616", L"count|a"})
         EXPECT_EQ(GetPropId(text), 0U);
 }
 

@@ -7,13 +7,11 @@
 
 namespace {
 
-constexpr unsigned c_strings[] = {31000, 31001, 31002, 31003, 31004, 31005, 31006,
-                                  31007, 31008, 31009, 31010, 31011, 31012, 31013,
-                                  31014, 31015, 31021, 31022, 31023, 31024, 31025,
-                                  31026, 31027, 31060, 31065, 31066, 31067, 31068};
-constexpr unsigned c_commands[] = {7746, 7752, 7753, 7754, 7755, 7757, 7758,  7759,  7761,
-                                   7762, 7763, 7764, 7765, 7766, 7787, 7789,  7790,  7791,
-                                   7792, 7793, 7794, 7795, 7020, 5707, 31064, 31069, 31070};
+constexpr unsigned c_strings[] = {31000, 31001, 31002, 31003, 31004, 31005, 31006, 31007, 31008, 31009,
+                                  31010, 31011, 31012, 31013, 31014, 31015, 31021, 31022, 31023, 31024,
+                                  31025, 31026, 31027, 31060, 31065, 31066, 31067, 31068};
+constexpr unsigned c_commands[] = {7746, 7752, 7753, 7754, 7755, 7757, 7758, 7759, 7761, 7762, 7763,  7764,  7765, 7766,
+                                   7787, 7789, 7790, 7791, 7792, 7793, 7794, 7795, 7020, 5707, 31064, 31069, 31070};
 
 TEST(Resources, EachStringAndCommandOfTheModuleHasAText) {
     const ResourceModuleHandle module("oProductTree", {});
@@ -40,8 +38,7 @@ TEST(Resources, AnUnknownModuleOrIdHasNoText) {
 }
 
 TEST(Resources, RowsOfAnOpenedModuleAreFoundByNameAndKind) {
-    static constexpr ResourceRow rows[] = {{"SAME", ResourceKind::String, 1},
-                                           {"SAME", ResourceKind::Command, 2}};
+    static constexpr ResourceRow rows[] = {{"SAME", ResourceKind::String, 1}, {"SAME", ResourceKind::Command, 2}};
     const ResourceModuleHandle module("testModule", rows);
     EXPECT_EQ(platform::FindResource("testModule", {"SAME", ResourceKind::Command})->id, 2U);
     EXPECT_EQ(platform::FindResource("testModule", {"SAME", ResourceKind::String})->id, 1U);

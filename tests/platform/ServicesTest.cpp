@@ -67,8 +67,7 @@ TEST(Services, AQuestionIsAgreedToByItsFirstButtonOnly) {
     platform::ScriptedDecisions decisions;
     platform::DecisionsQuestionBox box(decisions);
     for (const std::optional<std::size_t> answer :
-         {std::optional<std::size_t>(0), std::optional<std::size_t>(1),
-          std::optional<std::size_t>()}) {
+         {std::optional<std::size_t>(0), std::optional<std::size_t>(1), std::optional<std::size_t>()}) {
         decisions.AnswerNext(answer);
         const int given = box.Ask(nullptr, L"Delete", L"All?", {GetButtonCaption(8)});
         EXPECT_EQ(given == IQuestionBox::c_yes, answer == 0U);
@@ -108,10 +107,9 @@ TEST(Services, TheDocumentCodeIsEnteredInPlace) {
 
 TEST(Services, KindsOfObjectsAreReadByPeople) {
     using Type = ProductProperties::SystemFeatureTypeEnum;
-    const wchar_t* const words[] = {L"unknown",      L"assembly", L"detail",       L"standard",
-                                    L"libComponent", L"billet",   L"stCompBillet", L"feature",
-                                    L"extView",      L"insfrg",   L"macrodraft",   L"sheet",
-                                    L"Orvex"};
+    const wchar_t* const words[] = {L"unknown",    L"assembly",     L"detail",  L"standard", L"libComponent",
+                                    L"billet",     L"stCompBillet", L"feature", L"extView",  L"insfrg",
+                                    L"macrodraft", L"sheet",        L"Orvex"};
     for (std::size_t i = 0; i < std::size(words); ++i)
         EXPECT_EQ(ProductProperties::ft::GetFtType(words[i]), static_cast<Type>(i)) << i;
     EXPECT_EQ(ProductProperties::ft::GetFtType(L"Detail"), Type::Unknown);

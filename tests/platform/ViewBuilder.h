@@ -29,8 +29,7 @@ inline boost::intrusive_ptr<platform::TreeTableView> MakeView(const Node& root) 
 }
 
 /// The row at the end of a path of child places.
-inline platform::TreeTableRow& RowAt(const platform::TreeTableView& view,
-                                     const std::vector<std::size_t>& path) {
+inline platform::TreeTableRow& RowAt(const platform::TreeTableView& view, const std::vector<std::size_t>& path) {
     platform::TreeTableRow* row = view.GetRoot();
     for (const std::size_t place : path)
         row = &row->GetChildRow(place);

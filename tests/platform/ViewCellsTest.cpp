@@ -99,8 +99,7 @@ TEST_F(ViewCells, AnEmptyValueShowsNothing) {
 
 TEST_F(ViewCells, NumbersShowInTheirShortestForm) {
     const std::pair<double, const wchar_t*> cases[] = {
-        {0, L"0"},        {-0.0, L"0"},     {0.1, L"0.1"},
-        {1e5, L"100000"}, {-2.50, L"-2.5"}, {1e-9, L"1e-09"},
+        {0, L"0"}, {-0.0, L"0"}, {0.1, L"0.1"}, {1e5, L"100000"}, {-2.50, L"-2.5"}, {1e-9, L"1e-09"},
     };
     for (const auto& [number, text] : cases) {
         m_row.SetDoubleValue(columns::mass, number, true);
@@ -157,12 +156,8 @@ TEST_F(ViewCells, AnyDifferenceIsToldOfItsRowAlone) {
         [&] { m_row.SetBoolCell(columns::visible, false, false, true, {}); },
         [&] { m_row.SetListIndex(columns::section, 0); },
         [&] { m_row.SetListCell(columns::section, {SimplePropVal(7)}, 0, true, {}); },
-        [&] {
-            m_row.SetLinkCell(columns::source, L"drawing", true, L"Open", true, false, true, {}, 2);
-        },
-        [&] {
-            m_row.SetLinkCell(columns::source, L"drawing", true, L"Open", true, false, true, {}, 0);
-        },
+        [&] { m_row.SetLinkCell(columns::source, L"drawing", true, L"Open", true, false, true, {}, 2); },
+        [&] { m_row.SetLinkCell(columns::source, L"drawing", true, L"Open", true, false, true, {}, 0); },
         [&] { m_row.SetCellColumn(0, L"comment"); },
         [&] { m_row.SetCellCount(1); },
     };

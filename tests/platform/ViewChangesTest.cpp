@@ -9,8 +9,7 @@ namespace {
 
 class ViewChanges : public testing::Test {
 protected:
-    boost::intrusive_ptr<platform::TreeTableView> m_view =
-        MakeView({L"root", {{L"a", {{L"a1"}}}, {L"b"}}});
+    boost::intrusive_ptr<platform::TreeTableView> m_view = MakeView({L"root", {{L"a", {{L"a1"}}}, {L"b"}}});
     Listener m_listener{*m_view};
 
     void Rename(const std::vector<std::size_t>& path, const std::wstring& name) {

@@ -25,9 +25,7 @@ public:
 
     std::string TakeLog() { return std::exchange(m_log, {}); }
 
-    void OnToolbarCommand(int command, std::int64_t) override {
-        Note("command " + std::to_string(command));
-    }
+    void OnToolbarCommand(int command, std::int64_t) override { Note("command " + std::to_string(command)); }
     void OnColumnsChanged() override { Note("columns"); }
     void OnCellEdited(Item&, const std::wstring& id) override { Note("cell", id); }
     void OnHeaderEdited(const std::wstring& id) override { Note("head", id); }
@@ -99,11 +97,9 @@ inline std::string Answers(const ITreeTableRow& row) {
     const auto mass = row.GetDoubleValue(columns::mass);
     const auto count = row.GetIntValue(columns::count);
     const auto visible = row.GetBoolValue(columns::visible);
-    return platform::ToUtf8(row.GetCellText(columns::note).Str()) + ' ' +
-           (count ? std::to_string(*count) : "-") + ' ' +
+    return platform::ToUtf8(row.GetCellText(columns::note).Str()) + ' ' + (count ? std::to_string(*count) : "-") + ' ' +
            (mass ? platform::ToUtf8(SimplePropVal(*mass).to_wstring().Str()) : "-") + ' ' +
-           (visible ? (*visible ? "yes" : "no") : "-") + ' ' +
-           std::to_string(row.GetListIndex(columns::section));
+           (visible ? (*visible ? "yes" : "no") : "-") + ' ' + std::to_string(row.GetListIndex(columns::section));
 }
 
 /// What the row shows in all cells, in their order.

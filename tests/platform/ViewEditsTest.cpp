@@ -127,19 +127,17 @@ TEST_F(ViewEdits, WhatTheLibraryWritesTakesThePlaceOfTheInputAtOnce) {
         return [=, this] { return m_view->EditCellByUser(*m_row, column, input); };
     };
     const Case cases[] = {
-        {"refused text", edit(L"note", SharedText(L"x")),
-         [&] { m_row->SetCellText(columns::note, L"a<b", L"ab"); }, "a<b 3 0.25 yes 1"},
-        {"refused number", edit(L"mass", 9.0),
-         [&] { m_row->SetDoubleValue(columns::mass, 0.25, true); }, "a<b 3 0.25 yes 1"},
-        {"refused choice", edit(L"section", ListIndex{0}),
-         [&] { m_row->SetListIndex(columns::section, 1); }, "a<b 3 0.25 yes 1"},
-        {"taken", edit(L"count", 9), [&] { m_row->SetIntValue(columns::count, 9); },
-         "a<b 9 0.25 yes 1"},
+        {"refused text", edit(L"note", SharedText(L"x")), [&] { m_row->SetCellText(columns::note, L"a<b", L"ab"); },
+         "a<b 3 0.25 yes 1"},
+        {"refused number", edit(L"mass", 9.0), [&] { m_row->SetDoubleValue(columns::mass, 0.25, true); },
+         "a<b 3 0.25 yes 1"},
+        {"refused choice", edit(L"section", ListIndex{0}), [&] { m_row->SetListIndex(columns::section, 1); },
+         "a<b 3 0.25 yes 1"},
+        {"taken", edit(L"count", 9), [&] { m_row->SetIntValue(columns::count, 9); }, "a<b 9 0.25 yes 1"},
         {"taken and changed", edit(L"note", SharedText(L" x ")),
-         [&] { m_row->SetTextCell(columns::note, L"x", L"x", true, false, {}, nullptr); },
-         "x 9 0.25 yes 1"},
-        {"read again", edit(L"visible", false),
-         [&] { m_row->SetBoolCell(columns::visible, false, true, true, {}); }, "x 9 0.25 no 1"},
+         [&] { m_row->SetTextCell(columns::note, L"x", L"x", true, false, {}, nullptr); }, "x 9 0.25 yes 1"},
+        {"read again", edit(L"visible", false), [&] { m_row->SetBoolCell(columns::visible, false, true, true, {}); },
+         "x 9 0.25 no 1"},
     };
     for (const Case& one : cases) {
         const auto ask = [&] {
@@ -154,9 +152,7 @@ TEST_F(ViewEdits, WhatTheLibraryWritesTakesThePlaceOfTheInputAtOnce) {
 
 TEST_F(ViewEdits, ANameIsEditedAndItsGivenTextStaysKnown) {
     const auto act = [&] { return m_view->EditNameByUser(*m_row, L"new"); };
-    const auto ask = [&] {
-        return platform::ToUtf8(m_row->GetNameText().Str() + L'/' + m_row->GetNameValue().Str());
-    };
+    const auto ask = [&] { return platform::ToUtf8(m_row->GetNameText().Str() + L'/' + m_row->GetNameValue().Str()); };
     EXPECT_EQ(AnsweredDuring(ask, act), "new/a");
     EXPECT_EQ(ask(), "a/a");
     const auto take = [&] {
@@ -177,8 +173,7 @@ TEST_F(ViewEdits, ADesignationIsEditedInSevenParts) {
     const auto ask = [&] {
         return platform::ToUtf8(editor->GetBase().Str() + editor->GetEmbodimentNumDelim() +
                                 editor->GetEmbodimentNum().Str() + editor->GetAdditionalNumDelim() +
-                                editor->GetAdditionalNum().Str() + editor->GetCodeDelim() +
-                                editor->GetCode().Str());
+                                editor->GetAdditionalNum().Str() + editor->GetCodeDelim() + editor->GetCode().Str());
     };
     const auto act = [&] { return m_view->EditMarkingByUser(*m_row, parts); };
     EXPECT_EQ(AnsweredDuring(ask, act), "CD.2.02/5AD");
@@ -191,9 +186,7 @@ TEST_F(ViewEdits, ADesignationIsEditedInSevenParts) {
     EXPECT_EQ(AnsweredDuring(putBack, act), "AB.1-01 AD");
     EXPECT_EQ(m_control.TakeLog(), "marking;");
 
-    const auto refuses = [&](const MarkingParts& input) {
-        return !m_view->EditMarkingByUser(*m_row, input);
-    };
+    const auto refuses = [&](const MarkingParts& input) { return !m_view->EditMarkingByUser(*m_row, input); };
     MarkingParts longDelim = parts;
     longDelim[3] = L"//";
     EXPECT_TRUE(refuses(longDelim));
@@ -262,8 +255,7 @@ TEST_F(ViewEdits, NothingIsTakenWhileTheControlOrAnUpdateIsAtWork) {
     bool nested = true;
     m_control.during = [&] {
         nested = m_view->EditNameByUser(*m_row, L"x") || m_view->ClickHeadByUser(L"mass") ||
-                 m_view->MoveColumnByUser(L"mass", 2) ||
-                 m_view->EditCellByUser(*m_row, L"mass", 5.0);
+                 m_view->MoveColumnByUser(L"mass", 2) || m_view->EditCellByUser(*m_row, L"mass", 5.0);
     };
     EXPECT_TRUE(m_view->EditCellByUser(*m_row, L"count", 7));
     EXPECT_FALSE(nested);
@@ -307,9 +299,8 @@ TEST_F(ViewEdits, AHeadHoldsItsInputWhileTheControlLooksAtIt) {
         const auto number = m_view->GetHeaderDouble(L"mass");
         const auto count = m_view->GetHeaderInt(L"count");
         const auto visible = m_view->GetHeaderBool(L"visible");
-        return platform::ToUtf8(m_view->GetHeaderName().Str() + L'|' +
-                                m_view->GetHeaderText(L"note").Str()) +
-               '|' + (count ? std::to_string(*count) : "") + '|' +
+        return platform::ToUtf8(m_view->GetHeaderName().Str() + L'|' + m_view->GetHeaderText(L"note").Str()) + '|' +
+               (count ? std::to_string(*count) : "") + '|' +
                (number ? platform::ToUtf8(SimplePropVal(*number).to_wstring().Str()) : "") + '|' +
                (visible ? (*visible ? "yes" : "no") : "");
     };
@@ -322,9 +313,7 @@ TEST_F(ViewEdits, AHeadHoldsItsInputWhileTheControlLooksAtIt) {
         {L"visible", false, "||||no"},
     };
     for (const auto& [id, input, answer] : cases) {
-        const auto act = [&, column = id, left = input] {
-            return m_view->EditHeadByUser(column, left);
-        };
+        const auto act = [&, column = id, left = input] { return m_view->EditHeadByUser(column, left); };
         EXPECT_EQ(AnsweredDuring(ask, act), answer);
         EXPECT_EQ(m_control.TakeLog(), "head " + platform::ToUtf8(id) + ';');
         EXPECT_EQ(ask(), "||||");

@@ -17,9 +17,7 @@ TEST(ViewFrame, QuestionsGoToTheDecisionsThatWereGiven) {
     frame.SetDecisions(&decisions);
     IQuestionBox* const box = GuiApp()->GetQuestionBox();
     ASSERT_NE(box, nullptr);
-    const auto ask = [box] {
-        return box->Ask(GuiApp()->GetMainWindow(), L"Title", L"Text", {L"Yes", L"No"});
-    };
+    const auto ask = [box] { return box->Ask(GuiApp()->GetMainWindow(), L"Title", L"Text", {L"Yes", L"No"}); };
     EXPECT_EQ(ask(), IQuestionBox::c_yes);
     EXPECT_NE(ask(), IQuestionBox::c_yes);
     EXPECT_EQ(decisions.GetQuestions().size(), 2U);

@@ -52,24 +52,22 @@ TEST(ViewPrint, CellsStandUnderTheirHeads) {
     WriteCells(RowAt(*view, {0}));
     RowAt(*view, {1}).SetDoubleValue(columns::mass, 1250, true);
     RowAt(*view, {1}).SetBoolValue(columns::visible, {});
-    EXPECT_EQ(PrintTree(*view, PrintedRows::All),
-              "Product tree\n"
-              "Name   Designation  Mass, kg  Visible  Section  Source\n"
-              "- as1\n"
-              "    a                   0.25  yes      Kits     drawing\n"
-              "    b                   1250           Parts\n");
+    EXPECT_EQ(PrintTree(*view, PrintedRows::All), "Product tree\n"
+                                                  "Name   Designation  Mass, kg  Visible  Section  Source\n"
+                                                  "- as1\n"
+                                                  "    a                   0.25  yes      Kits     drawing\n"
+                                                  "    b                   1250           Parts\n");
 }
 
 TEST(ViewPrint, WideLettersStandInColumns) {
     const auto view = MakePanel({L"p", {{L"\u30A2\u30EB\u30DF\u3000\u67A0"}, {L"e\u0301t\u00E9"}}});
     SetDesignation(RowAt(*view, {0}), L"X");
     SetDesignation(RowAt(*view, {1}), L"Y");
-    EXPECT_EQ(PrintTree(*view, PrintedRows::All),
-              platform::ToUtf8(L"Product tree\n"
-                               L"Name            Designation  Mass, kg\n"
-                               L"- p\n"
-                               L"    \u30A2\u30EB\u30DF\u3000\u67A0  X\n"
-                               L"    e\u0301t\u00E9         Y\n"));
+    EXPECT_EQ(PrintTree(*view, PrintedRows::All), platform::ToUtf8(L"Product tree\n"
+                                                                   L"Name            Designation  Mass, kg\n"
+                                                                   L"- p\n"
+                                                                   L"    \u30A2\u30EB\u30DF\u3000\u67A0  X\n"
+                                                                   L"    e\u0301t\u00E9         Y\n"));
 }
 
 TEST(ViewPrint, ControlsOfATerminalDoNotReachIt) {
@@ -94,8 +92,7 @@ TEST(Utf8, EveryCodePointHasItsBytesAndWhatIsNoneIsReplaced) {
          "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80"},
         {std::wstring{wchar_t{0xFFFF}, wchar_t{0x10000}, wchar_t{0x10FFFF}},
          "\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
-        {std::wstring{wchar_t{0xD800}, wchar_t{0xDFFF}, wchar_t{0x110000}},
-         "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
+        {std::wstring{wchar_t{0xD800}, wchar_t{0xDFFF}, wchar_t{0x110000}}, "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
         {std::wstring{wchar_t{-1}}, "\xEF\xBF\xBD"},
     };
     for (const auto& [wide, bytes] : cases)

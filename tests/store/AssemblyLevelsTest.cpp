@@ -57,8 +57,7 @@ std::string Show(const MemoryProduct& product) {
     const ProductModel& model = product.GetModel();
     std::string text = platform::ToUtf8(model.root.name.Str()) + ":";
     for (const ObjectRecord& object : model.objects)
-        text += " " + platform::ToUtf8(object.name.Str()) + " x" +
-                std::to_string(object.occurrences.size());
+        text += " " + platform::ToUtf8(object.name.Str()) + " x" + std::to_string(object.occurrences.size());
     return text;
 }
 
@@ -67,8 +66,7 @@ std::string ValueOf(const MemoryProduct& product, const char* object, const wcha
 }
 
 void Set(MemoryProduct& product, const char* object, const wchar_t* path, const wchar_t* text) {
-    const PropValue value =
-        *text ? PropValue(SimplePropVal(SharedText(std::wstring(text)))) : PropValue();
+    const PropValue value = *text ? PropValue(SimplePropVal(SharedText(std::wstring(text)))) : PropValue();
     auto changes = product.MakeValueChanges({Key(object), {}, path, {}}, value);
     product.CommitChanges(changes);
 }
@@ -90,8 +88,7 @@ TEST_F(AssemblyLevels, ShowComponentsOrAllPartsAndLeaveTheFileAsItWas) {
     EXPECT_EQ(Show(m_product), "Axle: Wheel x2 Tube x1");
     EXPECT_FALSE(m_product.EnterLevel({Key("wheel"), false}));
     EXPECT_FALSE(m_product.IsModified());
-    EXPECT_EQ(desktop::store::FormatProduct(m_product.MakeSaved()),
-              desktop::store::FormatProduct(Read(c_car)));
+    EXPECT_EQ(desktop::store::FormatProduct(m_product.MakeSaved()), desktop::store::FormatProduct(Read(c_car)));
 }
 
 TEST_F(AssemblyLevels, ShareWhatAnObjectIsAndKeepHowItStandsThere) {
@@ -208,8 +205,7 @@ TEST(AssemblyLevelsOfAFile, AreRefusedWhereTheyMakeNoSense) {
         {R"("object": "tube", "uses": 1)", R"("object": "wing", "uses": 1)",
          "assemblies[1].components[1].object: there is no object 'wing'"},
         {R"({"position": 7})", R"({"mass": 7})", "only the position belongs to the assembly"},
-        {R"({"object": "tube", "uses": 1})", R"({"object": "wheel", "uses": 1})",
-         "the key 'wheel' is taken already"},
+        {R"({"object": "tube", "uses": 1})", R"({"object": "wheel", "uses": 1})", "the key 'wheel' is taken already"},
         {R"("key": "tube",)", R"("key": "tube", "uses": 1,)",
          "how the object is used stands in the assembly that uses it"},
         {R"("columns")", R"("embodiments": [{"key": "e"}], "columns")",

@@ -27,16 +27,13 @@ protected:
     }
     ~FileReplacement() override { fs::remove_all(m_folder); }
 
-    static void Put(const fs::path& path, std::string_view text) {
-        std::ofstream(path, std::ios::binary) << text;
-    }
+    static void Put(const fs::path& path, std::string_view text) { std::ofstream(path, std::ios::binary) << text; }
     static std::string TextOf(const fs::path& path) {
         std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
     std::size_t CountFiles() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()));
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()));
     }
 
     fs::path m_folder;
@@ -88,8 +85,7 @@ TEST_F(FileReplacement, TakesAwayWhatAKilledProgramHasLeft) {
         _exit(0);
     ASSERT_EQ(waitpid(gone, nullptr, 0), gone);
     const fs::path left = m_file.parent_path() / (".product-tree-" + std::to_string(gone) + "-0");
-    const fs::path working =
-        m_file.parent_path() / (".product-tree-" + std::to_string(getppid()) + "-0");
+    const fs::path working = m_file.parent_path() / (".product-tree-" + std::to_string(getppid()) + "-0");
     std::ofstream(left) << "half";
     std::ofstream(working) << "half";
     ASSERT_FALSE(ReplaceFile(m_file, "new"));

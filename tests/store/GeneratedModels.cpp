@@ -12,18 +12,14 @@ namespace {
 
 using namespace platform;
 
-int Number(int end) {
-    return *rc::gen::inRange(0, end);
-}
-bool Flag() {
-    return *rc::gen::arbitrary<bool>();
-}
+int Number(int end) { return *rc::gen::inRange(0, end); }
+bool Flag() { return *rc::gen::arbitrary<bool>(); }
 
 /// Letters of one to four bytes, quotes, escapes and control characters.
 std::wstring Text() {
-    return *rc::gen::container<std::wstring>(rc::gen::element<wchar_t>(
-        L'a', L'B', L'7', L' ', L'"', L'\\', L'/', L'\n', L'\x01', L'\x7F', L'\x00E4', L'\x0416',
-        L'\xFFFD', wchar_t{0x1F600}, wchar_t{0x10FFFF}, L'\0'));
+    return *rc::gen::container<std::wstring>(
+        rc::gen::element<wchar_t>(L'a', L'B', L'7', L' ', L'"', L'\\', L'/', L'\n', L'\x01', L'\x7F', L'\x00E4',
+                                  L'\x0416', L'\xFFFD', wchar_t{0x1F600}, wchar_t{0x10FFFF}, L'\0'));
 }
 
 UniqueMetaObjectKey Key(const std::string& stem, std::size_t index) {
@@ -53,9 +49,7 @@ VariantMarking Marking() {
     return marking;
 }
 
-double Real() {
-    return *rc::gen::element(0.0, -0.0, 1.0, 0.1, -2.5e-300, 1e22, 123456789.0, 1e308);
-}
+double Real() { return *rc::gen::element(0.0, -0.0, 1.0, 0.1, -2.5e-300, 1e22, 123456789.0, 1e308); }
 
 SimplePropVal Simple() {
     switch (Number(6)) {
@@ -127,8 +121,8 @@ constexpr unsigned long c_useProperties[] = {11, 46, 1000, 1001, 1002};
 void FillLinks(PartRecord& part, std::size_t after) {
     for (const unsigned long number : c_useProperties)
         if (Number(6) == 0)
-            part.links.push_back({number, Key("o", after + 1 + static_cast<std::size_t>(Number(9))),
-                                  c_properties[Number(7)]});
+            part.links.push_back(
+                {number, Key("o", after + 1 + static_cast<std::size_t>(Number(9))), c_properties[Number(7)]});
 }
 
 void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t count) {
@@ -186,8 +180,7 @@ void FillUses(ObjectRecord& object, std::size_t objectCount, std::size_t embodim
 PropertyRecord Definition(unsigned long number) {
     PropertyRecord record;
     record.number = number;
-    record.caption =
-        *rc::gen::element<std::wstring>(L"", L"Colour", L"Power", L"mass", L"user.1001");
+    record.caption = *rc::gen::element<std::wstring>(L"", L"Colour", L"Power", L"mass", L"user.1001");
     record.type = static_cast<unsigned>(Number(4));
     record.min = -Real();
     record.max = std::max(record.min, Real());

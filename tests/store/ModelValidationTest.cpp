@@ -45,10 +45,9 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const Damage damages[] = {
         {[](ProductModel& m) { m.root.key = {}; }, "product.key", "a key is needed", ""},
-        {[](ProductModel& m) { m.objects[1].key = UniqueMetaObjectKey(std::string("\xE4")); },
-         "objects[1].key", "the key is not UTF-8", "\xE4"},
-        {[](ProductModel& m) { m.objects[1].kind = 9; }, "objects[1].kind",
-         "a number from 0 to 8 is expected", "b"},
+        {[](ProductModel& m) { m.objects[1].key = UniqueMetaObjectKey(std::string("\xE4")); }, "objects[1].key",
+         "the key is not UTF-8", "\xE4"},
+        {[](ProductModel& m) { m.objects[1].kind = 9; }, "objects[1].kind", "a number from 0 to 8 is expected", "b"},
         {[](ProductModel& m) { m.objects[0].name = SharedText(L"\xD800"); }, "objects[0].name",
          "the text is not Unicode", "a"},
         {[](ProductModel& m) {
@@ -63,22 +62,20 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
              m.objects[0].counts = {{m.root.key, L"1"}, {m.root.key, L"2"}};
          },
          "objects[0].counts[1].embodiment", "the embodiment has a count already", "a"},
-        {[](ProductModel& m) { m.objects[0].marking.SetCodeDelim(wchar_t{0x110000}); },
-         "objects[0].designation", "the text is not Unicode", "a"},
+        {[](ProductModel& m) { m.objects[0].marking.SetCodeDelim(wchar_t{0x110000}); }, "objects[0].designation",
+         "the text is not Unicode", "a"},
         {[&](ProductModel& m) {
              m.objects[1].properties = {{mass, PropValue(SimplePropVal(nan))}};
          },
          "objects[1].properties[0]", "a finite number is expected", "b"},
         {[&](ProductModel& m) {
-             m.objects[1].properties = {{mass, PropValue(SimplePropVal(1.0))},
-                                        {998, PropValue(SimplePropVal(1.0))}};
+             m.objects[1].properties = {{mass, PropValue(SimplePropVal(1.0))}, {998, PropValue(SimplePropVal(1.0))}};
          },
          "objects[1].properties[1]", "there is no property 998", "b"},
         {[&](ProductModel& m) {
              m.objects[0].properties = {{mass, DeepValue(21)}};
          },
-         "objects[0].properties[0]",
-         "the structure is nested too deep or holds a text that is not Unicode", "a"},
+         "objects[0].properties[0]", "the structure is nested too deep or holds a text that is not Unicode", "a"},
         {[&](ProductModel& m) {
              const DateTime farAway{std::numeric_limits<std::int64_t>::max()};
              m.objects[0].properties = {{mass, PropValue(SimplePropVal(farAway))}};
@@ -89,16 +86,15 @@ TEST(ModelValidation, FindsWhatNoFileCouldExpress) {
              m.objects[0].occurrences[0].properties = {{mass, PropValue(SimplePropVal(1.0))}};
          },
          "objects[0].uses[0].properties[0]", "only the object itself has the property", "a"},
-        {[](ProductModel& m) { m.objects[1].volume = 0.0; }, "objects[1].volume",
-         "a positive number is expected", "b"},
+        {[](ProductModel& m) { m.objects[1].volume = 0.0; }, "objects[1].volume", "a positive number is expected", "b"},
         {[](ProductModel& m) { m.objects[1].sumsPartMasses = true; }, "objects[1].massOfParts",
          "only the product itself and its assemblies have their mass from their parts", "b"},
         {[](ProductModel& m) {
              m.objects[1].links = {{ProductProperties::markingId, m.objects[0].key, 11}};
          },
          "objects[1].links[0]", "a designation or a section can't be a link", "b"},
-        {[](ProductModel& m) { m.objects[1].readOnlyProperties = {998}; },
-         "objects[1].readOnlyProperties", "there is no property 998", "b"},
+        {[](ProductModel& m) { m.objects[1].readOnlyProperties = {998}; }, "objects[1].readOnlyProperties",
+         "there is no property 998", "b"},
         {[](ProductModel& m) {
              m.properties.emplace_back().number = 1000;
              m.properties[0].type = 4;
@@ -173,8 +169,7 @@ TEST(ModelValidation, FollowsAChainOfLinksThroughTheWholeProduct) {
     constexpr int count = 100'000;
     for (int i = 0; i < count; ++i) {
         model.objects.push_back(Object("o" + std::to_string(i)));
-        model.objects.back().links = {
-            {11, UniqueMetaObjectKey("o" + std::to_string((i + 1) % count)), 11}};
+        model.objects.back().links = {{11, UniqueMetaObjectKey("o" + std::to_string((i + 1) % count)), 11}};
     }
     EXPECT_TRUE(ValidateModel(model));
     model.objects[500].links.clear();

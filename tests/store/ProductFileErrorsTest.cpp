@@ -165,10 +165,8 @@ TEST(WrongTexts, AreRefusedWithTheirPlace) {
         {"\xEF\xBB\xBF", "line 1, column 1: the file is empty"},
         {"[]", "line 1, column 1: an object is expected"},
         {"{}", "line 1, column 1: format: \"product-tree 1\" is expected"},
-        {"\n {\"format\":\n  \"product-tree 2\"}",
-         "line 3, column 3: format: \"product-tree 1\" is expected"},
-        {"\xEF\xBB\xBF{\"format\": 1}",
-         "line 1, column 12: format: \"product-tree 1\" is expected"},
+        {"\n {\"format\":\n  \"product-tree 2\"}", "line 3, column 3: format: \"product-tree 1\" is expected"},
+        {"\xEF\xBB\xBF{\"format\": 1}", "line 1, column 12: format: \"product-tree 1\" is expected"},
         {"ISO-10303-21;", "line 1, column 1: not JSON: invalid literal"},
     };
     for (const Text& text : texts)
@@ -176,23 +174,21 @@ TEST(WrongTexts, AreRefusedWithTheirPlace) {
 }
 
 TEST(WrongTexts, WithAKeyThatBreaksTheLineAreStillReportedInOneLine) {
-    const std::string error = ErrorOf(
-        R"({"format": "product-tree 1", "objects": [{"key": "a", "parents": ["b\n\u0000c"]}]})");
+    const std::string error =
+        ErrorOf(R"({"format": "product-tree 1", "objects": [{"key": "a", "parents": ["b\n\u0000c"]}]})");
     EXPECT_EQ(error, "line 1, column 67: objects[0].parents[0]: there is no object 'b  c'");
     const std::string longKey(100'000, 'x');
     EXPECT_LT(ErrorOf("{\"format\": \"product-tree 1\", \"" + longKey + "\": 1}").size(), 400U);
 }
 
 TEST(DeepNesting, IsRefusedAtTheSixtyFifthLevel) {
-    EXPECT_EQ(ErrorOf(std::string(64, '[') + std::string(64, ']')),
-              "line 1, column 1: an object is expected");
+    EXPECT_EQ(ErrorOf(std::string(64, '[') + std::string(64, ']')), "line 1, column 1: an object is expected");
     EXPECT_EQ(ErrorOf(std::string(200, '[') + std::string(200, ']')),
               "line 1, column 65: nested deeper than 64 levels");
 }
 
 TEST(DeepNesting, OfAHugeFileIsRefusedWithoutReadingOn) {
-    const std::filesystem::path path =
-        std::filesystem::path(testing::TempDir()) / "product-tree-brackets.json";
+    const std::filesystem::path path = std::filesystem::path(testing::TempDir()) / "product-tree-brackets.json";
     {
         std::ofstream file(path, std::ios::binary);
         const std::string piece(1 << 20, '[');
@@ -202,8 +198,7 @@ TEST(DeepNesting, OfAHugeFileIsRefusedWithoutReadingOn) {
     const ReadResult result = ReadProductFile(path);
     std::filesystem::remove(path);
     ASSERT_TRUE(std::holds_alternative<FileError>(result));
-    EXPECT_EQ(std::get<FileError>(result).reason,
-              "line 1, column 65: nested deeper than 64 levels");
+    EXPECT_EQ(std::get<FileError>(result).reason, "line 1, column 65: nested deeper than 64 levels");
 }
 
 TEST(UnreadableFiles, AreReportedInTheSystemsWords) {

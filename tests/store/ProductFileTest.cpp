@@ -86,9 +86,8 @@ TEST(ProductFile, CountsUsesThatAreAlike) {
     EXPECT_EQ(uses[2].key.String(), "x");
     EXPECT_EQ(uses[3].key.String(), "a#4");
     EXPECT_EQ(uses[3].kind, PartKindOther);
-    EXPECT_NE(
-        FormatProduct(model).find("{\"count\": 2, \"embodiments\": [\"e\"]}, {\"key\": \"x\"}"),
-        std::string::npos);
+    EXPECT_NE(FormatProduct(model).find("{\"count\": 2, \"embodiments\": [\"e\"]}, {\"key\": \"x\"}"),
+              std::string::npos);
 }
 
 TEST(ProductFile, ReadsADesignationInOneTextOrInItsParts) {
@@ -118,8 +117,8 @@ TEST(ProductFile, NamesASectionAfterTheStyle) {
         "blocks": [{"number": 1, "name": "Gears"}]}], "blocks": [{"number": 2, "name": "Loose"}]}, )" +
                                   objects)),
               L"Details|Gears|Details|Loose|Own||");
-    EXPECT_EQ(namesOf(ReadMembers(objects)), GetDefaultSectionNumbName(20).Str() + L"||" +
-                                                 GetDefaultSectionNumbName(20).Str() + L"||Own||");
+    EXPECT_EQ(namesOf(ReadMembers(objects)),
+              GetDefaultSectionNumbName(20).Str() + L"||" + GetDefaultSectionNumbName(20).Str() + L"||Own||");
 }
 
 TEST(ProductFile, ReadsValuesByTheTypeOfTheirProperty) {
@@ -131,9 +130,7 @@ TEST(ProductFile, ReadsValuesByTheTypeOfTheirProperty) {
             "comment": {"type": "integer", "value": 5}, "note": {"value": "x", "format": "<x>"},
             "number": 6, "angle": 6.0, "location": null}}])");
     const ObjectRecord& object = model.objects.at(0);
-    const auto at = [&](const wchar_t* path) {
-        return ValueOf(object, ProductProperties::GetPropId(path));
-    };
+    const auto at = [&](const wchar_t* path) { return ValueOf(object, ProductProperties::GetPropId(path)); };
     EXPECT_EQ(at(L"mass"), PropValue(SimplePropVal(2.0)));
     EXPECT_EQ(at(L"user.1000"), PropValue(SimplePropVal(3.0)));
     EXPECT_EQ(at(L"user.1001"), PropValue(SimplePropVal(4)));
@@ -147,16 +144,15 @@ TEST(ProductFile, ReadsValuesByTheTypeOfTheirProperty) {
 }
 
 TEST(ProductFile, KeepsEveryCharacter) {
-    const ProductModel model = ReadMembers(
-        "\"product\": {\"name\": \"\\u0000\\t\\\"\\u00e4\xC3\xA4\\uD83D\\uDE00\xF0\x9F\x98\x80\"}");
+    const ProductModel model =
+        ReadMembers("\"product\": {\"name\": \"\\u0000\\t\\\"\\u00e4\xC3\xA4\\uD83D\\uDE00\xF0\x9F\x98\x80\"}");
     const std::wstring name(L"\0\t\"\u00E4\u00E4\U0001F600\U0001F600", 7);
     EXPECT_EQ(model.root.name.Str(), name);
     EXPECT_EQ(Read(FormatProduct(model)).root.name.Str(), name);
 }
 
 TEST(ProductFile, MayBeginWithAByteOrderMark) {
-    EXPECT_EQ(Read("\xEF\xBB\xBF{\"format\": \"product-tree 1\"}"),
-              Read("{\"format\": \"product-tree 1\"}"));
+    EXPECT_EQ(Read("\xEF\xBB\xBF{\"format\": \"product-tree 1\"}"), Read("{\"format\": \"product-tree 1\"}"));
 }
 
 TEST(Sample, IsSoundAndInTheFormThatTheProgramWrites) {
@@ -176,22 +172,16 @@ TEST(Sample, IsSoundAndInTheFormThatTheProgramWrites) {
 }
 
 TEST(Sample, ShowsWhatAProductCanHold) {
-    const ReadResult result =
-        ReadProductFile(std::filesystem::path(PRODUCT_TREE_SAMPLES) / "reducer.json");
+    const ReadResult result = ReadProductFile(std::filesystem::path(PRODUCT_TREE_SAMPLES) / "reducer.json");
     const ProductModel& model = std::get<ProductModel>(result);
-    const auto holds = [&model](const auto& test) {
-        return std::ranges::any_of(model.objects, test);
-    };
+    const auto holds = [&model](const auto& test) { return std::ranges::any_of(model.objects, test); };
     EXPECT_EQ(model.embodiments.size(), 3U);
     EXPECT_TRUE(model.style && !model.style->blocks.empty());
-    for (const platform::BilletKind kind :
-         {platform::BilletKind::Manual, platform::BilletKind::Associative})
+    for (const platform::BilletKind kind : {platform::BilletKind::Manual, platform::BilletKind::Associative})
         EXPECT_TRUE(holds([kind](const ObjectRecord& object) { return object.billet == kind; }));
     EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.occurrences.size() > 1; }));
     EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.section.numbers[0] == 25; }));
-    const auto defines = [&model](const auto& test) {
-        return std::ranges::any_of(model.properties, test);
-    };
+    const auto defines = [&model](const auto& test) { return std::ranges::any_of(model.properties, test); };
     using Definition = platform::PropertyRecord;
     EXPECT_TRUE(defines([](const Definition& record) { return !record.unitCode.empty(); }));
     EXPECT_TRUE(defines([](const Definition& record) { return record.isVariable; }));
@@ -200,11 +190,9 @@ TEST(Sample, ShowsWhatAProductCanHold) {
     EXPECT_TRUE(model.isSimplified);
     EXPECT_TRUE(holds([](const ObjectRecord& object) { return !object.links.empty(); }));
     EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.volume.has_value(); }));
-    EXPECT_TRUE(
-        holds([](const ObjectRecord& object) { return !object.lockedMarkingParts.empty(); }));
+    EXPECT_TRUE(holds([](const ObjectRecord& object) { return !object.lockedMarkingParts.empty(); }));
     EXPECT_TRUE(holds([](const ObjectRecord& object) {
-        return std::ranges::any_of(object.occurrences,
-                                   [](const auto& use) { return !use.properties.empty(); });
+        return std::ranges::any_of(object.occurrences, [](const auto& use) { return !use.properties.empty(); });
     }));
 }
 

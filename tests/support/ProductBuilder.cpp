@@ -9,13 +9,9 @@ namespace support {
 using platform::OccurrenceRecord;
 using platform::PartRecord;
 
-UniqueMetaObjectKey Key(std::string_view key) {
-    return UniqueMetaObjectKey(std::string(key));
-}
+UniqueMetaObjectKey Key(std::string_view key) { return UniqueMetaObjectKey(std::string(key)); }
 
-Product::Product() {
-    m_model.root.key = Key("root");
-}
+Product::Product() { m_model.root.key = Key("root"); }
 
 std::shared_ptr<platform::MemoryProduct> Product::Make() const {
     return std::make_shared<platform::MemoryProduct>(m_model);
@@ -27,13 +23,14 @@ Product& Product::Root(const std::wstring& name, const std::wstring& designation
     return *this;
 }
 
-Product& Product::Object(std::string_view key) {
+Product& Product::Object(std::string_view key, const std::wstring& name, const std::wstring& designation) {
     platform::ObjectRecord& object = m_model.objects.emplace_back();
     object.key = Key(key);
+    object.name = name;
     object.section.numbers[0] = 20;
     object.part.used = meta_data::SPUsed({1});
     m_currentUses = 0;
-    return *this;
+    return designation.empty() ? *this : Designation(designation);
 }
 
 Product& Product::Name(const std::wstring& name) {
@@ -56,15 +53,11 @@ Product& Product::LockedMarkingParts(std::initializer_list<int> parts) {
     return *this;
 }
 
-Product& Product::Section(int number, const std::wstring& name) {
-    return SectionNumbers({number}, name);
-}
+Product& Product::Section(int number, const std::wstring& name) { return SectionNumbers({number}, name); }
 
-Product& Product::SectionNumbers(std::initializer_list<std::int32_t> numbers,
-                                 const std::wstring& name) {
+Product& Product::SectionNumbers(std::initializer_list<std::int32_t> numbers, const std::wstring& name) {
     SPCSection section;
-    std::copy_n(numbers.begin(), std::min(numbers.size(), section.numbers.size()),
-                section.numbers.begin());
+    std::copy_n(numbers.begin(), std::min(numbers.size(), section.numbers.size()), section.numbers.begin());
     section.name = name;
     CurrentObject().section = section;
     return *this;
@@ -74,13 +67,10 @@ Product& Product::Material(const std::wstring& material) {
     return ObjectValue(L"material", SimplePropVal(SharedText(material)));
 }
 
-Product& Product::Mass(double kilograms) {
-    return ObjectValue(L"mass", SimplePropVal(kilograms));
-}
+Product& Product::Mass(double kilograms) { return ObjectValue(L"mass", SimplePropVal(kilograms)); }
 
 Product& Product::ObjectValue(const std::wstring& path, SimplePropVal value) {
-    CurrentObject().properties.emplace_back(ProductProperties::GetPropId(path),
-                                            PropValue(std::move(value)));
+    CurrentObject().properties.emplace_back(ProductProperties::GetPropId(path), PropValue(std::move(value)));
     return *this;
 }
 
@@ -191,16 +181,14 @@ Product& Product::NotShown() {
 }
 
 Product& Product::Value(const std::wstring& path, SimplePropVal value) {
-    return ChangeParts([&](PartRecord& part) {
-        part.properties.emplace_back(ProductProperties::GetPropId(path), PropValue(value));
-    });
+    return ChangeParts(
+        [&](PartRecord& part) { part.properties.emplace_back(ProductProperties::GetPropId(path), PropValue(value)); });
 }
 
-Product& Product::Link(const std::wstring& path, std::string_view target,
-                       const std::wstring& targetPath) {
+Product& Product::Link(const std::wstring& path, std::string_view target, const std::wstring& targetPath) {
     return ChangeParts([&](PartRecord& part) {
-        part.links.push_back({ProductProperties::GetPropId(path), Key(target),
-                              ProductProperties::GetPropId(targetPath)});
+        part.links.push_back(
+            {ProductProperties::GetPropId(path), Key(target), ProductProperties::GetPropId(targetPath)});
     });
 }
 
@@ -249,9 +237,7 @@ Product& Product::CountMark() {
 }
 
 Product& Product::Count(std::string_view embodiment, const std::wstring& count) {
-    return ChangeParts([&](PartRecord& part) {
-        part.counts.push_back({Key(embodiment), SharedText(count)});
-    });
+    return ChangeParts([&](PartRecord& part) { part.counts.push_back({Key(embodiment), SharedText(count)}); });
 }
 
 Product& Product::Embodiment(std::string_view key, const std::wstring& number) {
@@ -309,8 +295,7 @@ Product& Product::MassOfParts() {
 }
 
 Product& Product::RootValue(const std::wstring& path, SimplePropVal value) {
-    m_model.root.properties.emplace_back(ProductProperties::GetPropId(path),
-                                         PropValue(std::move(value)));
+    m_model.root.properties.emplace_back(ProductProperties::GetPropId(path), PropValue(std::move(value)));
     return *this;
 }
 
@@ -346,8 +331,8 @@ Product& Product::Property(platform::PropertyRecord record) {
     return *this;
 }
 
-Product& Product::UserProperty(unsigned long number, const std::wstring& caption, unsigned type,
-                               double min, double max) {
+Product& Product::UserProperty(unsigned long number, const std::wstring& caption, unsigned type, double min,
+                               double max) {
     platform::PropertyRecord record;
     record.number = number;
     record.caption = caption;

@@ -1,8 +1,8 @@
 // Products in a few lines of a test:
 //
 //     Product().Root(L"Gearbox", L"AB.100")
-//         .Object("bolt").Name(L"Bolt M8").Section(25).Uses(4)
-//         .Object("case").Name(L"Case").Designation(L"AB.101").Uses().Separate()
+//         .Object("bolt", L"Bolt M8").Section(25).Uses(4)
+//         .Object("case", L"Case", L"AB.101").Uses().Separate()
 //
 // What follows Object speaks of that object, until Use or Uses; from there on what is said of a
 // part (its attributes, its embodiments, its handler) is said of the uses just added. Nothing is
@@ -36,15 +36,14 @@ public:
     Product& Root(const std::wstring& name, const std::wstring& designation = {});
 
     /// A part of section 20 that stands in the specification of style 1.
-    Product& Object(std::string_view key);
+    Product& Object(std::string_view key, const std::wstring& name = {}, const std::wstring& designation = {});
     Product& Name(const std::wstring& name);
     Product& Designation(const std::wstring& base);
     Product& Marking(const VariantMarking& marking);
     Product& LockedMarkingParts(std::initializer_list<int> parts);
     Product& Section(int number, const std::wstring& name = {});
     /// All six numbers of the section, the rest of them 0.
-    Product& SectionNumbers(std::initializer_list<std::int32_t> numbers,
-                            const std::wstring& name = {});
+    Product& SectionNumbers(std::initializer_list<std::int32_t> numbers, const std::wstring& name = {});
     Product& Material(const std::wstring& material);
     Product& Mass(double kilograms);
     /// The property can't be changed for the object.
@@ -59,8 +58,7 @@ public:
     Product& AggrIntoProduct(bool on);
     Product& PartOf(std::string_view parent);
     Product& OwnedBy(std::string_view owner);
-    Product& BilletOf(std::string_view owner,
-                      platform::BilletKind kind = platform::BilletKind::Manual);
+    Product& BilletOf(std::string_view owner, platform::BilletKind kind = platform::BilletKind::Manual);
 
     /// Uses of the object, of its kind and standing in the same specifications. Their keys are that
     /// of the object, '#' and the number of the use, from 1 on.
@@ -75,8 +73,7 @@ public:
     /// `path` as ProductProperties has it. Of uses: a value in place of the object's.
     Product& Value(const std::wstring& path, SimplePropVal value);
     /// A link to the target's property.
-    Product& Link(const std::wstring& path, std::string_view target,
-                  const std::wstring& targetPath);
+    Product& Link(const std::wstring& path, std::string_view target, const std::wstring& targetPath);
     Product& Kind(int kind);
     Product& Phantom();
     Product& NoHandler();
@@ -109,8 +106,8 @@ public:
     Product& StyleSections(const std::vector<std::pair<int, std::wstring>>& sections);
 
     /// A property of the user's own.
-    Product& UserProperty(unsigned long number, const std::wstring& caption, unsigned type,
-                          double min = 0, double max = 0);
+    Product& UserProperty(unsigned long number, const std::wstring& caption, unsigned type, double min = 0,
+                          double max = 0);
     Product& LastPropertyReadOnly();
     Product& LastPropertyVariable();
     Product& LastPropertyUnit(const std::wstring& code, double coefficient);

@@ -13,8 +13,7 @@ namespace support {
 inline std::filesystem::path GetTestFolder() {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     return std::filesystem::path(testing::TempDir()) /
-           (std::string("product-tree-") + test.test_suite_name() + '-' + test.name() + '-' +
-            std::to_string(getpid()));
+           (std::string("product-tree-") + test.test_suite_name() + '-' + test.name() + '-' + std::to_string(getpid()));
 }
 
 } // namespace support

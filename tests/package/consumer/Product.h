@@ -15,8 +15,8 @@ struct Part {
     int section = 0;
     std::wstring comment;
     /// Made once: the order of rows is found by comparing these.
-    meta_data::grouping::GroupingRecord record = meta_data::grouping::MakeGroupingRecord(
-        {{section}, {}}, designation, name, {}, std::nullopt);
+    meta_data::grouping::GroupingRecord record =
+        meta_data::grouping::MakeGroupingRecord({{section}, {}}, designation, name, {}, std::nullopt);
 };
 
 using Key = UniqueMetaObjectKey;
@@ -96,9 +96,7 @@ public:
     Key GetRootKey() const override { return c_root; }
     std::vector<Key> GetTopKeys() const override { return {c_root}; }
     std::string GetColumnSetKey() const override { return "parts"; }
-    std::vector<unsigned long> GetVisiblePropertyIds() const override {
-        return {m_comment.GetId()};
-    }
+    std::vector<unsigned long> GetVisiblePropertyIds() const override { return {m_comment.GetId()}; }
     std::vector<const IfPropertyDescription*> GetPropertyDescriptions() const override {
         return {&m_name, &m_marking, &m_comment};
     }
@@ -114,8 +112,7 @@ public:
     }
     bool IsReadOnly(const PropertyRef& ref) const override { return ref.propertyId != L"comment"; }
     using NeutralProductData::IsReadOnly;
-    ProductInfObjChangesResult MakeValueChanges(const PropertyRef& ref,
-                                                const PropValue& value) override {
+    ProductInfObjChangesResult MakeValueChanges(const PropertyRef& ref, const PropValue& value) override {
         ProductInfObjChangesResult changes;
         if (!IsReadOnly(ref) && Find(ref.objectKey) && !(GetValue(ref) == value)) {
             changes.Add(std::make_shared<NewComment>(ref.objectKey, value.to_wstring()));

@@ -29,17 +29,16 @@ public:
     }
 
     productTree::ProductTreeItemData* GetData() const override { return m_data.get(); }
-    void SetData(const boost::intrusive_ptr<productTree::ProductTreeItemData>& data,
-                 const std::wstring&, const std::wstring&) override {
+    void SetData(const boost::intrusive_ptr<productTree::ProductTreeItemData>& data, const std::wstring&,
+                 const std::wstring&) override {
         m_data = data;
     }
 
-    void SetTextCell(const SharedText& column, const SharedText& text, const SharedText& shown,
-                     bool, bool, const SharedText&, const MenuPtr&) override {
+    void SetTextCell(const SharedText& column, const SharedText& text, const SharedText& shown, bool, bool,
+                     const SharedText&, const MenuPtr&) override {
         SetCellText(column, text, shown);
     }
-    void SetCellText(const SharedText& column, const SharedText& text,
-                     const SharedText& shown) override {
+    void SetCellText(const SharedText& column, const SharedText& text, const SharedText& shown) override {
         m_texts[column] = {text, shown};
     }
     SharedText GetCellText(const SharedText& column) const override {
@@ -89,9 +88,7 @@ public:
 
     void SetController(productTree::IfProductTreeCtrl&) override {}
     TreeRowPtr CreateRow() override { return new Row; }
-    ITreeTableRow* GetRootRow(std::size_t index) const override {
-        return index == 0 ? m_root.get() : nullptr;
-    }
+    ITreeTableRow* GetRootRow(std::size_t index) const override { return index == 0 ? m_root.get() : nullptr; }
     void SetRootRow(const TreeRowPtr& row) override { m_root = static_cast<Row*>(row.get()); }
 
     Row& GetRoot() const { return *m_root; }

@@ -12,8 +12,7 @@ namespace {
 
 class Owner final : public RcBase<ITreeOwner> {
 public:
-    boost::intrusive_ptr<IParamSlideBoxModel>
-    MakeSlideBoxModel(productTree::IfProductTreeCtrl*) override {
+    boost::intrusive_ptr<IParamSlideBoxModel> MakeSlideBoxModel(productTree::IfProductTreeCtrl*) override {
         return new RcBase<IParamSlideBoxModel>;
     }
     void RegisterTreeModel(ITreeTableModel&, int) override {}
@@ -27,9 +26,7 @@ public:
     void Register(GrABaseFeatureTree&, std::shared_ptr<TreeModelId>) override {}
     void Unregister(GrABaseFeatureTree&, std::shared_ptr<TreeModelId>) override {}
     void Forget(ITreeWrapper&) override {}
-    std::shared_ptr<IfProductTreeData> GetProductTreeData(const TreeModelId&) override {
-        return m_product;
-    }
+    std::shared_ptr<IfProductTreeData> GetProductTreeData(const TreeModelId&) override { return m_product; }
 
 private:
     std::shared_ptr<Product> m_product;
@@ -41,9 +38,7 @@ public:
     ITreeModelProvider* GetTreeModelProvider() override { return this; }
     IQuestionBox* GetQuestionBox() override { return nullptr; }
     IGuiWindow* GetMainWindow() override { return nullptr; }
-    boost::intrusive_ptr<ITreeTableModel> GetTreeModel(const TreeModelId&) override {
-        return m_table;
-    }
+    boost::intrusive_ptr<ITreeTableModel> GetTreeModel(const TreeModelId&) override { return m_table; }
     Row& GetRoot() const { return m_table->GetRoot(); }
 
 private:
@@ -66,8 +61,7 @@ int main() {
     Application application;
     const boost::intrusive_ptr<Manager> manager = new Manager(product);
     const boost::intrusive_ptr<Owner> owner = new Owner;
-    const std::unique_ptr<ITreeWrapper> wrapper =
-        TreeWrapperRegistrar::Get().at(TreeWrapperRegistrar::c_productTree)();
+    const std::unique_ptr<ITreeWrapper> wrapper = TreeWrapperRegistrar::Get().at(TreeWrapperRegistrar::c_productTree)();
     GrABaseFeatureTree& tree = *wrapper->GetFeatureTree();
     tree.SetTreeManager(manager.get());
     tree.SetOwner(owner);
