@@ -27,6 +27,9 @@ std::vector<PropertyRef> MakeRefs(const std::vector<UniqueMetaObjectKey>& keys,
     return refs;
 }
 
+// What is added fits into what alignment leaves, or the cells of a row would need a second piece.
+static_assert(sizeof(GroupCellImpl) == sizeof(ProductTreeCellImpl));
+
 } // namespace
 
 GroupCellImpl::GroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
@@ -110,7 +113,10 @@ bool GroupCellImpl::AllMembers(const SharedText& columnId, const Question& quest
 }
 
 bool GroupCellImpl::AnyMember(const Question& question) const {
-    return !AllMembers([&](ProductTreeCellImpl& cell) { return !question(cell); });
+    return !GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
+        ProductTreeCellImpl* const cell = child.FindCell(GetColumnId());
+        return !cell || !question(*cell);
+    });
 }
 
 bool GroupCellImpl::IsEditable() {

@@ -175,13 +175,14 @@ protected:
     std::optional<bool> m_editable;
     std::optional<bool> m_hasHypertext;
     std::optional<bool> m_hypertextActive;
-    bool m_isShownAsIs = false;
 
 private:
     enum class Source : unsigned char { Unread, None, BySource, NotBySource };
     static Source ToSource(std::optional<bool> bySource);
 
-    Source m_source = Source::Unread;
+    // In one byte, so that what a group cell adds still fits beside it.
+    bool m_isShownAsIs : 1 = false;
+    Source m_source : 2 = Source::Unread;
 
     bool AskEditable();
     bool AskHypertext();
