@@ -48,50 +48,44 @@ SimplePropVal GroupCellImpl::GetGroupValue() const {
     return {};
 }
 
-// The list is mostly the one that is shown: its texts are gathered in room that is kept, and no
-// list is made when it says what the last one says.
+// The list is mostly the one that is shown: no other is made when it says the same.
 SharedText GroupCellImpl::ListAllValues() const {
     struct Entry {
         SharedText text;
         std::size_t place;
     };
-    static std::vector<Entry> s_entries;
-    static std::vector<std::wstring_view> s_parts;
-    s_entries.clear();
+    std::vector<Entry> entries;
     GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
         const SimplePropVal& value = child.GetCellValue(GetColumnId());
         const SharedText* const held = value.FindText();
-        if (held && !s_entries.empty() && s_entries.back().text.IsSame(*held))
+        if (held && !entries.empty() && entries.back().text.IsSame(*held))
             return true;
         SharedText text = value.to_wstring();
-        const bool isNew = s_entries.empty() || !(s_entries.back().text == text);
+        const bool isNew = entries.empty() || !(entries.back().text == text);
         if (!text.IsEmpty() && isNew)
-            s_entries.push_back({std::move(text), s_entries.size()});
+            entries.push_back({std::move(text), entries.size()});
         return true;
     });
 
     // Of texts that are equivalent the first that was met stays.
     const NumberAwareLess less;
-    std::ranges::sort(s_entries, [&](const Entry& a, const Entry& b) {
+    std::ranges::sort(entries, [&](const Entry& a, const Entry& b) {
         if (less(a.text, b.text))
             return true;
         return !less(b.text, a.text) && a.place < b.place;
     });
-    s_parts.clear();
+    std::vector<std::wstring_view> parts;
     const SharedText* last = nullptr;
-    for (const Entry& entry : s_entries) {
+    for (const Entry& entry : entries) {
         if (last && !less(*last, entry.text))
             continue;
         if (last)
-            s_parts.push_back(c_separator);
-        s_parts.push_back(entry.text.Str());
+            parts.push_back(c_separator);
+        parts.push_back(entry.text.Str());
         last = &entry.text;
     }
     // A single text is the members' own and not a copy of it.
-    SharedText list =
-        s_parts.size() == 1 ? s_entries.front().text : JoinTexts(m_value.to_wstring(), s_parts);
-    s_entries.clear();
-    return list;
+    return parts.size() == 1 ? entries.front().text : JoinTexts(m_value.to_wstring(), parts);
 }
 
 SimplePropVal GroupCellImpl::FindCommonValue() const {

@@ -46,9 +46,7 @@ void NameCellImpl::Update() {
 }
 
 void NameCellImpl::Show(const SharedText& text) {
-    SharedText room;
-    const SharedText& shown = FindDisplay(
-        text, room, [this](const SharedText& name) { return GetItem().GetDisplayName(name); });
+    const SharedText shown = GetItem().GetDisplayName(text);
     m_row->SetName(text, shown, keys::name);
     SetShownText(text);
 }

@@ -60,8 +60,7 @@ void StringCellImpl::ShowMoment(const SharedText& text) {
 }
 
 void StringCellImpl::Show(const SharedText& text) {
-    SharedText room;
-    const SharedText& shown = FindDisplay(text, room, FormatLabelForDisplay);
+    const SharedText shown = FormatLabelForDisplay(text);
     if (HasHypertext())
         ShowLink(shown, GetSourceIcon());
     else

@@ -45,15 +45,11 @@ const ColumnInfo& GetMarkingColumn() {
     return column;
 }
 
-// Each row has the same one: the id of the last embodiment is kept.
-const std::wstring& GetCountColumnOf(const UniqueMetaObjectKey& embodiment) {
-    static UniqueMetaObjectKey s_embodiment;
-    static std::wstring s_id;
-    if (s_id.empty() || !s_embodiment.IsSame(embodiment)) {
-        s_id = ColumnInfo::ConvertGroupCountToId({embodiment});
-        s_embodiment = embodiment;
-    }
-    return s_id;
+/// Where a column was found last: a group asks all its members for one, and they have it at the
+/// same place.
+std::size_t& GetLastPlace() {
+    static std::size_t place = 0;
+    return place;
 }
 
 constexpr std::size_t c_fixedCells = 2;
@@ -114,22 +110,25 @@ void ProductTreeItemImpl::UpdateRow() {
     m_row->SetAggrIntoProductState(AttributeStateNone);
 }
 
-// While a row is being read, the memory of the next one is on its way.
-void ProductTreeItemImpl::UpdateChildRows() {
+template <class Callback>
+void ProductTreeItemImpl::ForEachChildFetched(const Callback& callback) const {
     ProductTreeItemImpl* previous = nullptr;
-    const auto update = [this](ProductTreeItemImpl& child) {
-        child.UpdateRow();
-        OnChildRowUpdated(child);
-    };
     ForEachChildItem([&](ProductTreeItemImpl& child) {
         if (child.m_cells)
             child.m_cells->FetchAhead();
         if (ProductTreeItemImpl* const item = std::exchange(previous, &child))
-            update(*item);
+            callback(*item);
         return true;
     });
     if (previous)
-        update(*previous);
+        callback(*previous);
+}
+
+void ProductTreeItemImpl::UpdateChildRows() {
+    ForEachChildFetched([this](ProductTreeItemImpl& child) {
+        child.UpdateRow();
+        OnChildRowUpdated(child);
+    });
 }
 
 void ProductTreeItemImpl::OnChildRowUpdated(const ProductTreeItemImpl&) {}
@@ -142,7 +141,8 @@ void ProductTreeItemImpl::UpdateCells() {
     for (ProductTreeCellImpl* const cell : GetCells())
         cell->Update();
     if (hasCurrent)
-        m_row->SetCurrentCountColumn(GetCountColumnOf(m_data->GetActiveEmbodiment()));
+        m_row->SetCurrentCountColumn(
+            ColumnInfo::ConvertGroupCountToId({m_data->GetActiveEmbodiment()}));
 }
 
 std::shared_ptr<ProductTreeCellImpl> ProductTreeItemImpl::CreateCell(const ColumnInfo&) {
@@ -157,16 +157,15 @@ ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const std::wstring& columnId)
 }
 
 ProductTreeCellImpl* ProductTreeItemImpl::FindCell(const SharedText& columnId) const {
-    // A group asks all its members for one column, which mostly stands at one place in them.
-    static std::size_t s_lastPlace = 0;
+    std::size_t& lastPlace = GetLastPlace();
     const std::span cells = GetCells();
     const auto isIt = [&](const auto* cell) { return cell->GetColumnId().IsSame(columnId); };
-    if (s_lastPlace < cells.size() && isIt(cells[s_lastPlace]))
-        return cells[s_lastPlace];
+    if (lastPlace < cells.size() && isIt(cells[lastPlace]))
+        return cells[lastPlace];
     const auto found = std::find_if(cells.begin(), cells.end(), isIt);
     if (found == cells.end())
         return FindCell(columnId.Str());
-    s_lastPlace = static_cast<std::size_t>(found - cells.begin());
+    lastPlace = static_cast<std::size_t>(found - cells.begin());
     return *found;
 }
 

@@ -168,6 +168,10 @@ protected:
 
     void RebuildChildCells(const std::list<ColumnInfo>& columns);
     void UpdateChildRows();
+    /// Each child item in turn, while the memory of the next one is on its way: a hundred thousand
+    /// rows would mostly wait for it.
+    template <class Callback>
+    void ForEachChildFetched(const Callback& callback) const;
     /// A child row has just been updated, and what belongs to it is at hand.
     virtual void OnChildRowUpdated(const ProductTreeItemImpl& child);
     /// Empty before the first rebuild.

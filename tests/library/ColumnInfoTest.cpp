@@ -134,29 +134,6 @@ TEST(ColumnInfo, TheCaptionCarriesTheUnitWhereThePropertyMayHaveOne) {
     EXPECT_EQ(ColumnInfo(&comment).GetHeader(), L"");
 }
 
-TEST(ColumnInfo, HasTheDefaultWidthOfItsPropertyListOrType) {
-    struct Case {
-        unsigned long number;
-        unsigned type;
-        bool hasList;
-        double width;
-    };
-    using ProductProperties::GetPropId;
-    const Case cases[] = {
-        {GetPropId(L"material"), String, false, 189.39},   {GetPropId(L"material.density"), Double, false, 189.39},
-        {GetPropId(L"featureType"), String, true, 189.39}, {GetPropId(L"mass"), Double, false, 75.75},
-        {GetPropId(L"notSected"), Boolean, true, 75.75},   {GetPropId(L"count"), String, true, 75.75},
-        {c_userProperty, Integer, true, 189.39},           {c_userProperty, Integer, false, 75.75},
-        {c_userProperty, String, false, 189.39},           {c_userProperty, Boolean, false, 189.39},
-    };
-    for (const Case& c : cases) {
-        TestDescription description(c.number, c.type, L"P");
-        if (c.hasList)
-            description.list = {SimplePropVal(1)};
-        EXPECT_EQ(ColumnInfo(&description).GetWidth(), c.width) << c.number << ' ' << c.type;
-    }
-}
-
 TEST(ColumnInfo, AnUpdateKeepsTheUsersWidthAndACopyItsOwn) {
     TestDescription description(c_userProperty, Double, L"Old");
     ColumnInfo column(&description);

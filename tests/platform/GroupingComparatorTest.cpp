@@ -63,61 +63,6 @@ struct Ordered {
     std::unique_ptr<IfGroupingComparator> comparator = CreateDefaultGroupingComparator();
 };
 
-TEST(GroupingComparator, ADesignationMakesObjectsOfEqualValuesAlike) {
-    const auto like = [](Product& product, std::string_view key) -> Product& {
-        return product.Object(key, L"Cover", L"AB.1").Section(20).Material(L"Steel").Mass(2.5);
-    };
-    Product product;
-    like(product, "a");
-    like(product, "b");
-    like(product, "mass").Mass(9); // the first value counts
-    like(product, "section").Section(15);
-    like(product, "subsection").SectionNumbers({20, 1});
-    like(product, "sectionName").Section(20, L"Parts");
-    like(product, "name").Name(L"Covers");
-    like(product, "designation").Designation(L"AB.01");
-    product.Object("noMaterial", L"Cover", L"AB.1").Mass(2.5);
-    product.Object("noMass", L"Cover", L"AB.1").Material(L"Steel");
-    product.Object("heavier", L"Cover", L"AB.1").Material(L"Steel").Mass(2.6);
-    EXPECT_EQ(Ordered(product).Text(),
-              "designation section noMaterial noMass a=b=mass heavier sectionName subsection name");
-}
-
-TEST(GroupingComparator, StandardPartsWithoutDesignationAreKnownByTheirName) {
-    Product product;
-    product.Object("a", L"Bolt M8").Section(25).Mass(1);
-    product.Object("b", L"Bolt M8").SectionNumbers({25, 3}).Material(L"Steel");
-    product.Object("c", L"Bolt M10").Section(25);
-    product.Object("d", L"Bolt M8").Section(25).Designation(L"X");
-    product.Object("e", L"Bolt M8").Section(20);
-    EXPECT_EQ(Ordered(product).Text(), "e a=b c d");
-}
-
-TEST(GroupingComparator, NamesAloneAreNoIdentity) {
-    // The places of the map run against the order of the keys.
-    Product product;
-    product.Object("a", L"Document");
-    product.Object("b", L"Document");
-    product.Object("c", L"Document");
-    Ordered ordered(product);
-    EXPECT_EQ(ordered.Text(), "c b a");
-    ordered.order.index.clear();
-    EXPECT_EQ(ordered.Text(), "a b c");
-    EXPECT_EQ(ordered.Compare(1, 1), 0);
-}
-
-TEST(GroupingComparator, OrderIsByDesignationThenName) {
-    Product product;
-    product.Object("a", {}, L"AB.10").Name(L"A");
-    product.Object("b", {}, L"AB.9").Name(L"Z");
-    product.Object("c", {}, L"AB.9").Name(L"M10");
-    product.Object("d", {}, L"AB.9").Name(L"M9");
-    product.Object("e", {}, L"AB.09").Name(L"Z");
-    product.Object("f", L"Z");
-    product.Object("g", {}, L"ab.1");
-    EXPECT_EQ(Ordered(product).Text(), "f e d c b a g");
-}
-
 TEST(GroupingComparator, OptionsChangeWhatCounts) {
     Product product;
     product.Object("a", {}, L"AB.10").Name(L"x");

@@ -16,7 +16,6 @@ add_executable(hostTests
     PropertiesTest.cpp
     ResourcesTest.cpp
     ServicesTest.cpp
-    StyleTest.cpp
     ValuesTest.cpp)
 target_link_libraries(hostTests PRIVATE
     productTreeTestSupport productTreeProduct oHost rapidcheck GTest::gmock GTest::gtest_main

@@ -27,15 +27,6 @@ TEST(Marking, TextHoldsThePartsThatAreAskedFor) {
     EXPECT_EQ(full.Make(c_withoutCode, true, false).Str(), L"AB.101-02.7");
 }
 
-TEST(Marking, DelimitersOfEmptyPartsAreWrittenOnlyOnDemand) {
-    VariantMarking marking = MakeFull();
-    marking.SetEmbodimentNum({});
-    EXPECT_EQ(marking.Make(c_all, false, false).Str(), L"AB.101.7/DRW");
-    EXPECT_EQ(marking.Make(c_all, false, true).Str(), L"AB.101-.7/DRW");
-    marking.SetAdditionalNumDelim(0);
-    EXPECT_EQ(marking.Make(c_all, false, true).Str(), L"AB.101-7/DRW");
-}
-
 TEST(Marking, ASpacedTextGivesItsCodeBackWhateverItIs) {
     for (const wchar_t* base : {L"", L"AB.101", L"HOUSING LEFT", L"AB.101 AD", L"AB.101/"}) {
         for (const wchar_t* code : {L"", L"DRW", L"sb", L"-", L"a code of words", L"/AD"}) {
@@ -49,31 +40,6 @@ TEST(Marking, ASpacedTextGivesItsCodeBackWhateverItIs) {
                 EXPECT_EQ(read.GetCode().Str(), code) << base << static_cast<int>(delim);
             }
         }
-    }
-}
-
-TEST(Marking, BaseAloneIsNotCopied) {
-    VariantMarking marking;
-    marking.SetBase(L"AB.101");
-    marking.SetCodeDelim(L'/');
-    EXPECT_TRUE(marking.Make(c_all, false, false).IsSame(marking.GetBase()));
-    EXPECT_TRUE(marking.Make(c_withoutCode, false, false).IsSame(marking.GetBase()));
-}
-
-TEST(Marking, ComesBackFromItsPropertyValue) {
-    VariantMarking odd;
-    odd.SetBase(L"a.b|c\n\u0416 \U0001F527");
-    odd.SetEmbodimentNumDelim(L'\U0001F527');
-    odd.SetAdditionalNum(L"base");
-    odd.SetCode(L" ");
-    VariantMarking onlyDelims;
-    onlyDelims.SetAdditionalNumDelim(L'.');
-
-    for (const VariantMarking& marking : {MakeFull(), odd, onlyDelims, VariantMarking()}) {
-        const PropValue value = marking.GetPropValue();
-        VariantMarking read = MakeFull(); // what was there must not shine through
-        read.FromPropertyTree(value.GetPropertyTree());
-        EXPECT_EQ(read, marking);
     }
 }
 

@@ -41,29 +41,6 @@ Product TwoEmbodiments() {
                          .CountMark());
 }
 
-TEST(ProductCounts, FollowFromTheUsesInEachEmbodiment) {
-    const auto product = TwoEmbodiments().Make();
-    const struct {
-        const char* key;
-        const wchar_t* inE;
-        const wchar_t* inF;
-    } cases[] = {{"screw#1", L"1", L"1"}, {"same#1", L"", L"1"},   {"screw", L"3", L"4"}, {"same", L"3", L"4"},
-                 {"oil", L"3,2", L"3,2"}, {"drawing", L"x", L"x"}, {"root", L"", L""},    {"nobody", L"", L""}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Count(*product, c.key, "e"), c.inE) << c.key;
-        EXPECT_EQ(Count(*product, c.key, "f"), c.inF) << c.key;
-    }
-    EXPECT_EQ(product->GetGroupCount(Key("screw"), {Key("e"), Key("f")}).to_wstring().Str(), L"4");
-    EXPECT_EQ(product->GetCountKey(Key("same#1"), {Key("e"), Key("f")}, true), Key("f"));
-    EXPECT_EQ(product->GetCountKey(Key("screw#1"), {Key("e"), Key("f")}, true), Key("e"));
-    EXPECT_EQ(product->GetCurrentEmbodiments(), (std::set{Key("e"), Key("f")}));
-    EXPECT_EQ(Product().Make()->GetCurrentEmbodiments(), std::set{Key("root")});
-    for (const auto& [key, embodiment] : {std::pair("screw", "gone"), std::pair("root", "e")}) {
-        EXPECT_TRUE(product->IsReadOnly(Ref(key, embodiment)));
-        EXPECT_FALSE(Type(*product, key, embodiment, L"2"));
-    }
-}
-
 TEST(ProductCounts, ATypedCountStandsUntilItIsWorkedOutAgain) {
     const auto product = TwoEmbodiments().Make();
     for (const char* key : {"screw#1", "screw", "oil"}) {

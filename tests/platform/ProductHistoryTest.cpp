@@ -174,29 +174,6 @@ TEST(ProductHistory, SurvivesChangesThatAreNoSteps) {
     EXPECT_EQ(product->GetModel().objects.size(), 5U);
 }
 
-TEST(ProductColumns, AreOrderedAndHiddenByTheirIds) {
-    const auto product = Product().Columns({L"mass", L"note", L"material", L"zone"}).Make();
-    const auto shown = [&] {
-        std::wstring ids;
-        for (const unsigned long number : product->GetVisiblePropertyIds())
-            ids += ProductProperties::GetPath(number) + L' ';
-        return ids;
-    };
-    product->BeginRebuild();
-    const std::uint64_t stamp = product->GetChangeStamp();
-    product->SetColumnOrder({L"mass", L"note", L"material", L"zone"});
-    EXPECT_EQ(product->GetChangeStamp(), stamp);
-    product->SetColumnOrder({L"zone", L"nonsense", L"name", L"comment", L"mass"});
-    EXPECT_EQ(shown(), L"zone mass note material ");
-    EXPECT_TRUE(product->IsRebuildRequired());
-    product->SetColumnVisible(L"mass", false);
-    product->SetColumnVisible(L"comment", true);
-    product->SetColumnVisible(L"comment", true);
-    product->SetColumnVisible(L"name", true);
-    product->SetColumnVisible(L"user.4711", true);
-    EXPECT_EQ(shown(), L"zone note material comment ");
-}
-
 const wchar_t* Pick(std::initializer_list<const wchar_t*> texts) {
     return texts.begin()[*rc::gen::inRange<std::size_t>(0, texts.size())];
 }

@@ -31,31 +31,6 @@ Product Three() {
     return product;
 }
 
-TEST(ProductLinks, ShowTheOtherPropertysValueAsItIsNow) {
-    Product builder = Three();
-    builder.Object("d").Link(L"comment", "a#1", L"note").Uses(1);
-    builder.Object("e").Link(L"zone", "d", L"comment").Link(L"name", "a", L"name");
-    const auto product = builder.Make();
-    for (const char* const key : {"d", "d#1"}) {
-        EXPECT_EQ(Text(*product, key, L"comment"), L"first");
-        EXPECT_TRUE(product->IsHypertext(Ref(key, L"comment")));
-        EXPECT_TRUE(product->IsHypertextActive(Ref(key, L"comment")));
-        EXPECT_FALSE(product->IsHypertext(Ref(key, L"note")));
-    }
-    product->BeginRebuild();
-    Set(*product, "a", L"note", L"second");
-    EXPECT_EQ(Text(*product, "e", L"zone"), L"second");
-    EXPECT_FALSE(product->IsRebuildRequired());
-    EXPECT_FALSE(Set(*product, "d", L"comment", L"typed"));
-    EXPECT_FALSE(product->IsReadOnly(Ref("d", L"comment"))); // the link can be changed
-
-    Set(*product, "a", L"note", L"");
-    EXPECT_FALSE(product->IsHypertextActive(Ref("d", L"comment")));
-    Set(*product, "a", L"name", L"Axle");
-    EXPECT_EQ(Text(*product, "e", L"name"), L"Axle");
-    EXPECT_TRUE(product->IsRebuildRequired());
-}
-
 TEST(ProductLinks, OfSeveralObjectsAreOneOrNot) {
     Product builder = Three();
     builder.Object("d").Link(L"comment", "a", L"note");

@@ -18,30 +18,6 @@ PropValue Value(const MemoryProduct& product, std::string_view key, const wchar_
     return product.GetValue({Key(key), {}, path, {}});
 }
 
-TEST(ProductQuestions, AnOccurrenceHasTheValuesOfItsObject) {
-    Product builder;
-    builder.Root(L"Gearbox", L"AB.100");
-    builder.Object("a", L"Shaft", L"AB.101").Mass(2.5).Value(L"note", SimplePropVal(L"turned")).Uses(1);
-    const auto product = builder.Make();
-    for (const char* const key : {"a", "a#1"}) {
-        EXPECT_EQ(Value(*product, key, L"name").to_wstring().Str(), L"Shaft");
-        EXPECT_EQ(Value(*product, key, L"mass").to_double(), 2.5);
-        EXPECT_EQ(Value(*product, key, L"note").to_wstring().Str(), L"turned");
-        VariantMarking marking;
-        marking.FromPropertyTree(Value(*product, key, L"marking").GetPropertyTree());
-        EXPECT_EQ(marking.GetBase().Str(), L"AB.101");
-    }
-    EXPECT_EQ(Value(*product, "root", L"name").to_wstring().Str(), L"Gearbox");
-}
-
-TEST(ProductQuestions, WhatIsNotThereIsEmpty) {
-    const auto product = Product().Object("a").Uses(1).Make();
-    for (const wchar_t* const path : {L"name", L"marking", L"mass", L"user.1000", L"nonsense", L""}) {
-        EXPECT_TRUE(Value(*product, "a", path).IsEmpty());
-        EXPECT_TRUE(Value(*product, "unknown", path).IsEmpty());
-    }
-}
-
 TEST(ProductQuestions, ReadingValuesAllocatesNothing) {
     const MemoryProduct product(support::GenerateProduct(64));
     const auto& object = product.GetModel().objects.front();
@@ -77,45 +53,6 @@ TEST(ProductQuestions, OneTextHasOneNumberWhateverWasAskedBefore) {
     }
 }
 
-TEST(ProductQuestions, RowsShowWhatTheirObjectSays) {
-    Product builder;
-    builder.Object("a").Icon(4).NotActual().ExcludedFromCount().AggrIntoProduct(false).LockedMarkingParts({1, 7}).Uses(
-        1);
-    const auto product = builder.Make();
-    EXPECT_EQ(product->GetIconType(Key("a#1")), 4);
-    EXPECT_FALSE(product->IsActual(Key("a#1")));
-    EXPECT_TRUE(product->IsExcludedFromCount(Key("a#1")));
-    EXPECT_EQ(product->GetAggrIntoProduct(Key("a#1")), false);
-    EXPECT_EQ(product->GetLockedMarkingParts(Key("a#1")), (std::set<int>{1, 7}));
-
-    EXPECT_EQ(product->GetIconType(Key("unknown")), 26);
-    EXPECT_TRUE(product->IsActual(Key("unknown")));
-    EXPECT_EQ(product->GetAggrIntoProduct(Key("unknown")), std::nullopt);
-}
-
-TEST(ProductQuestions, TheSectionIsThatOfTheObject) {
-    const auto product = Product().Object("a").SectionNumbers({20, 0, 5, 1}, L"Parts").Uses(1).Make();
-    const SPCSection section = FindSpcSection(product->GetAggregator(), Key("a#1"), nullptr);
-    EXPECT_EQ(section.numbers, (std::array<std::int32_t, 6>{20, 0, 5, 1, 0, 0}));
-    EXPECT_EQ(section.name.Str(), L"Parts");
-    EXPECT_EQ(FindSpcSection(product->GetAggregator(), Key("unknown"), nullptr), SPCSection());
-}
-
-TEST(ProductQuestions, AChangeMovesTheStampAndIsSeenAtOnce) {
-    const auto product = Product().Object("a", L"Old").Uses(1).Make();
-    const std::uint64_t stamp = product->GetChangeStamp();
-    EXPECT_EQ(product->GetChangeStamp(), stamp);
-    product->Change([](ProductModel& model) {
-        model.objects.front().name = L"New";
-        model.objects.insert(model.objects.begin(), 100, model.objects.front());
-        for (std::size_t i = 0; i < 100; ++i)
-            model.objects[i].key = UniqueMetaObjectKey("n" + std::to_string(i));
-    });
-    EXPECT_NE(product->GetChangeStamp(), stamp);
-    EXPECT_EQ(Value(*product, "a#1", L"name").to_wstring().Str(), L"New");
-    EXPECT_EQ(Value(*product, "n99", L"name").to_wstring().Str(), L"New");
-}
-
 TEST(ProductQuestions, HalfAChangeIsStillOneDocument) {
     const auto product = Product().Object("a", L"Old").Uses(1).Make();
     const std::uint64_t stamp = product->GetChangeStamp();
@@ -127,21 +64,6 @@ TEST(ProductQuestions, HalfAChangeIsStillOneDocument) {
     EXPECT_NE(product->GetChangeStamp(), stamp);
     EXPECT_TRUE(Value(*product, "a", L"name").IsEmpty());
     EXPECT_TRUE(product->GetAggregator().GetMetaData().GetDirectParts(Key("root")).empty());
-}
-
-TEST(ProductQuestions, LookingAtEmbodimentsIsNoChange) {
-    const auto product = Product().Embodiment("e").Make();
-    const std::uint64_t stamp = product->GetChangeStamp();
-    product->SetEmbodimentMode(true);
-    EXPECT_TRUE(product->IsEmbodimentMode());
-    EXPECT_EQ(product->GetChangeStamp(), stamp);
-}
-
-TEST(ProductQuestions, AReadOnlyDocumentHasNoValueToEdit) {
-    const PropertyRef ref{Key("a"), {}, L"name", {}};
-    EXPECT_FALSE(Product().Object("a").Make()->IsReadOnly(ref));
-    EXPECT_TRUE(Product().Object("a").ReadOnly().Make()->IsReadOnly(ref));
-    EXPECT_TRUE(Product().Make()->IsReadOnly(ref));
 }
 
 TEST(ProductQuestions, TheGeneratedProductIsWhatTheBenchmarkSays) {

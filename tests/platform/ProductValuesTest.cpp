@@ -129,41 +129,6 @@ TEST(ProductValues, AreTakenInTheTypeOfTheirPropertyOrRefused) {
     }
 }
 
-TEST(ProductValues, ThatAreThereAlreadyChangeNothing) {
-    Product builder = Typed();
-    builder.Object("b")
-        .Value(c_text, SimplePropVal(5)) // a text property that a file gave a number
-        .Value(c_real, SimplePropVal(2.0))
-        .Name(L"Nut");
-    const auto product = builder.Make();
-    EXPECT_FALSE(Set(*product, "b", c_text, SimplePropVal(L"5")));
-    EXPECT_FALSE(Set(*product, "b", c_real, SimplePropVal(L"2")));
-    EXPECT_FALSE(Set(*product, "b", c_whole, {}));
-    EXPECT_FALSE(Set(*product, "b", L"name", SimplePropVal(L"Nut")));
-    EXPECT_FALSE(Commit(*product, product->MakeValueChanges(Ref("a", L"marking"), Marking(L"AB.101"))));
-    EXPECT_FALSE(product->IsModified());
-}
-
-TEST(ProductValues, AreTakenAwayByAnEmptyOne) {
-    const auto product = Typed().Make();
-    Set(*product, "a", c_text, SimplePropVal(L"x"));
-    Set(*product, "a", c_real, SimplePropVal(1.0));
-    EXPECT_TRUE(Set(*product, "a", c_text, SimplePropVal(L"")));
-    EXPECT_TRUE(Set(*product, "a", c_real, {}));
-    EXPECT_TRUE(Set(*product, "a", L"name", {}));
-    EXPECT_TRUE(product->GetModel().objects[0].properties.empty());
-    EXPECT_TRUE(product->GetModel().objects[0].name.IsEmpty());
-}
-
-TEST(ProductValues, NameAndDesignationAreTheObjectsOwn) {
-    const auto product = Typed().Make();
-    EXPECT_TRUE(Set(*product, "a#1", L"name", SimplePropVal(L"Axle")));
-    EXPECT_TRUE(Commit(*product, product->MakeValueChanges(Ref("a#2", L"marking"), Marking(L"AB.7-01"))));
-    EXPECT_EQ(product->GetModel().objects[0].name.Str(), L"Axle");
-    EXPECT_EQ(product->GetModel().objects[0].marking.GetEmbodimentNum().Str(), L"01");
-    EXPECT_EQ(Text(*product, "a", L"name"), L"Axle");
-}
-
 TEST(ProductValues, LockedPartsOfADesignationStayAsTheyAre) {
     Product builder;
     VariantMarking marking;
@@ -303,41 +268,6 @@ TEST(ProductChanges, SaySoInTheGroupingAtOnce) {
     EXPECT_EQ(nameOf(), L"Axle");
     product->Undo();
     EXPECT_EQ(nameOf(), L"Shaft");
-}
-
-TEST(BySource, AnOccurrenceHasItsObjectsValueOrOneOfItsOwn) {
-    const auto product = Typed().Make();
-    Set(*product, "a#1", c_text, SimplePropVal(L"all"));
-    EXPECT_EQ(Text(*product, "a#2", c_text), L"all"); // written to the object
-    EXPECT_EQ(product->GetBySource(Ref("a#1", c_text)), true);
-
-    EXPECT_TRUE(Commit(*product, product->MakeBySourceChanges(Ref("a#1", c_text), false)));
-    EXPECT_EQ(product->GetBySource(Ref("a#1", c_text)), false);
-    EXPECT_EQ(product->GetBySource(Ref("a#2", c_text)), true);
-    EXPECT_EQ(Text(*product, "a#1", c_text), L"all");
-    Set(*product, "a#1", c_text, SimplePropVal(L"own"));
-    EXPECT_EQ(Text(*product, "a", c_text), L"all");
-    EXPECT_EQ(Text(*product, "a#1", c_text), L"own");
-
-    // To have none is also to have something of one's own.
-    EXPECT_TRUE(Set(*product, "a#1", c_text, {}));
-    EXPECT_EQ(Text(*product, "a#1", c_text), L"");
-    EXPECT_EQ(product->GetBySource(Ref("a#1", c_text)), false);
-
-    EXPECT_TRUE(Commit(*product, product->MakeBySourceChanges(Ref("a#1", c_text), true)));
-    EXPECT_EQ(Text(*product, "a#1", c_text), L"all");
-    EXPECT_FALSE(product->MakeBySourceChanges(Ref("a#1", c_text), true).IsExistsChanges());
-}
-
-TEST(BySource, IsNoQuestionForObjectsNorForWhatIsTheirsAlone) {
-    const auto product = Typed().Make();
-    for (const wchar_t* const path :
-         {L"name", L"marking", L"SPCSection", L"material", L"material.density", L"mass", L"position", L"count"}) {
-        EXPECT_EQ(product->GetBySource(Ref("a#1", path)), std::nullopt);
-        EXPECT_FALSE(product->MakeBySourceChanges(Ref("a#1", path), false).IsExistsChanges());
-    }
-    for (const char* const key : {"a", "root", "gone"})
-        EXPECT_EQ(product->GetBySource(Ref(key, c_text)), std::nullopt);
 }
 
 TEST(BySource, AnOwnValueCanBeWrittenIntoTheObject) {

@@ -46,14 +46,4 @@ TEST(Resources, RowsOfAnOpenedModuleAreFoundByNameAndKind) {
     EXPECT_EQ(platform::FindResource("noSuchModule", {"SAME"}), nullptr);
 }
 
-TEST(Resources, DefaultSectionsHaveNames) {
-    std::set<std::wstring> names;
-    for (int number = 5; number <= 40; number += 5)
-        EXPECT_TRUE(names.insert(GetDefaultSectionNumbName(number)).second);
-    EXPECT_FALSE(names.contains(L""));
-    EXPECT_EQ(GetDefaultSectionNumbName(25).Str(), L"Standard parts");
-    for (const int number : {-5, 0, 1, 7, 45})
-        EXPECT_TRUE(GetDefaultSectionNumbName(number).IsEmpty());
-}
-
 } // namespace

@@ -17,36 +17,6 @@ public:
     IGuiWindow* GetMainWindow() override { return nullptr; }
 };
 
-TEST(Services, TheApplicationRunsWhileItsSlotLives) {
-    AppWithoutWindow outer;
-    AppWithoutWindow inner;
-    EXPECT_EQ(GuiApp(), nullptr);
-    {
-        const GuiAppSlot slot(outer);
-        {
-            const GuiAppSlot nested(inner);
-            EXPECT_EQ(GuiApp(), &inner);
-        }
-        EXPECT_EQ(GuiApp(), &outer);
-    }
-    EXPECT_EQ(GuiApp(), nullptr);
-}
-
-TEST(Services, EachTreeHasAnIdOfItsOwn) {
-    const TreeModelId first;
-    const TreeModelId second;
-    EXPECT_NE(first.Value(), second.Value());
-    EXPECT_EQ(TreeModelId(first.Value()).Value(), first.Value());
-}
-
-TEST(Services, UnitsHaveShortNames) {
-    const IfMeasurementDataBaseMng& units = *GetMeasurementDataBaseMng();
-    EXPECT_EQ(units.GetUnitName(L"kg"), L"kg");
-    EXPECT_EQ(units.GetUnitName(L"kg/m3"), L"kg/m\u00B3");
-    EXPECT_EQ(units.GetUnitName(L"furlong"), L"");
-    EXPECT_EQ(units.GetUnitName(L""), L"");
-}
-
 TEST(Services, AScriptAnswersInItsOrderAndThenNoMore) {
     platform::ScriptedDecisions decisions;
     decisions.AnswerNext(1);
@@ -103,21 +73,6 @@ TEST(Services, TheDocumentCodeIsEnteredInPlace) {
     SharedText text = L"AB.1 AD";
     TeDocCodeMaker::SetDocCode(text, true, false, nullptr); // nobody to ask
     EXPECT_EQ(text.Str(), L"AB.1 AD");
-}
-
-TEST(Services, KindsOfObjectsAreReadByPeople) {
-    using Type = ProductProperties::SystemFeatureTypeEnum;
-    const wchar_t* const words[] = {L"unknown",    L"assembly",     L"detail",  L"standard", L"libComponent",
-                                    L"billet",     L"stCompBillet", L"feature", L"extView",  L"insfrg",
-                                    L"macrodraft", L"sheet",        L"Orvex"};
-    for (std::size_t i = 0; i < std::size(words); ++i)
-        EXPECT_EQ(ProductProperties::ft::GetFtType(words[i]), static_cast<Type>(i)) << i;
-    EXPECT_EQ(ProductProperties::ft::GetFtType(L"Detail"), Type::Unknown);
-    EXPECT_EQ(ProductProperties::ft::GetFtType(L""), Type::Unknown);
-    EXPECT_EQ(GetFeatureTypeStr(Type::Unknown), nullptr);
-    EXPECT_EQ(GetFeatureTypeStr(Type::Standard), std::wstring(L"Standard part"));
-    for (int type = 1; type <= static_cast<int>(Type::Orvex); ++type)
-        EXPECT_NE(GetFeatureTypeStr(static_cast<Type>(type)), std::wstring());
 }
 
 } // namespace

@@ -83,21 +83,6 @@ TEST(Values, AnEmptyTextIsAValueAndNoValueIsNone) {
     EXPECT_TRUE(PropValue().GetPropertyTree().empty());
 }
 
-TEST(Values, StructuredValuesAreEqualByWhatTheyHold) {
-    const auto makeTree = [](const std::wstring& text) {
-        PropValue::Tree tree;
-        tree.push_back({L"part", PropValue::Tree(text)});
-        return std::make_shared<const PropValue::Tree>(tree);
-    };
-    const PropValue value(makeTree(L"a"));
-    EXPECT_FALSE(value.IsEmpty());
-    EXPECT_TRUE(value.GetLabel().IsEmpty());
-    EXPECT_TRUE(value == PropValue(makeTree(L"a")));
-    EXPECT_FALSE(value == PropValue(makeTree(L"b")));
-    EXPECT_FALSE(value == PropValue(makeTree(L"a"), SharedText(L"format")));
-    EXPECT_FALSE(value == PropValue());
-}
-
 TEST(Labels, OnlyTheLineBreakMarkIsTakenOut) {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
         {L"Cover$|left", L"Cover\nleft"}, {L"$|$|", L"\n\n"}, {L"$$|", L"$\n"},
@@ -116,12 +101,6 @@ TEST(Labels, LineBreaksBecomeOneBlank) {
         EXPECT_EQ(format_label_utils::RemoveNewLineSymbols(raw).Str(), shown);
 }
 
-TEST(Labels, TextsWithoutMarksComeBackAsTheSameText) {
-    const SharedText text = L"Cover plate, 5 $ | 0.5x45\u00B0";
-    EXPECT_TRUE(format_label_utils::FormatLabelForDisplay(text).IsSame(text));
-    EXPECT_TRUE(format_label_utils::RemoveNewLineSymbols(text).IsSame(text));
-}
-
 TEST(Keys, AnyKeyComesBackFromItsWideForm) {
     std::string bytes;
     for (int i = 0; i < 256; ++i)
@@ -131,28 +110,6 @@ TEST(Keys, AnyKeyComesBackFromItsWideForm) {
     EXPECT_EQ(UniqueMetaObjectKey(std::wstring(L"a\u0416b")).String(), "ab");
     EXPECT_LT(UniqueMetaObjectKey(std::string("\x7f")), UniqueMetaObjectKey(std::string("\x80")));
     EXPECT_TRUE(UniqueMetaObjectKey::null.IsEmpty());
-}
-
-TEST(Values, NumbersAreWrittenWithSoManyDigits) {
-    const struct {
-        double value;
-        bool trimmed;
-        int digits;
-        const wchar_t* text;
-    } cases[] = {{2.5, true, 6, L"2.5"},
-                 {2.5, false, 3, L"2.500"},
-                 {3, true, 6, L"3"},
-                 {100, true, 0, L"100"},
-                 {0.1 + 0.2, true, 6, L"0.3"},
-                 {-0.0000001, true, 6, L"0"},
-                 {-0.0000001, false, 2, L"0.00"},
-                 {-1.25, true, 1, L"-1.2"},
-                 {1e21, true, 6, L"1000000000000000000000"},
-                 {7, true, -3, L"7"}};
-    for (const auto& sample : cases)
-        EXPECT_EQ(orvex::sys::ToString(sample.value, sample.trimmed, sample.digits).Str(), sample.text);
-    EXPECT_TRUE(orvex::sys::ToString(std::numeric_limits<double>::infinity(), true, 6).IsEmpty());
-    EXPECT_EQ(orvex::sys::ToString(-std::numeric_limits<double>::max(), true, 2000).Str().size(), 310U);
 }
 
 TEST(Values, OnlyDecimalFractionsLoseTheirLastZeros) {

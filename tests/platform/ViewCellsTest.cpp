@@ -87,16 +87,6 @@ TEST_F(ViewCells, RowsGetTheirCellsInWhateverOrder) {
     EXPECT_EQ(list(*row), L"cnew bb ") << "a cell without column was there";
 }
 
-TEST_F(ViewCells, AnEmptyValueShowsNothing) {
-    m_row.SetCellText(columns::note, {}, {});
-    m_row.SetIntValue(columns::count, {});
-    m_row.SetDoubleValue(columns::mass, 7, false);
-    m_row.SetBoolValue(columns::visible, {});
-    m_row.SetListIndex(columns::section, -1);
-    EXPECT_EQ(Shown(m_row), " |  |  |  |  | drawing");
-    EXPECT_EQ(Answers(m_row), " - - - -1");
-}
-
 TEST_F(ViewCells, NumbersShowInTheirShortestForm) {
     const std::pair<double, const wchar_t*> cases[] = {
         {0, L"0"}, {-0.0, L"0"}, {0.1, L"0.1"}, {1e5, L"100000"}, {-2.50, L"-2.5"}, {1e-9, L"1e-09"},
@@ -182,26 +172,6 @@ TEST_F(ViewCells, ACellThatIsSetAsAnotherKindForgetsTheOneBefore) {
     EXPECT_FALSE(m_row.GetDoubleValue(columns::mass).has_value());
     EXPECT_FALSE(Cell(columns::mass).HasLimits());
     EXPECT_EQ(Shown(m_row), "2 | 3 | link | yes | text | drawing");
-}
-
-TEST_F(ViewCells, AValueOfAnotherKindOrForAMissingCellIsIgnored) {
-    const SharedText missing = L"missing";
-    for (const SharedText& column : {columns::source, missing, SharedText()}) {
-        m_row.SetCellText(column, L"x", L"x");
-        m_row.SetIntValue(column, 1);
-        m_row.SetDoubleValue(column, 1, true);
-        m_row.SetBoolValue(column, true);
-        m_row.SetListIndex(column, 1);
-        EXPECT_FALSE(m_row.GetIntValue(column).has_value());
-        EXPECT_FALSE(m_row.GetBoolValue(column).has_value());
-        EXPECT_EQ(m_row.GetListIndex(column), -1);
-    }
-    m_row.SetIntCell(missing, 1, 0, 0, true, false, {});
-    EXPECT_TRUE(m_row.GetCellText(missing).IsEmpty());
-    EXPECT_TRUE(m_row.GetCellSourceIcon(missing).IsEmpty());
-    EXPECT_EQ(m_row.FindCell(missing), nullptr);
-    EXPECT_EQ(m_row.FindCell(L""), nullptr);
-    EXPECT_EQ(Take(*m_view), "");
 }
 
 TEST_F(ViewCells, AListThatIsAnotherOneInTheSamePlaceIsNoticed) {

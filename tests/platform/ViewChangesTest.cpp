@@ -71,11 +71,6 @@ TEST_F(ViewChanges, RowsOfOneUpdateAreAnnouncedOnceAroundIt) {
     EXPECT_EQ(m_listener.TakeLog(), "");
 }
 
-TEST_F(ViewChanges, ASingleRowIsAnUpdateOfItsOwn) {
-    RowAt(*m_view, {1}).AppendChild(m_view->CreateRow());
-    EXPECT_EQ(m_listener.TakeLog(), "<>!");
-}
-
 TEST_F(ViewChanges, RowsThatStandNowhereAreNotAnnounced) {
     const TreeRowPtr row = MakeRow(*m_view, {L"x", {{L"y"}}});
     row->SetChildCount(0);
@@ -120,20 +115,6 @@ TEST_F(ViewChanges, RowsAreNamedUpToAnEndAndNotWhenTheyAreGone) {
     EXPECT_EQ(Take(*m_view), "values(one)");
     held->SetName(SharedText(L"still"), SharedText(L"still"), L"name");
     EXPECT_EQ(Take(*m_view), "");
-}
-
-TEST_F(ViewChanges, ASelectedRowIsAloneAndSeen) {
-    m_view->SelectRow(&RowAt(*m_view, {1}), true, true);
-    RowAt(*m_view, {0, 0}).Select();
-    EXPECT_TRUE(RowAt(*m_view, {}).IsExpanded());
-    EXPECT_TRUE(RowAt(*m_view, {0}).IsExpanded());
-    EXPECT_FALSE(RowAt(*m_view, {0, 0}).IsExpanded());
-    EXPECT_EQ(m_view->GetCurrentRow(), &RowAt(*m_view, {0, 0}));
-    EXPECT_EQ(m_view->GetSelectedRows(), std::vector<TreeRowPtr>{&RowAt(*m_view, {0, 0})});
-    EXPECT_EQ(m_listener.TakeLog(), "!");
-    EXPECT_EQ(Take(*m_view), "expansion selection");
-    RowAt(*m_view, {0, 0}).Select();
-    EXPECT_EQ(m_listener.TakeLog(), "");
 }
 
 TEST_F(ViewChanges, AnEditorIsAskedForOnceAndNotInARowThatIsGone) {

@@ -37,20 +37,6 @@ protected:
     }
 };
 
-TEST_F(ViewColumns, ARebuildReplacesTheFixedHeadsAndMakesTheOthersAgain) {
-    Build({L"mass", L"density"});
-    EXPECT_EQ(Heads(), L"name 200; marking 150; mass 60; density 60; ");
-    Build({L"count"});
-    EXPECT_EQ(Heads(), L"name 200; marking 150; count 60; ");
-}
-
-TEST_F(ViewColumns, TheDesignationStandsBehindTheNameWhicheverComesFirst) {
-    m_view->InitIntHeader(ColumnInfo(L"count", L"Count", 50));
-    m_view->InitDesignationHeader(ColumnInfo(L"marking", L"Designation", 150));
-    m_view->InitNameHeader(ColumnInfo(L"name", L"Name", 200));
-    EXPECT_EQ(Heads(), L"name 200; marking 150; count 50; ");
-}
-
 TEST_F(ViewColumns, WidthsAreGivenBackAsTheUserLeftThem) {
     EXPECT_EQ(m_view->GetNameColumnWidth(), 0);
     Build({L"mass"});
@@ -74,21 +60,6 @@ TEST_F(ViewColumns, HeadsThatComeBackTheSameAreNoChange) {
     EXPECT_TRUE(m_view->TakeChanges().columns) << "the width was 75";
 }
 
-TEST_F(ViewColumns, EntriesAreFoundByIdWhateverHappenedToThem) {
-    m_view->AddColumn(L"Mass", L"mass", true);
-    m_view->AddColumn(L"Note", L"note", false);
-    m_view->AddColumn(L"Zone", L"zone", true);
-    EXPECT_EQ(m_view->FindColumn(L"zone"), 2);
-    m_view->RemoveColumn(0);
-    EXPECT_EQ(m_view->FindColumn(L"zone"), 1);
-    EXPECT_LT(m_view->FindColumn(L"mass"), 0);
-    m_view->SetColumnId(0, L"comment");
-    m_view->SetColumnCaption(0, L"Comment");
-    EXPECT_LT(m_view->FindColumn(L"note"), 0);
-    EXPECT_EQ(m_view->GetColumnCaption(m_view->FindColumn(L"comment")), L"Comment");
-    EXPECT_EQ(Entries(), L"comment zone* ");
-}
-
 TEST_F(ViewColumns, IndicesOutsideTheListAreHarmless) {
     m_view->AddColumn(L"Mass", L"mass", true);
     for (const int index : {-1, 1}) {
@@ -109,16 +80,6 @@ TEST_F(ViewColumns, OneColumnIsMarkedAtATime) {
     EXPECT_EQ(m_view->GetMarkedColumn(), L"count|b");
     m_view->ClearColumnMark();
     EXPECT_EQ(m_view->GetMarkedColumn(), L"");
-}
-
-TEST_F(ViewColumns, TheTwoAttributeColumnsKeepTheirState) {
-    m_view->SetAttributeColumnEnabled(200, true);
-    m_view->SetAttributeColumnShown(201, true);
-    m_view->SetAttributeColumnShown(202, true);
-    EXPECT_FALSE(m_view->IsAttributeColumnShown(200));
-    EXPECT_TRUE(m_view->GetAttributeColumn(200).isEnabled);
-    EXPECT_TRUE(m_view->IsAttributeColumnShown(201));
-    EXPECT_FALSE(m_view->IsAttributeColumnShown(202));
 }
 
 } // namespace

@@ -54,32 +54,6 @@ protected:
     }
 };
 
-TEST_F(ViewEdits, TheControlFindsInTheRowWhatTheUserLeft) {
-    struct Case {
-        const wchar_t* column;
-        CellInput input;
-        const char* answers;
-    };
-    const Case cases[] = {
-        {L"note", SharedText(L"new"), "new 3 0.25 yes 1"},
-        {L"note", SharedText(), " 3 0.25 yes 1"},
-        {L"count", 7, "a<b 7 0.25 yes 1"},
-        {L"count", {}, "a<b - 0.25 yes 1"},
-        {L"mass", 1e6, "a<b 3 1000000 yes 1"},
-        {L"mass", {}, "a<b 3 - yes 1"},
-        {L"visible", false, "a<b 3 0.25 no 1"},
-        {L"visible", {}, "a<b 3 0.25 - 1"},
-        {L"section", ListIndex{0}, "a<b 3 0.25 yes 0"},
-    };
-    for (const Case& edit : cases) {
-        const auto act = [&] { return m_view->EditCellByUser(*m_row, edit.column, edit.input); };
-        EXPECT_EQ(AnsweredDuring([&] { return Answers(*m_row); }, act), edit.answers);
-        EXPECT_EQ(m_control.TakeLog(), "cell " + platform::ToUtf8(edit.column) + ';');
-        EXPECT_EQ(Answers(*m_row), "a<b 3 0.25 yes 1") << "the control has written nothing";
-        EXPECT_EQ(Take(*m_view), "values(a)");
-    }
-}
-
 TEST_F(ViewEdits, WhatACellCanNotHoldNeverReachesTheControl) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     const std::pair<const wchar_t*, CellInput> cases[] = {
@@ -148,58 +122,6 @@ TEST_F(ViewEdits, WhatTheLibraryWritesTakesThePlaceOfTheInputAtOnce) {
         EXPECT_EQ(Answers(*m_row), one.after) << one.what;
         EXPECT_EQ(Take(*m_view), "values(a)") << one.what;
     }
-}
-
-TEST_F(ViewEdits, ANameIsEditedAndItsGivenTextStaysKnown) {
-    const auto act = [&] { return m_view->EditNameByUser(*m_row, L"new"); };
-    const auto ask = [&] { return platform::ToUtf8(m_row->GetNameText().Str() + L'/' + m_row->GetNameValue().Str()); };
-    EXPECT_EQ(AnsweredDuring(ask, act), "new/a");
-    EXPECT_EQ(ask(), "a/a");
-    const auto take = [&] {
-        m_row->SetName(L"new", L"new", L"name");
-        return ask();
-    };
-    EXPECT_EQ(AnsweredDuring(take, act), "new/new");
-    m_row->SetNameHypertext(true);
-    EXPECT_FALSE(m_view->EditNameByUser(*m_row, L"x"));
-    m_row->SetNameHypertext(false);
-    m_row->SetNameEditable(false);
-    EXPECT_FALSE(m_view->EditNameByUser(*m_row, L"x"));
-}
-
-TEST_F(ViewEdits, ADesignationIsEditedInSevenParts) {
-    const MarkingParts parts{L"CD.2", L".", L"02", L"/", L"5", {}, L"AD"};
-    const auto editor = m_row->GetMarkingEditor();
-    const auto ask = [&] {
-        return platform::ToUtf8(editor->GetBase().Str() + editor->GetEmbodimentNumDelim() +
-                                editor->GetEmbodimentNum().Str() + editor->GetAdditionalNumDelim() +
-                                editor->GetAdditionalNum().Str() + editor->GetCodeDelim() + editor->GetCode().Str());
-    };
-    const auto act = [&] { return m_view->EditMarkingByUser(*m_row, parts); };
-    EXPECT_EQ(AnsweredDuring(ask, act), "CD.2.02/5AD");
-    EXPECT_EQ(ask(), "AB.1-01 AD");
-    EXPECT_EQ(m_control.TakeLog(), "marking;");
-    const auto putBack = [&] {
-        editor->SetBase(m_designation[0]);
-        return ask();
-    };
-    EXPECT_EQ(AnsweredDuring(putBack, act), "AB.1-01 AD");
-    EXPECT_EQ(m_control.TakeLog(), "marking;");
-
-    const auto refuses = [&](const MarkingParts& input) { return !m_view->EditMarkingByUser(*m_row, input); };
-    MarkingParts longDelim = parts;
-    longDelim[3] = L"//";
-    EXPECT_TRUE(refuses(longDelim));
-    editor->SetLockedParts({2});
-    EXPECT_TRUE(refuses(parts));
-    editor->SetLockedParts({7});
-    EXPECT_FALSE(refuses(parts)) << "the locked part is as it was";
-    editor->SetReadOnly(true);
-    EXPECT_TRUE(refuses(parts));
-    editor->SetReadOnly(false);
-    editor->SetHypertext(true);
-    EXPECT_TRUE(refuses(parts));
-    EXPECT_EQ(m_control.TakeLog(), "marking;");
 }
 
 TEST_F(ViewEdits, AControlThatThrowsLeavesTheOldValueAndAUsableView) {

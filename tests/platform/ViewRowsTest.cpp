@@ -11,23 +11,6 @@ namespace {
 
 const Node c_product{L"root", {{L"a", {{L"a1"}, {L"a2"}}}, {L"b"}, {L"c", {{L"c1"}}}}};
 
-TEST(ViewRows, FewerChildrenDropTheLastRows) {
-    const auto view = MakeView(c_product);
-    RowAt(*view, {}).SetChildCount(5);
-    EXPECT_EQ(DumpView(*view), "root [a [a1 | a2] | b | c [c1]]");
-    RowAt(*view, {}).SetChildCount(1);
-    EXPECT_EQ(DumpView(*view), "root [a [a1 | a2]]");
-}
-
-TEST(ViewRows, RowsKnowTheirPlace) {
-    const auto view = MakeView(c_product);
-    const platform::TreeTableRow& row = RowAt(*view, {2, 0});
-    EXPECT_EQ(row.GetIndex(), 0U);
-    EXPECT_EQ(row.GetParentRow()->GetIndex(), 2U);
-    EXPECT_EQ(row.GetParent(), view->GetRootRow(0)->GetChild(2));
-    EXPECT_EQ(view->GetRootRow(1), nullptr);
-}
-
 TEST(ViewRows, ADroppedRowThatIsStillHeldStandsNowhere) {
     const auto view = MakeView(c_product);
     const TreeRowPtr held(&RowAt(*view, {2, 0}));
@@ -90,64 +73,6 @@ TEST(ViewRows, DroppedAndReplacedRowsLeaveTheSelection) {
     EXPECT_EQ(view->GetCurrentRow(), nullptr);
     view->SetRootRow(MakeRow(*view, {L"other", {}}));
     EXPECT_TRUE(view->GetSelectedRows().empty());
-}
-
-TEST(ViewRows, AClearedSelectionHasNoCurrentRow) {
-    const auto view = MakeView(c_product);
-    view->SelectRow(&RowAt(*view, {0}), true, true);
-    view->ClearSelection();
-    EXPECT_TRUE(view->GetSelectedRows().empty());
-    EXPECT_FALSE(RowAt(*view, {0}).IsCurrent());
-}
-
-TEST(ViewRows, ADesignationIsKeptPartByPart) {
-    const auto view = MakeView(c_product);
-    const auto fill = [](IMarkingEditor& editor) {
-        editor.SetBase(SharedText(L"AB.1"));
-        editor.SetEmbodimentNumDelim(L"-");
-        editor.SetEmbodimentNum(SharedText(L"01"));
-        editor.SetAdditionalNumDelim(L"");
-        editor.SetCodeDelim(L" ");
-        editor.SetCode(SharedText(L"AD"));
-    };
-    const auto first = RowAt(*view, {0}).GetMarkingEditor();
-    const auto second = RowAt(*view, {1}).GetMarkingEditor();
-    fill(*first);
-    EXPECT_FALSE(first->IsSameMarking(*second));
-    fill(*second);
-    EXPECT_TRUE(first->IsSameMarking(*second));
-    EXPECT_EQ(first->GetEmbodimentNumDelim(), L"-");
-    EXPECT_EQ(first->GetAdditionalNumDelim(), L"");
-    first->SetLockedParts({7, 1, 8});
-    EXPECT_EQ(RowAt(*view, {0}).GetMarking().GetLockedParts(), (std::set<int>{1, 7}));
-    EXPECT_TRUE(first->IsChoiceLocked());
-    EXPECT_FALSE(second->IsChoiceLocked());
-    first->SetPartTip(SharedText(L"Code"), 7);
-    EXPECT_EQ(RowAt(*view, {0}).GetMarking().GetPartTip(7).Str(), L"Code");
-    EXPECT_TRUE(RowAt(*view, {0}).GetMarking().GetPartTip(8).IsEmpty());
-}
-
-TEST(ViewRows, TipsOfPartsAreEachRowsOwn) {
-    const auto view = MakeView(c_product);
-    const auto first = RowAt(*view, {0}).GetMarkingEditor();
-    const auto second = RowAt(*view, {1}).GetMarkingEditor();
-    const auto tipOf = [&](std::size_t row, int part) {
-        return RowAt(*view, {row}).GetMarking().GetPartTip(part).Str();
-    };
-    for (const auto& editor : {first, second}) {
-        editor->SetPartTip(L"Base", 1);
-        editor->SetPartTip(L"Code", 7);
-    }
-    second->SetPartTip(L"Stem", 1);
-    second->SetPartTip({}, 7);
-    EXPECT_EQ(tipOf(0, 1), L"Base");
-    EXPECT_EQ(tipOf(0, 7), L"Code");
-    EXPECT_EQ(tipOf(1, 1), L"Stem");
-    EXPECT_EQ(tipOf(1, 7), L"");
-    second->SetPartTip(L"Base", 1);
-    second->SetPartTip(L"Code", 7);
-    EXPECT_EQ(tipOf(1, 1), L"Base");
-    EXPECT_EQ(tipOf(1, 7), L"Code");
 }
 
 TEST(ViewRows, TheDesignationKeepsItsRowAlive) {

@@ -171,31 +171,6 @@ TEST(Sample, IsSoundAndInTheFormThatTheProgramWrites) {
     EXPECT_GT(count, 0U);
 }
 
-TEST(Sample, ShowsWhatAProductCanHold) {
-    const ReadResult result = ReadProductFile(std::filesystem::path(PRODUCT_TREE_SAMPLES) / "reducer.json");
-    const ProductModel& model = std::get<ProductModel>(result);
-    const auto holds = [&model](const auto& test) { return std::ranges::any_of(model.objects, test); };
-    EXPECT_EQ(model.embodiments.size(), 3U);
-    EXPECT_TRUE(model.style && !model.style->blocks.empty());
-    for (const platform::BilletKind kind : {platform::BilletKind::Manual, platform::BilletKind::Associative})
-        EXPECT_TRUE(holds([kind](const ObjectRecord& object) { return object.billet == kind; }));
-    EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.occurrences.size() > 1; }));
-    EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.section.numbers[0] == 25; }));
-    const auto defines = [&model](const auto& test) { return std::ranges::any_of(model.properties, test); };
-    using Definition = platform::PropertyRecord;
-    EXPECT_TRUE(defines([](const Definition& record) { return !record.unitCode.empty(); }));
-    EXPECT_TRUE(defines([](const Definition& record) { return record.isVariable; }));
-    EXPECT_TRUE(defines([](const Definition& record) { return record.isReadOnly; }));
-    EXPECT_TRUE(defines([](const Definition& record) { return !record.list.empty(); }));
-    EXPECT_TRUE(model.isSimplified);
-    EXPECT_TRUE(holds([](const ObjectRecord& object) { return !object.links.empty(); }));
-    EXPECT_TRUE(holds([](const ObjectRecord& object) { return object.volume.has_value(); }));
-    EXPECT_TRUE(holds([](const ObjectRecord& object) { return !object.lockedMarkingParts.empty(); }));
-    EXPECT_TRUE(holds([](const ObjectRecord& object) {
-        return std::ranges::any_of(object.occurrences, [](const auto& use) { return !use.properties.empty(); });
-    }));
-}
-
 } // namespace
 
 } // namespace desktop::store

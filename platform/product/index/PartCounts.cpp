@@ -5,7 +5,6 @@
 #include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace platform {
@@ -24,16 +23,8 @@ const SharedText& GetMark() {
     return mark;
 }
 
-/// The numbers that groups mostly count are one text each: a refresh makes no new ones.
 SharedText ToText(double number) {
-    static std::array<SharedText, 1000> s_texts;
-    const bool isSmall = number >= 0 && number < static_cast<double>(s_texts.size());
-    const auto place = isSmall ? static_cast<std::size_t>(number) : 0;
-    if (!isSmall || static_cast<double>(place) != number)
-        return orvex::sys::ToString(number, true, c_digits);
-    if (s_texts[place].IsEmpty())
-        s_texts[place] = std::to_wstring(place);
-    return s_texts[place];
+    return orvex::sys::ToString(number, true, c_digits);
 }
 
 /// A count is typed with a point or with a comma.
