@@ -30,6 +30,25 @@ std::vector<PropertyRef> MakeRefs(const std::vector<UniqueMetaObjectKey>& keys,
 // What is added fits into what alignment leaves, or the cells of a row would need a second piece.
 static_assert(sizeof(GroupCellImpl) == sizeof(ProductTreeCellImpl));
 
+/// A member's text and its place among the members.
+struct ListedText {
+    SharedText text;
+    std::size_t place;
+};
+
+/// What lists of texts are made in. It is kept: a refresh that changes nothing allocates nothing.
+struct ListRoom {
+    std::vector<ListedText> entries;
+    std::vector<std::wstring_view> parts;
+};
+
+ListRoom& GetEmptyRoom() {
+    static ListRoom room;
+    room.entries.clear();
+    room.parts.clear();
+    return room;
+}
+
 } // namespace
 
 GroupCellImpl::GroupCellImpl(IfProductTreeData* data, TreeRowPtr row, const ColumnInfo& column,
@@ -50,11 +69,7 @@ SimplePropVal GroupCellImpl::GetGroupValue() const {
 
 // The list is mostly the one that is shown: no other is made when it says the same.
 SharedText GroupCellImpl::ListAllValues() const {
-    struct Entry {
-        SharedText text;
-        std::size_t place;
-    };
-    std::vector<Entry> entries;
+    auto& [entries, parts] = GetEmptyRoom();
     GetItem().ForEachChildItem([&](const ProductTreeItemImpl& child) {
         const SimplePropVal& value = child.GetCellValue(GetColumnId());
         const SharedText* const held = value.FindText();
@@ -69,14 +84,13 @@ SharedText GroupCellImpl::ListAllValues() const {
 
     // Of texts that are equivalent the first that was met stays.
     const NumberAwareLess less;
-    std::ranges::sort(entries, [&](const Entry& a, const Entry& b) {
+    std::ranges::sort(entries, [&](const ListedText& a, const ListedText& b) {
         if (less(a.text, b.text))
             return true;
         return !less(b.text, a.text) && a.place < b.place;
     });
-    std::vector<std::wstring_view> parts;
     const SharedText* last = nullptr;
-    for (const Entry& entry : entries) {
+    for (const ListedText& entry : entries) {
         if (last && !less(*last, entry.text))
             continue;
         if (last)
@@ -85,7 +99,10 @@ SharedText GroupCellImpl::ListAllValues() const {
         last = &entry.text;
     }
     // A single text is the members' own and not a copy of it.
-    return parts.size() == 1 ? entries.front().text : JoinTexts(m_value.to_wstring(), parts);
+    SharedText list =
+        parts.size() == 1 ? entries.front().text : JoinTexts(m_value.to_wstring(), parts);
+    entries.clear();
+    return list;
 }
 
 SimplePropVal GroupCellImpl::FindCommonValue() const {

@@ -46,7 +46,9 @@ void NameCellImpl::Update() {
 }
 
 void NameCellImpl::Show(const SharedText& text) {
-    const SharedText shown = GetItem().GetDisplayName(text);
+    SharedText room;
+    const SharedText& shown = FindDisplay(
+        text, room, [this](const SharedText& name) { return GetItem().GetDisplayName(name); });
     m_row->SetName(text, shown, keys::name);
     SetShownText(text);
 }

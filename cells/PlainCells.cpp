@@ -60,7 +60,8 @@ void StringCellImpl::ShowMoment(const SharedText& text) {
 }
 
 void StringCellImpl::Show(const SharedText& text) {
-    const SharedText shown = FormatLabelForDisplay(text);
+    SharedText room;
+    const SharedText& shown = FindDisplay(text, room, FormatLabelForDisplay);
     if (HasHypertext())
         ShowLink(shown, GetSourceIcon());
     else

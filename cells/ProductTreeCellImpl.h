@@ -122,6 +122,16 @@ protected:
         const SharedText* const shown = m_value.FindText();
         return shown && shown->IsSame(text);
     }
+    /// What is displayed for the text: `format` of it, which is made in `room`, or the text itself
+    /// where last time they were one.
+    template <class Format>
+    const SharedText& FindDisplay(const SharedText& text, SharedText& room, const Format& format) {
+        if (m_isShownAsIs && IsShownText(text))
+            return text;
+        room = format(text);
+        m_isShownAsIs = room.IsSame(text);
+        return room;
+    }
     void ResetCaches();
     /// Asks for the value and all that is shown with it at once, and fills the caches with it.
     PropertyReading Read();
@@ -170,7 +180,9 @@ private:
     enum class Source : unsigned char { Unread, None, BySource, NotBySource };
     static Source ToSource(std::optional<bool> bySource);
 
-    Source m_source = Source::Unread;
+    // In one byte, so that what a group cell adds still fits beside it.
+    bool m_isShownAsIs : 1 = false;
+    Source m_source : 2 = Source::Unread;
 
     bool AskEditable();
     bool AskHypertext();

@@ -5,6 +5,7 @@
 #include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace platform {
@@ -23,8 +24,22 @@ const SharedText& GetMark() {
     return mark;
 }
 
+constexpr std::size_t c_smallNumbers = 1000;
+
+/// The numbers that groups mostly count are one text each: a refresh makes no new ones.
+const SharedText& GetSmallNumber(std::size_t number) {
+    static std::array<SharedText, c_smallNumbers> texts;
+    if (texts[number].IsEmpty())
+        texts[number] = std::to_wstring(number);
+    return texts[number];
+}
+
 SharedText ToText(double number) {
-    return orvex::sys::ToString(number, true, c_digits);
+    const bool isSmall = number >= 0 && number < static_cast<double>(c_smallNumbers);
+    const auto whole = isSmall ? static_cast<std::size_t>(number) : 0;
+    return isSmall && static_cast<double>(whole) == number
+               ? GetSmallNumber(whole)
+               : orvex::sys::ToString(number, true, c_digits);
 }
 
 /// A count is typed with a point or with a comma.

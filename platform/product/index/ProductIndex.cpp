@@ -67,8 +67,13 @@ bool ProductIndex::Regroup(const PartEntry& object, const SharedText& name,
 }
 
 const PartEntry* ProductIndex::FindAnew(const UniqueMetaObjectKey& key) const {
-    const std::uint32_t place = m_tables.FindPlace(key);
-    m_last = place == IndexTables::none ? nullptr : &m_tables.parts[place];
+    const PartEntry* const next = m_last ? m_readAhead.GetNext(*m_last) : nullptr;
+    if (next && next->key.IsSame(key)) {
+        m_last = next;
+    } else {
+        const std::uint32_t place = m_tables.FindPlace(key);
+        m_last = place == IndexTables::none ? nullptr : &m_tables.parts[place];
+    }
     if (m_last && m_readAhead.IsInWalk())
         m_readAhead.Note(*m_last);
     return m_last;

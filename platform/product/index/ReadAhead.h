@@ -28,6 +28,8 @@ public:
         m_order.push_back(&part);
     }
 
+    /// The part that will most likely be asked for after that one; null when nothing is known.
+    const PartEntry* GetNext(const PartEntry& part) const { return At(part.walkPlace, 1); }
     /// The part is about to be read.
     void Note(const PartEntry& part) {
         if (!IsKnown(part))
