@@ -188,19 +188,13 @@ bool GroupCellImpl::IsHypertextActive() {
     return *m_hypertextActive;
 }
 
-ProductInfObjChangesResult
-GroupCellImpl::SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows) {
-    rows.push_back(GetItem().GetId());
-    RowIdIndex done(rows);
+ProductInfObjChangesResult GroupCellImpl::SetBySource(bool bySource, ChangedRows& rows) {
+    rows.Add(GetItem().GetId());
     ProductInfObjChangesResult changes;
     GetItem().ForEachChildItem([&](ProductTreeItemImpl& child) {
         ProductTreeCellImpl* const cell = child.FindCell(GetColumnId());
-        if (!cell || done.Contains(*child.GetId()))
-            return true;
-        const std::size_t before = rows.size();
-        MergeChanges(changes, cell->SetBySource(bySource, rows));
-        for (std::size_t i = before; i < rows.size(); ++i)
-            done.Add(*rows[i]);
+        if (cell && !rows.Contains(*child.GetId()))
+            MergeChanges(changes, cell->SetBySource(bySource, rows));
         return true;
     });
     return changes;

@@ -38,8 +38,7 @@ public:
     bool CanDestroyHypertext() override;
     /// All members are; true without members.
     bool IsHypertextActive() override;
-    ProductInfObjChangesResult
-    SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows) override;
+    ProductInfObjChangesResult SetBySource(bool bySource, ChangedRows& rows) override;
     bool ExecCommand(int command, TreeActionResult& out) override;
     /// As soon as one child row can.
     bool CanTransmitToSource() override;

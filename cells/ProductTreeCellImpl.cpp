@@ -5,6 +5,7 @@
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemImpl.h"
+#include "items/RowIdIndex.h"
 
 #include <utility>
 
@@ -64,10 +65,8 @@ bool ProductTreeCellImpl::IsHypertextActive() {
     return *m_hypertextActive;
 }
 
-ProductInfObjChangesResult
-ProductTreeCellImpl::SetBySource(bool bySource,
-                                 std::vector<std::shared_ptr<ProductTreeItemId>>& rows) {
-    rows.push_back(GetItem().GetId());
+ProductInfObjChangesResult ProductTreeCellImpl::SetBySource(bool bySource, ChangedRows& rows) {
+    rows.Add(GetItem().GetId());
     const PropertyRef ref = MakeRef();
     if (!IsEditable() || !m_data->GetBySource(ref))
         return {};
@@ -124,7 +123,7 @@ bool ProductTreeCellImpl::ExecCommand(int command, TreeActionResult& out) {
 // The wish is read from what the row shows: that is what the user has clicked.
 TreeActionResult ProductTreeCellImpl::OnSourceIconClicked() {
     const bool bySource = IsBySourceWanted(m_row->GetCellSourceIcon(GetColumnId()));
-    std::vector<std::shared_ptr<ProductTreeItemId>> rows;
+    ChangedRows rows;
     ProductInfObjChangesResult changes = SetBySource(bySource, rows);
     return FinishEdit(std::move(changes), TreeActionResult::Synchronise, [] {});
 }

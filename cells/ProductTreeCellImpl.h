@@ -24,6 +24,7 @@ struct PropertyReading;
 namespace productTree {
 
 class ProductTreeItemId;
+class ChangedRows;
 class ProductTreeItemImpl;
 
 /// Resource names of the icon that tells whether a value comes from the object's source. An empty
@@ -79,8 +80,7 @@ public:
     virtual TreeActionResult OnValueEdited() = 0;
     /// The change set that ties the value to its source or unties it. The id of each row that took
     /// part joins `rows`, so that no row is treated twice.
-    virtual ProductInfObjChangesResult
-    SetBySource(bool bySource, std::vector<std::shared_ptr<ProductTreeItemId>>& rows);
+    virtual ProductInfObjChangesResult SetBySource(bool bySource, ChangedRows& rows);
     virtual TreeActionResult OnHypertextActivated();
     virtual TreeActionResult OnPopupCommand(int command);
     /// False for a command that is nothing to this cell, so that others may try.

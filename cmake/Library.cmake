@@ -30,22 +30,27 @@ set(productTreeSources
     items/ColumnTable.cpp
     items/DeleteQuestion.cpp
     items/InfObjectItemImpl.cpp
+    items/ItemAttributes.cpp
     items/ItemIcons.cpp
     items/ProductTreeItemData.cpp
     items/ProductTreeItemId.cpp
     items/ProductTreeItemImpl.cpp
     items/GroupItemImpl.cpp
     items/SectionItemImpl.cpp
+    items/SimpleCellContextMenu.cpp
     items/SubTreeItemImpl.cpp
 
-    control/Embodiments.cpp
+    control/EmbodimentFilter.cpp
     control/GrProductTreeWrapper.cpp
     control/ModuleEntry.cpp
     control/ProductTreeCtrl.cpp
     control/ProductTreeCtrlColumns.cpp
     control/ProductTreeCtrlCommands.cpp
     control/ProductTreeCtrlEdits.cpp
+    control/ProductTreeCtrlEmbodiments.cpp
+    control/ProductTreeCtrlMenus.cpp
     control/ProductTreeCtrlRows.cpp
+    control/ProductTreeCtrlSelection.cpp
     control/ProductTreeEmbItemsStates.cpp
     control/SyncGuard.cpp
 )

@@ -106,6 +106,11 @@ void GrProductTreeWrapper::SetVisible(bool visible, bool activate) {
         Synchronize();
     else if (m_treeId->IsNeedRefresh())
         Refresh();
+    m_ctrl->SetSelectionByDoc();
+}
+
+void GrProductTreeWrapper::SetSelectionByDoc() {
+    m_ctrl->SetSelectionByDoc();
 }
 
 bool GrProductTreeWrapper::IsVisible() const {

@@ -47,6 +47,7 @@ public:
     bool CanBeDetached() const override;
     bool IsShownInAllDocuments() const override;
     void OnDocumentActivated() override;
+    void SetSelectionByDoc() override;
     boost::intrusive_ptr<ITreeTableModel> GetPanelModel() const override;
     bool HasSearch() const override;
     bool HasFilter() const override;

@@ -36,6 +36,8 @@ void ProductTreeCtrl::Init(std::shared_ptr<IfProductTreeData> data, ITreeTableMo
     m_tree->SetHelpTopic("PRODUCT_TREE_HELP");
     m_tree->SetToolbar("PRODUCT_TREE_TOOLBAR");
     m_tree->SetAdditionalToolbar("PRODUCT_TREE_ADDITIONAL_TOOLBAR");
+    m_embodiments.ApplyStoredText(EmbodimentFilter::ReadEmbodiments(*m_data),
+                                  m_data->GetEmbodimentFilter());
     Synchronize();
 }
 
@@ -59,6 +61,8 @@ void ProductTreeCtrl::Synchronize() {
         [&] { m_tree->EndUpdate(); });
     UpdateCommandStates();
     UpdateAttributeColumns();
+    UpdateEmbodimentFilter();
+    UpdateGroupEdit();
     m_wrapper.GetTreeId()->SetNeedSyncronize(false);
     m_wrapper.GetTreeId()->SetNeedRefresh(false);
     RememberBuild();
@@ -85,6 +89,7 @@ void ProductTreeCtrl::Refresh() {
         return;
     UpdateRows(*root);
     UpdateCommandStates();
+    UpdateEmbodimentFilter();
     m_wrapper.GetTreeId()->SetNeedRefresh(false);
     m_refreshStamp = stamp;
 }

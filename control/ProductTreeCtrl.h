@@ -2,10 +2,12 @@
 // library's own rows, columns and sorter, and alone decides when rows are built and when values are
 // read again. Its operations are spread over files by theme: ProductTreeCtrl.cpp has its life and
 // the frame of builds and refreshes, ProductTreeCtrlColumns.cpp and ProductTreeCtrlRows.cpp what a
-// build does, ProductTreeCtrlEdits.cpp what the user does in rows and heads and what follows.
+// build does, ProductTreeCtrlEdits.cpp what the user does in rows and heads and what follows. The
+// selection, the commands, the menus and the embodiments have a file each.
 #pragma once
 
 #include "columns/DocumentColumnsInfo.h"
+#include "control/EmbodimentFilter.h"
 #include "control/IfProductTreeCtrl.h"
 #include "control/ProductTreeEmbItemsStates.h"
 #include "host/EventsBus.h"
@@ -13,9 +15,11 @@
 #include "host/view/ITreeTableModel.h"
 
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,24 +53,43 @@ public:
     /// Reads all values again; rows and columns stay.
     void Refresh();
     void RefreshReadOnlyMode();
+    /// Selects the rows of what is selected in the document. Owed, as a refresh, while the panel is
+    /// hidden.
+    void SetSelectionByDoc();
+
+    /// A command of a menu that the panel has opened. Any other is not handled.
+    bool OnCommand(unsigned command, int code) override;
 
     void OnToolbarCommand(int command, std::int64_t data) override;
+    void OnSelectionChanged() override;
     void OnColumnsChanged() override;
     void OnCellEdited(ProductTreeItemData& item, const std::wstring& columnId) override;
     void OnHeaderEdited(const std::wstring& columnId) override;
+    void OnAggrIntoProductClicked(ProductTreeItemData& item) override;
+    void OnRegWithDescClicked(ProductTreeItemData& item) override;
     void OnMarkingEdited(ProductTreeItemData& item) override;
     void OnEditDocCode(ProductTreeItemData& item) override;
     void OnNameEdited(ProductTreeItemData& item) override;
     void OnCellHypertextActivated(ProductTreeItemData& item, const std::wstring& columnId) override;
     void OnHeaderClicked(const std::wstring& columnId) override;
     void OnCellSourceIconClicked(ProductTreeItemData& item, const std::wstring& columnId) override;
+    void OnItemContextMenu(ProductTreeItemData& item, const std::wstring& columnId) override;
     void OnItemPopupCommand(ProductTreeItemData& item, const std::wstring& columnId,
                             int command) override;
     void OnHeaderPopupCommand(const std::wstring& columnId, int command) override;
     void SetColumnsVisibility(const std::vector<ColumnVisibility>& columns) override;
+    void ManageProperties() override;
+    void OnEmbodimentModeChanged(bool allowed) override;
+    void OnEmbodimentSwitch() override;
+    void OnEmbodimentFilterChanged() override;
+    void OnEmbodimentChecked(const std::wstring& text, bool checked) override;
+    void OnColumnContextMenu(const std::wstring& columnId) override;
 
 private:
     friend class SyncGuard;
+
+    using Rows = std::vector<TreeRowPtr>;
+    enum MenuKind : std::int32_t { RowMenu = 0, ColumnMenu = 1, RowsMenu = 2 };
 
     struct AttributeColumns {
         bool aggrIntoProduct;
@@ -85,6 +108,7 @@ private:
     void UpdateByDescriptions(DocumentColumnsInfo& columns) const;
     void MakeHeaders(const DocumentColumnsInfo& columns);
     std::list<ColumnInfo> MakeEmbodimentColumns() const;
+    void StoreEmbodimentFilter();
     void UpdateAttributeColumns();
     DocumentColumnsInfo& GetCurrentColumns();
 
@@ -102,10 +126,54 @@ private:
     template <class Work>
     void RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId, const Work& work);
     void ApplyResult(const TreeActionResult& result);
+
+    /// Offers the editors in the heads where several rows are selected.
+    void UpdateGroupEdit();
+    /// The first row of each key, from top to bottom, in the order of the keys; null for a key
+    /// without one.
+    std::vector<ITreeTableRow*> FindRowsByKeys(const std::vector<UniqueMetaObjectKey>& keys) const;
+
+    struct Command;
+    static const Command s_commands[];
+    bool IsAlways() const;
+    bool CanAddObject() const;
+    bool CanDeleteSelected() const;
+    bool CanHighlightSelected() const;
     bool CanCalculate() const;
+    /// The root row, or one directly below it, does not agree with its source.
+    bool HasOutdatedRows() const;
     /// Tells the view which commands would do something now.
     void UpdateCommandStates();
+    void AddObject();
+    void DeleteSelected();
+    void UpdateAll();
+    void ShowDocument();
+    void Highlight();
     void CalculatePositions();
+    void RunHostCommand();
+    void DeleteRows(const Rows& rows);
+    bool AskAndDeleteRows(const Rows& rows);
+    void TransmitToSource(const Rows& rows);
+    void SetBySource(const Rows& rows, bool selectLast);
+    template <class Attribute>
+    void SetRowsAttribute(bool state);
+
+    std::set<int> GetRowsMenuCommands(const Rows& rows, const std::wstring& columnId) const;
+    std::set<int> GetColumnMenuCommands(const std::wstring& columnId) const;
+    bool RunRowMenuCommand(int command);
+    bool RunRowsMenuCommand(int command);
+    bool RunColumnMenuCommand(int command);
+    void HideMenuColumn();
+    /// The root row and all rows below it, each before those below it.
+    Rows GetAllRows() const;
+    Rows GetTopRows() const;
+
+    void UpdateEmbodimentFilter();
+    void SetEmbodimentModeOn(bool on);
+    /// Embodiment mode was left: what it has shown goes.
+    void LeaveEmbodimentColumns();
+    /// For as long as something works on it: whatever that leads to may give the row another item.
+    static std::shared_ptr<ProductTreeItemImpl> HoldItemOfRow(const ITreeTableRow& row);
     /// Null for the empty key, and when no row stands for the key.
     ITreeTableRow* FindRowByKey(ITreeTableRow* row, const UniqueMetaObjectKey& key) const;
     /// False when no row has that id.
@@ -117,6 +185,8 @@ private:
     std::shared_ptr<IfProductTreeData> m_data;
     std::unique_ptr<IProductTreeSorter> m_sorter;
     boost::intrusive_ptr<ITreeTableModel> m_tree;
+    /// Ends the highlight that was begun last; that of an older one is gone.
+    std::shared_ptr<std::function<void()>> m_highlightDone;
     /// By column set key; none is ever dropped.
     std::map<std::string, DocumentColumnsInfo> m_columns;
     std::map<std::string, AttributeColumns> m_attributeColumns;
@@ -124,11 +194,22 @@ private:
     std::shared_ptr<ProductTreeHeaderImpl> m_designationHeader;
     /// Of the other shown columns, in shown order.
     std::vector<std::shared_ptr<ProductTreeHeaderImpl>> m_headers;
+    // The menu that was opened last: for which rows and which column. Without a column there is
+    // none.
+    Rows m_menuRows;
+    std::wstring m_menuColumn;
+    MenuKind m_menuKind = RowMenu;
+    EmbodimentFilter m_embodiments;
     /// The panel itself is writing: a SyncGuard is alive.
     bool m_guarded = false;
-    /// Rows are being built: the view and the product data may call back, and a build inside a
-    /// build would pull the rows away from under it.
+    /// The panel's selection is being told, or a command runs that may change the document's: what
+    /// the document says of it meanwhile is an echo.
+    bool m_inCommand = false;
+    /// Rows are being built, or selected as the document wants it: the view and the product data
+    /// may call back, and a build inside a build would pull the rows away from under it.
     bool m_rebuilding = false;
+    /// The text of the filter is being set by the panel.
+    bool m_fillingFilter = false;
     ProductTreeEmbItemsStates m_rowStates;
     /// What the last full build found. The root key is empty before the first, and after one that a
     /// host has broken off: the rows are nothing to be remembered then.
@@ -137,6 +218,10 @@ private:
     std::uint64_t m_refreshStamp = 0;
     std::uint64_t m_syncStamp = 0;
     bool m_embodimentMode = false;
+    /// The column of counts is shown only because embodiment mode went on.
+    bool m_countColumnAdded = false;
+    /// Embodiment mode was left because it is impossible now, and comes back when it is possible.
+    bool m_embodimentModePending = false;
 };
 
 } // namespace productTree

@@ -3,7 +3,6 @@
 
 #include "columns/PropertyKeys.h"
 #include "columns/headers/PlainHeaders.h"
-#include "control/Embodiments.h"
 #include "control/ProductTreeCtrl.h"
 #include "host/ProductProperties.h"
 #include "host/data/IfProductTreeData.h"
@@ -125,6 +124,7 @@ DocumentColumnsInfo& ProductTreeCtrl::GetCurrentColumns() {
 }
 
 void ProductTreeCtrl::RebuildColumns() {
+    m_embodiments.Update(EmbodimentFilter::ReadEmbodiments(*m_data));
     if (const auto last = m_columns.find(m_columnSetKey); last != m_columns.end())
         TakeWidthsFromView(last->second);
 
@@ -144,6 +144,7 @@ void ProductTreeCtrl::RebuildColumns() {
     if (m_data->IsEmbodimentMode()) {
         m_tree->ClearColumnMark();
         m_tree->SetColumnMark(keys::count, false);
+        StoreEmbodimentFilter();
     }
     m_tree->OnColumnsRebuilt();
 }
@@ -190,10 +191,16 @@ void ProductTreeCtrl::MakeHeaders(const DocumentColumnsInfo& columns) {
 
 std::list<ColumnInfo> ProductTreeCtrl::MakeEmbodimentColumns() const {
     std::list<ColumnInfo> columns;
-    for (const EmbodimentGroup& embodiment : ReadEmbodiments(*m_data))
+    for (const EmbodimentGroup& embodiment : m_embodiments.GetShown())
         columns.emplace_back(ColumnInfo::ConvertGroupCountToId(embodiment.rawKeys), embodiment.name,
                              ColumnInfo::DEFAULT_COLUMN_WIDTH.at(c_embodimentWidthClass));
     return columns;
+}
+
+void ProductTreeCtrl::StoreEmbodimentFilter() {
+    const std::wstring text = m_embodiments.GetStoredText();
+    if (text != m_data->GetEmbodimentFilter())
+        m_data->SetEmbodimentFilter(text);
 }
 
 void ProductTreeCtrl::UpdateAttributeColumns() {

@@ -3,6 +3,7 @@
 
 #include "columns/PropertyKeys.h"
 #include "columns/headers/ProductTreeHeaderImpl.h"
+#include "control/Bracket.h"
 #include "control/EditFrame.h"
 #include "control/GrProductTreeWrapper.h"
 #include "host/data/IfProductTreeData.h"
@@ -80,8 +81,10 @@ void ProductTreeCtrl::OnNameEdited(ProductTreeItemData& item) {
     OnCellEdited(item, keys::name);
 }
 
+// Following a link may lead to another object of the document.
 void ProductTreeCtrl::OnCellHypertextActivated(ProductTreeItemData& item,
                                                const std::wstring& columnId) {
+    const FlagScope inCommand(m_inCommand);
     RunCellEdit(item, columnId,
                 [](ProductTreeCellImpl& cell) { return cell.OnHypertextActivated(); });
 }
@@ -108,6 +111,18 @@ void ProductTreeCtrl::OnEditDocCode(ProductTreeItemData& item) {
     }
     if (isChanged)
         Synchronize();
+}
+
+void ProductTreeCtrl::OnAggrIntoProductClicked(ProductTreeItemData& item) {
+    const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
+    if (AggrIntoProductAttribute* const attribute = impl ? impl->GetAggrAttribute() : nullptr)
+        RunEdit([&] { return attribute->Toggle(); });
+}
+
+void ProductTreeCtrl::OnRegWithDescClicked(ProductTreeItemData& item) {
+    const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
+    if (RegWithDescAttribute* const attribute = impl ? impl->GetRegAttribute() : nullptr)
+        RunEdit([&] { return attribute->Toggle(); });
 }
 
 void ProductTreeCtrl::OnHeaderEdited(const std::wstring& columnId) {
@@ -148,8 +163,13 @@ void ProductTreeCtrl::ApplyResult(const TreeActionResult& result) {
         return;
     }
     // A refresh has left the selection as it was.
-    if (isBuilt && result.item && root)
-        SelectRowById(*result.item, *root);
+    if (isBuilt && result.item && root && SelectRowById(*result.item, *root))
+        UpdateCommandStates();
+}
+
+std::shared_ptr<ProductTreeItemImpl> ProductTreeCtrl::HoldItemOfRow(const ITreeTableRow& row) {
+    const ProductTreeItemData* const data = row.GetData();
+    return data ? HoldItem(*data) : nullptr;
 }
 
 ITreeTableRow* ProductTreeCtrl::FindRowByKey(ITreeTableRow* row,

@@ -281,7 +281,7 @@ bool Session::CanRedo() const {
 }
 
 bool Session::CanNumberPositions() const {
-    return GetView().IsCommandShown(c_calculatePositions);
+    return GetView().IsCommandOffered(c_calculatePositions);
 }
 
 void Session::NumberPositions() {

@@ -23,7 +23,19 @@ public:
 };
 
 /// A receiver of commands chosen in the host's menus.
-class LEventsHandler : public EventsReceiver {};
+class LEventsHandler : public EventsReceiver {
+public:
+    LEventsHandler();
+    /// Nothing that was chosen for it arrives any more.
+    ~LEventsHandler() override;
+
+    /// A command was chosen, or another one of the host's is on its way. False for one that is
+    /// nothing to the receiver, and for a negative `code`, which only asks.
+    virtual bool OnCommand(unsigned command, int code) = 0;
+};
+
+/// Gives the command to the receiver, which may be gone by now: false then.
+bool SendCommand(LEventsHandler* receiver, unsigned command, int code);
 
 /// Listens to one router. The table says which messages; the bus calls a handler on the UI thread,
 /// inside the call that posts the message.

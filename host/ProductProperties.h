@@ -8,6 +8,8 @@ namespace ProductProperties {
 /// The numbers of the two properties that every row shows beside the columns.
 inline constexpr unsigned long markingId = 4;
 inline constexpr unsigned long nameId = 5;
+/// The number of the property "count".
+inline constexpr unsigned long countId = 6;
 /// The largest number of a property of the system; numbers above it are the user's own properties.
 inline constexpr unsigned long lastSystemId = 999;
 

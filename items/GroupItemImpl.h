@@ -39,6 +39,7 @@ private:
     SharedText MakeOwnDeleteText() const;
 
     UniqueMetaObjectKey m_key;
+    GroupRegWithDescAttributeImpl m_ownRegAttribute;
 };
 
 } // namespace productTree

@@ -23,7 +23,11 @@ const SharedText& GetPositionId() {
 
 InfObjectItemImpl::InfObjectItemImpl(TreeRowPtr row, IfProductTreeData* data,
                                      UniqueMetaObjectKey key)
-    : ProductTreeItemImpl(std::move(row), data), m_key(std::move(key)) {}
+    : ProductTreeItemImpl(std::move(row), data), m_key(std::move(key)),
+      m_ownAggrAttribute(m_row, data, m_key), m_ownRegAttribute(m_row, data, m_key) {
+    m_aggrAttribute = &m_ownAggrAttribute;
+    m_regAttribute = &m_ownRegAttribute;
+}
 
 bool InfObjectItemImpl::IsGroupEditable() const {
     return true;
@@ -170,6 +174,12 @@ void InfObjectItemImpl::UpdateIcon() {
 
 std::shared_ptr<ProductTreeCellImpl> InfObjectItemImpl::CreateCell(const ColumnInfo& column) {
     return CreateObjectCell(column, {m_cells, m_data, m_row, m_key});
+}
+
+RootItemImpl::RootItemImpl(TreeRowPtr row, IfProductTreeData* data, UniqueMetaObjectKey key)
+    : InfObjectItemImpl(std::move(row), data, std::move(key)) {
+    m_aggrAttribute = nullptr;
+    m_regAttribute = nullptr;
 }
 
 bool RootItemImpl::CanHighlight() const {

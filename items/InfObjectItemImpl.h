@@ -45,13 +45,17 @@ protected:
     unsigned CountByAggregation() const;
 
     UniqueMetaObjectKey m_key;
+
+private:
+    InfObjAggrIntoProductAttributeImpl m_ownAggrAttribute;
+    InfObjRegWithDescAttributeImpl m_ownRegAttribute;
 };
 
 /// The top row: the object that the whole tree belongs to. It can neither be deleted nor
-/// highlighted, is never selected as an object, and has no count.
+/// highlighted, is never selected as an object, and has neither count nor check boxes.
 class RootItemImpl final : public InfObjectItemImpl {
 public:
-    using InfObjectItemImpl::InfObjectItemImpl;
+    RootItemImpl(TreeRowPtr row, IfProductTreeData* data, UniqueMetaObjectKey key);
 
     bool CanHighlight() const override;
     bool CanDelete() const override;

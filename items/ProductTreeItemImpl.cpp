@@ -3,6 +3,7 @@
 #include "columns/PropertyKeys.h"
 #include "host/FormatLabelUtils.h"
 #include "host/data/IfProductTreeData.h"
+#include "items/SimpleCellContextMenu.h"
 #include "resources/ProductTreeResources.h"
 
 #include <algorithm>
@@ -106,8 +107,26 @@ void ProductTreeItemImpl::UpdateRow() {
     UpdateActual();
     UpdateCells();
     UpdateIcon();
-    m_row->SetRegWithDescState(AttributeStateNone);
-    m_row->SetAggrIntoProductState(AttributeStateNone);
+    if (m_regAttribute)
+        m_regAttribute->Update();
+    else
+        m_row->SetRegWithDescState(AttributeStateNone);
+    if (m_aggrAttribute)
+        m_aggrAttribute->Update();
+    else
+        m_row->SetAggrIntoProductState(AttributeStateNone);
+}
+
+bool ProductTreeItemImpl::TrackCellContextMenu(const std::wstring& columnId,
+                                               LEventsHandler* handler) {
+    ProductTreeCellImpl* const cell = FindCell(columnId);
+    return cell && ShowItemMenu(cell->GetAvailableCommands(), handler);
+}
+
+bool ProductTreeItemImpl::ShowItemMenu(const std::set<int>& commands, LEventsHandler* handler) {
+    const TResId menu =
+        FindResourceId({"IDM_PRODUCT_TREE_ITEM_CONTEXT_MENU", ResourceKind::Command});
+    return SimpleCellContextMenu::ShowMenu(menu, commands, handler);
 }
 
 template <class Callback>

@@ -8,6 +8,7 @@
 #include "columns/ColumnInfo.h"
 #include "host/VariantMarking.h"
 #include "host/view/ITreeTableRow.h"
+#include "items/ItemAttributes.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemId.h"
 
@@ -20,6 +21,7 @@
 #include <vector>
 
 class IfProductTreeData;
+class LEventsHandler;
 
 namespace productTree {
 
@@ -110,6 +112,9 @@ public:
     virtual bool CanSetBySource(const std::wstring& columnId) const;
     /// Pushes the state of this row and of all rows below it to the view.
     virtual void UpdateRow();
+    /// Opens the menu of the row's cell; false when there is nothing to offer. The choice goes to
+    /// `handler`.
+    virtual bool TrackCellContextMenu(const std::wstring& columnId, LEventsHandler* handler);
     virtual void UpdateIcon() = 0;
     /// Makes every cell read its value again.
     virtual void UpdateCells();
@@ -117,6 +122,9 @@ public:
     virtual std::shared_ptr<ProductTreeCellImpl> CreateCell(const ColumnInfo& column);
 
     ITreeTableRow& GetRow() const { return *m_row; }
+    /// Null for a row without the check box.
+    AggrIntoProductAttribute* GetAggrAttribute() const { return m_aggrAttribute; }
+    RegWithDescAttribute* GetRegAttribute() const { return m_regAttribute; }
     bool IsActual() const { return m_actual; }
     /// Null when there is none.
     ProductTreeCellImpl* FindCell(const std::wstring& columnId) const;
@@ -137,6 +145,12 @@ public:
     /// Makes the cells of this row and of all rows below it, those below first. Name and
     /// designation come first among them and have no slot in the row.
     void RebuildCells(const std::list<ColumnInfo>& columns);
+
+    template <class Callback>
+    void ForEachCell(const Callback& callback) const {
+        for (ProductTreeCellImpl* const cell : GetCells())
+            callback(*cell);
+    }
 
     /// Calls `callback` with the item of each child row in turn until it answers false. Rows
     /// without item are passed over. True when no answer was false.
@@ -163,6 +177,9 @@ protected:
     /// One number after the other; the answer is the next that is free.
     unsigned SetChildPositions(unsigned next, ProductInfObjChangesResult& changes);
 
+    /// The menu of one row, with those of its commands.
+    static bool ShowItemMenu(const std::set<int>& commands, LEventsHandler* handler);
+
     /// The text of a designation, without its document code where that part is locked.
     static SharedText MakeShownMarking(const VariantMarking& marking, const std::set<int>& locked);
 
@@ -181,6 +198,9 @@ protected:
 
     /// A new one from each rebuild on.
     std::shared_ptr<CellArena> m_cells;
+    // Members of the derived class: two allocations a row would be felt.
+    AggrIntoProductAttribute* m_aggrAttribute = nullptr;
+    RegWithDescAttribute* m_regAttribute = nullptr;
     bool m_actual = true;
     TreeRowPtr m_row;
     IfProductTreeData* m_data;

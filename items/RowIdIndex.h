@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace productTree {
@@ -45,6 +46,20 @@ public:
 private:
     std::unordered_multimap<std::size_t, const ProductTreeItemId*> m_ids;
     mutable std::vector<std::size_t> m_hashes;
+};
+
+/// The rows that have taken part in a change, by their ids, so that none takes part twice.
+class ChangedRows {
+public:
+    void Add(std::shared_ptr<ProductTreeItemId> id) {
+        m_index.Add(*id);
+        m_ids.push_back(std::move(id));
+    }
+    bool Contains(const ProductTreeItemId& id) const { return m_index.Contains(id); }
+
+private:
+    std::vector<std::shared_ptr<ProductTreeItemId>> m_ids;
+    RowIdIndex m_index{{}};
 };
 
 } // namespace productTree

@@ -1,5 +1,6 @@
 #include "items/SectionItemImpl.h"
 
+#include "cells/CellCommands.h"
 #include "cells/JoinedText.h"
 #include "columns/PropertyKeys.h"
 #include "host/FormatLabelUtils.h"
@@ -20,7 +21,9 @@ constexpr unsigned c_freeNumbers = 2;
 SectionItemImpl::SectionItemImpl(TreeRowPtr row, IfProductTreeData* data, SPCSection section,
                                  SharedText label)
     : SubTreeItemImpl(std::move(row), data), m_section(std::move(section)),
-      m_label(std::move(label)) {}
+      m_label(std::move(label)), m_ownRegAttribute(m_row, data) {
+    m_regAttribute = &m_ownRegAttribute;
+}
 
 bool SectionItemImpl::IsGroupEditable() const {
     return false;
@@ -112,6 +115,10 @@ void SectionItemImpl::UpdateRow() {
         editor->SetIcon({});
         editor->SetColumn(keys::marking);
     }
+}
+
+bool SectionItemImpl::TrackCellContextMenu(const std::wstring&, LEventsHandler* handler) {
+    return CanDelete() && ShowItemMenu({commands::removeProductPart}, handler);
 }
 
 // Billets are left out here; the group rows below count them.

@@ -28,6 +28,8 @@ public:
     bool CanTransmitToSource(const std::wstring& columnId) const override;
     bool CanSetBySource(const std::wstring& columnId) const override;
     void UpdateRow() override;
+    /// Deleting what stands in the section is all that there is.
+    bool TrackCellContextMenu(const std::wstring& columnId, LEventsHandler* handler) override;
     void UpdateIcon() override;
 
 protected:
@@ -36,6 +38,7 @@ protected:
 private:
     SPCSection m_section;
     SharedText m_label;
+    SubTreeRegWithDescAttributeImpl m_ownRegAttribute;
     /// Added up while the rows are at hand: a section may have most of a product below it.
     unsigned m_updatedCount = 0;
 };

@@ -9,6 +9,11 @@
 
 namespace productTree {
 
+SubTreeItemImpl::SubTreeItemImpl(TreeRowPtr row, IfProductTreeData* data)
+    : ProductTreeItemImpl(std::move(row), data), m_ownAggrAttribute(m_row, data) {
+    m_aggrAttribute = &m_ownAggrAttribute;
+}
+
 bool SubTreeItemImpl::CanDelete() const {
     return HasChildItem([](const ProductTreeItemImpl& child) { return child.CanDelete(); });
 }

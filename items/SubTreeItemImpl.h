@@ -8,7 +8,7 @@ namespace productTree {
 
 class SubTreeItemImpl : public ProductTreeItemImpl {
 public:
-    using ProductTreeItemImpl::ProductTreeItemImpl;
+    SubTreeItemImpl(TreeRowPtr row, IfProductTreeData* data);
 
     bool CanDelete() const override;
     void CollectKeysToDelete(std::set<Key>& keys) const override;
@@ -28,6 +28,7 @@ protected:
     std::vector<std::pair<Key, PropValue>> JoinValuesToTransmit(const std::wstring& columnId) const;
 
 private:
+    SubTreeAggrIntoProductAttributeImpl m_ownAggrAttribute;
     /// The suffix that was asked for last, which is mostly the next one, too.
     mutable SharedText m_suffix;
 };

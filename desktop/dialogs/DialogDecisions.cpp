@@ -1,5 +1,6 @@
 #include "desktop/dialogs/DialogDecisions.h"
 
+#include "desktop/dialogs/ListDialog.h"
 #include "desktop/dialogs/PropertyDialog.h"
 #include "desktop/dialogs/SectionDialog.h"
 
@@ -88,6 +89,12 @@ std::optional<platform::SectionDecision>
 DialogDecisions::ChooseSection(const platform::SectionRequest& request) {
     SectionDialog dialog(request, &m_window);
     return dialog.exec() == QDialog::Accepted ? dialog.GetDecision() : std::nullopt;
+}
+
+std::optional<std::vector<bool>>
+DialogDecisions::ChooseSeveral(const platform::ListRequest& request) {
+    ListDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetChosen()) : std::nullopt;
 }
 
 void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {

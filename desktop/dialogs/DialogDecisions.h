@@ -19,6 +19,7 @@ public:
     ChooseProperty(const platform::PropertyRequest& request) override;
     std::optional<platform::SectionDecision>
     ChooseSection(const platform::SectionRequest& request) override;
+    std::optional<std::vector<bool>> ChooseSeveral(const platform::ListRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:

@@ -249,6 +249,7 @@ void DescribeSettings(Archive& file, In<Archive, platform::ProductModel> model) 
     file.Value("currentEmbodiments", model.currentEmbodiments);
     file.Value("activeEmbodiment", model.activeEmbodiment);
     file.Value("embodimentMode", model.embodimentMode);
+    file.Value("embodimentFilter", model.embodimentFilter);
 }
 
 template <class Archive>

@@ -185,7 +185,7 @@ void PanelTree::ApplySelection() {
     platform::TreeTableView& view = m_model->GetView();
     selectionModel()->select(RangesOf(*m_model, view.GetSelectedRows()),
                              QItemSelectionModel::ClearAndSelect);
-    const TreeTableRow* current = view.GetCurrentRow();
+    const TreeTableRow* current = view.GetCurrent();
     const int column = std::min(m_currentColumn, m_model->columnCount() - 1);
     selectionModel()->setCurrentIndex(current ? m_model->IndexOf(*current, column) : QModelIndex(),
                                       QItemSelectionModel::NoUpdate);

@@ -359,7 +359,7 @@ void PanelTree::KeepDraft() {
 
 bool PanelTree::IsEditedRowElsewhere() const {
     return !m_isTaking && CellEditorWidget() &&
-           m_model->GetView().GetCurrentRow() != &TreeItemModel::RowOf(m_edited);
+           m_model->GetView().GetCurrent() != &TreeItemModel::RowOf(m_edited);
 }
 
 void PanelTree::OpenDraft() {

@@ -16,6 +16,7 @@
 #include "host/data/SpecificationStyles.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -288,9 +289,55 @@ public:
     virtual ~IProductDataAttributes() = default;
 
     virtual bool IsAggrIntoProductShown() const = 0;
-    /// No value: the question does not apply to the object.
+    /// No value: the question does not apply to the object. Asked for each row at each reading, as
+    /// are the next, and the two of the other attribute.
     virtual std::optional<bool> GetAggrIntoProduct(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool IsAggrIntoProductReadOnly(const UniqueMetaObjectKey& key) const = 0;
+    virtual ProductInfObjChangesResult MakeAggrIntoProductChanges(const UniqueMetaObjectKey& key,
+                                                                  bool value) = 0;
     virtual bool IsRegWithDescShown() const = 0;
+    virtual std::optional<bool> GetRegWithDesc(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool IsRegWithDescReadOnly(const UniqueMetaObjectKey& key) const = 0;
+    /// `inGroup`: the object's row stands below a group row; no value where `key` is that of a
+    /// group row itself, and the group is meant as a whole.
+    virtual ProductInfObjChangesResult MakeRegWithDescChanges(const UniqueMetaObjectKey& key,
+                                                              std::optional<bool> inGroup,
+                                                              bool value) = 0;
+};
+
+/// The objects that are selected in the document, in all its views.
+class IProductDataSelection {
+public:
+    virtual ~IProductDataSelection() = default;
+
+    virtual std::vector<UniqueMetaObjectKey> GetSelectedKeys() const = 0;
+    /// What the user has selected in the panel; a key may stand there twice. The document may tell
+    /// its views of it, the panel that has called included, from inside the call.
+    virtual void SetSelectedKeys(const std::vector<UniqueMetaObjectKey>& keys) = 0;
+};
+
+/// Commands of the document as a whole.
+class IProductDataCommands {
+public:
+    virtual ~IProductDataCommands() = default;
+
+    virtual bool CanAddObject() const = 0;
+    /// A new object, where the host thinks fit: it knows what is selected. It may ask the user. The
+    /// null key when there is none after all.
+    virtual UniqueMetaObjectKey AddObject() = 0;
+    /// Brings all objects that do not agree with their sources up to date.
+    virtual void UpdateAll() = 0;
+    /// By which the application knows the document.
+    virtual std::int64_t GetDocumentId() const = 0;
+    /// The host's own command of the panel. True when rows or columns have to be built anew.
+    virtual bool RunPanelCommand() = 0;
+    /// Shows the object where the document shows it, under that name, until the user is done; the
+    /// selection may be used for it. `done` is run then, if it is still there: a newer highlight
+    /// has let go of it otherwise. Never from inside this call.
+    virtual void Highlight(const UniqueMetaObjectKey& key, const SharedText& name,
+                           std::weak_ptr<std::function<void()>> done) = 0;
+    /// The host's dialog of the columns and properties of the document.
+    virtual void ManageProperties() = 0;
 };
 
 class IProductDataEmbodiments {
@@ -305,6 +352,10 @@ public:
     /// The embodiment that is worked on.
     virtual bool HasActiveEmbodiment() const = 0;
     virtual UniqueMetaObjectKey GetActiveEmbodiment() const = 0;
+    /// Which embodiments the user has chosen to see, in words of the panel's own: kept with the
+    /// document and given back as they are. Empty: nothing was chosen.
+    virtual std::wstring GetEmbodimentFilter() const = 0;
+    virtual void SetEmbodimentFilter(const std::wstring& text) = 0;
 };
 
 /// How often objects stand in the product. An object has one count an embodiment, under the
@@ -378,6 +429,8 @@ class IfProductTreeData : public IProductDataRefresh,
                           public IProductDataDeleting,
                           public IProductDataObjectCommands,
                           public IProductDataAttributes,
+                          public IProductDataSelection,
+                          public IProductDataCommands,
                           public IProductDataEmbodiments,
                           public IProductDataCounts,
                           public IProductDataPositions {

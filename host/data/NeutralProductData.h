@@ -114,7 +114,35 @@ public:
     std::optional<bool> GetAggrIntoProduct(const UniqueMetaObjectKey&) const override {
         return std::nullopt;
     }
+    bool IsAggrIntoProductReadOnly(const UniqueMetaObjectKey&) const override { return true; }
+    ProductInfObjChangesResult MakeAggrIntoProductChanges(const UniqueMetaObjectKey&,
+                                                          bool) override {
+        return {};
+    }
     bool IsRegWithDescShown() const override { return false; }
+    std::optional<bool> GetRegWithDesc(const UniqueMetaObjectKey&) const override {
+        return std::nullopt;
+    }
+    bool IsRegWithDescReadOnly(const UniqueMetaObjectKey&) const override { return true; }
+    ProductInfObjChangesResult MakeRegWithDescChanges(const UniqueMetaObjectKey&,
+                                                      std::optional<bool>, bool) override {
+        return {};
+    }
+
+    // What is selected in the panel is remembered, and told to nobody.
+    std::vector<UniqueMetaObjectKey> GetSelectedKeys() const override { return m_selected; }
+    void SetSelectedKeys(const std::vector<UniqueMetaObjectKey>& keys) override {
+        m_selected = keys;
+    }
+
+    bool CanAddObject() const override { return false; }
+    UniqueMetaObjectKey AddObject() override { return {}; }
+    void UpdateAll() override {}
+    std::int64_t GetDocumentId() const override { return 0; }
+    bool RunPanelCommand() override { return false; }
+    void Highlight(const UniqueMetaObjectKey&, const SharedText&,
+                   std::weak_ptr<std::function<void()>>) override {}
+    void ManageProperties() override {}
 
     bool HasEmbodiments() const override { return false; }
     bool IsEmbodimentMode() const override { return false; }
@@ -125,6 +153,8 @@ public:
     }
     bool HasActiveEmbodiment() const override { return false; }
     UniqueMetaObjectKey GetActiveEmbodiment() const override { return {}; }
+    std::wstring GetEmbodimentFilter() const override { return {}; }
+    void SetEmbodimentFilter(const std::wstring&) override {}
 
     // The one count of an object is asked of GetValue.
     std::set<UniqueMetaObjectKey> GetCurrentEmbodiments() const override { return {GetRootKey()}; }
@@ -158,4 +188,6 @@ private:
         std::set<UniqueMetaObjectKey> GetRawKeys(std::size_t) const override { return {}; }
         VariantMarking GetEmbodimentMarking(std::size_t) const override { return {}; }
     };
+
+    std::vector<UniqueMetaObjectKey> m_selected;
 };

@@ -57,6 +57,8 @@ public:
     virtual bool CanBeDetached() const = 0;
     virtual bool IsShownInAllDocuments() const = 0;
     virtual void OnDocumentActivated() = 0;
+    /// The document's selection has changed.
+    virtual void SetSelectionByDoc() = 0;
     /// The view of the panel; null without one.
     virtual boost::intrusive_ptr<ITreeTableModel> GetPanelModel() const = 0;
     virtual bool HasSearch() const = 0;

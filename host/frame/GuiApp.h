@@ -4,6 +4,7 @@
 #include "host/RcBase.h"
 #include "host/SharedText.h"
 
+#include <cstdint>
 #include <vector>
 
 class ITreeTableModel;
@@ -37,6 +38,17 @@ public:
     static constexpr int c_yes = 6;
 };
 
+class IPopupMenuTracker;
+
+/// What the application can do with a document.
+class IItApplication {
+public:
+    virtual ~IItApplication() = default;
+
+    /// Shows the document with that id (IProductDataCommands::GetDocumentId).
+    virtual void ShowDocument(std::int64_t documentId, bool activate) = 0;
+};
+
 class IGuiApp {
 public:
     virtual ~IGuiApp() = default;
@@ -46,10 +58,17 @@ public:
     /// Null when nobody can be asked.
     virtual IQuestionBox* GetQuestionBox() = 0;
     virtual IGuiWindow* GetMainWindow() = 0;
+    /// Null when no menu can be shown.
+    virtual IPopupMenuTracker* GetPopupMenuTracker() { return nullptr; }
+    /// Null when the application does nothing with documents.
+    virtual IItApplication* GetItApplication() { return nullptr; }
 };
 
 /// The running application; null before it is up and after it is gone.
 IGuiApp* GuiApp();
+
+/// What the running application has for documents; null when there is none.
+IItApplication* GetItApplicationObject();
 
 /// The place that GuiApp answers from. A host fills it for as long as it runs.
 class GuiAppSlot {

@@ -135,7 +135,10 @@ public:
 
     /// In the view's order, from top to bottom.
     virtual std::vector<TreeRowPtr> GetSelectedRows() const = 0;
-    /// Adds the row to the selection or takes it out.
+    /// Null when no row is.
+    virtual TreeRowPtr GetCurrentRow() const = 0;
+    /// Adds the row to the selection or takes it out. This and the next may call OnSelectionChanged
+    /// of the control.
     virtual void SelectRow(const TreeRowPtr& row, bool makeCurrent, bool select) = 0;
     virtual void ClearSelection() = 0;
 };
@@ -145,9 +148,22 @@ class ITreeViewCommands {
 public:
     virtual ~ITreeViewCommands() = default;
 
-    /// Whether the user is offered the command now: it would do something. Said at the end of each
-    /// build and refresh; before the first build no command is offered.
+    /// Whether the command can be given now, and whether the user sees it at all. A command about
+    /// which nothing was said is seen and can't be given. Said at the end of each build, refresh
+    /// and change of the selection.
+    virtual void EnableCommand(unsigned command, bool enabled) = 0;
     virtual void ShowCommand(unsigned command, bool shown) = 0;
+};
+
+/// Editing of several selected rows at once, in the heads of the columns.
+class ITreeViewGroupEdit {
+public:
+    virtual ~ITreeViewGroupEdit() = default;
+
+    /// Turned on, no column can be edited until AddGroupEditProperty has named it.
+    virtual void SetGroupEditMode(bool on) = 0;
+    /// The selected rows have cells in that column; `editable`: one of them at least can be edited.
+    virtual void AddGroupEditProperty(const std::wstring& columnId, bool editable) = 0;
 };
 
 class ITreeViewEmbodiments {
@@ -156,6 +172,17 @@ public:
 
     /// Whether embodiment mode is possible where the panel stands.
     virtual bool IsEmbodimentsAllowed() const = 0;
+    /// The switch of embodiment mode among the tool strips. Setting it does not call back.
+    virtual void SetEmbodimentSwitch(bool on) = 0;
+    virtual bool GetEmbodimentSwitch() const = 0;
+    virtual void EnableEmbodimentSwitch(bool enabled) = 0;
+    /// The combo that chooses the embodiments to be seen: a check list and a text field.
+    virtual void ClearEmbodimentFilter() = 0;
+    /// No value for `checked`: some of what the line stands for are chosen and some are not.
+    virtual void AddEmbodimentFilterItem(const std::wstring& text, std::optional<bool> checked) = 0;
+    /// May call OnEmbodimentFilterChanged.
+    virtual void SetEmbodimentFilterText(const std::wstring& text) = 0;
+    virtual std::wstring GetEmbodimentFilterText() const = 0;
 };
 
 class ITreeTableModel : public ITreeViewPanel,
@@ -165,4 +192,5 @@ class ITreeTableModel : public ITreeViewPanel,
                         public ITreeViewAttributeColumns,
                         public ITreeViewSelection,
                         public ITreeViewCommands,
+                        public ITreeViewGroupEdit,
                         public ITreeViewEmbodiments {};

@@ -210,9 +210,14 @@ public:
     virtual void SetIcon(int icon, const SharedText& tip) = 0;
     /// 0 until SetIcon.
     virtual int GetIcon() const = 0;
-    /// The two check boxes beside the name, each an AttributeState.
+    /// The two check boxes beside the name, each an AttributeState. A click on one of them comes
+    /// back by OnRegWithDescClicked or OnAggrIntoProductClicked of the control, and changes nothing
+    /// by itself.
     virtual void SetRegWithDescState(int state) = 0;
     virtual void SetAggrIntoProductState(int state) = 0;
+    /// The state last set; AttributeStateNone until then.
+    virtual int GetRegWithDescState() const = 0;
+    virtual int GetAggrIntoProductState() const = 0;
 };
 
 class ITreeTableRow : public ITreeRowStructure,

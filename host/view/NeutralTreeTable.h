@@ -71,6 +71,8 @@ public:
 
     void SetIcon(int, const SharedText&) override {}
     int GetIcon() const override { return 0; }
+    int GetRegWithDescState() const override { return AttributeStateNone; }
+    int GetAggrIntoProductState() const override { return AttributeStateNone; }
     void SetRegWithDescState(int) override {}
     void SetAggrIntoProductState(int) override {}
 
@@ -137,9 +139,21 @@ public:
 
     std::vector<TreeRowPtr> GetSelectedRows() const override { return {}; }
     void SelectRow(const TreeRowPtr&, bool, bool) override {}
+    TreeRowPtr GetCurrentRow() const override { return nullptr; }
     void ClearSelection() override {}
 
+    void EnableCommand(unsigned, bool) override {}
     void ShowCommand(unsigned, bool) override {}
 
+    void SetGroupEditMode(bool) override {}
+    void AddGroupEditProperty(const std::wstring&, bool) override {}
+
     bool IsEmbodimentsAllowed() const override { return false; }
+    void SetEmbodimentSwitch(bool) override {}
+    bool GetEmbodimentSwitch() const override { return false; }
+    void EnableEmbodimentSwitch(bool) override {}
+    void ClearEmbodimentFilter() override {}
+    void AddEmbodimentFilterItem(const std::wstring&, std::optional<bool>) override {}
+    void SetEmbodimentFilterText(const std::wstring&) override {}
+    std::wstring GetEmbodimentFilterText() const override { return {}; }
 };

@@ -55,6 +55,11 @@ std::optional<SectionDecision> ScriptedDecisions::ChooseSection(const SectionReq
     return TakeFirst(m_sections);
 }
 
+std::optional<std::vector<bool>> ScriptedDecisions::ChooseSeveral(const ListRequest& request) {
+    m_listRequests.push_back(request);
+    return TakeFirst(m_lines);
+}
+
 void ScriptedDecisions::Tell(const SharedText& /*title*/, const SharedText& text) {
     m_messages.push_back(text);
 }

@@ -94,6 +94,17 @@ struct SectionDecision {
     bool isNameLinked = false;
 };
 
+/// Any of these lines are to be chosen.
+struct ListRequest {
+    struct Line {
+        SharedText text;
+        bool isChosen = false;
+    };
+
+    SharedText title;
+    std::vector<Line> lines;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -106,6 +117,8 @@ public:
     virtual std::optional<SharedText> EnterText(const TextRequest& request) = 0;
     virtual std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) = 0;
     virtual std::optional<SectionDecision> ChooseSection(const SectionRequest& request) = 0;
+    /// Which lines are chosen now, as many as were offered.
+    virtual std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) = 0;
     /// Returns when the user has taken note.
     virtual void Tell(const SharedText& title, const SharedText& text) = 0;
 };
@@ -138,6 +151,9 @@ public:
     void ChooseNextProperty(std::optional<PropertyChoice> choice) {
         m_properties.push_back(std::move(choice));
     }
+    void ChooseNextSeveral(std::optional<std::vector<bool>> lines) {
+        m_lines.push_back(std::move(lines));
+    }
     void ChooseNextSection(std::optional<SectionDecision> decision) {
         m_sections.push_back(decision);
     }
@@ -147,6 +163,7 @@ public:
     const std::vector<TextRequest>& GetTextRequests() const { return m_textRequests; }
     const std::vector<PropertyRequest>& GetPropertyRequests() const { return m_propertyRequests; }
     const std::vector<SectionRequest>& GetSectionRequests() const { return m_sectionRequests; }
+    const std::vector<ListRequest>& GetListRequests() const { return m_listRequests; }
     const std::vector<SharedText>& GetMessages() const { return m_messages; }
 
     std::optional<std::size_t> Ask(const Question& question) override;
@@ -154,6 +171,7 @@ public:
     std::optional<SharedText> EnterText(const TextRequest& request) override;
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
     std::optional<SectionDecision> ChooseSection(const SectionRequest& request) override;
+    std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:
@@ -162,11 +180,13 @@ private:
     std::deque<std::optional<SharedText>> m_texts;
     std::deque<std::optional<PropertyChoice>> m_properties;
     std::deque<std::optional<SectionDecision>> m_sections;
+    std::deque<std::optional<std::vector<bool>>> m_lines;
     std::vector<Question> m_questions;
     std::vector<FileRequest> m_fileRequests;
     std::vector<TextRequest> m_textRequests;
     std::vector<PropertyRequest> m_propertyRequests;
     std::vector<SectionRequest> m_sectionRequests;
+    std::vector<ListRequest> m_listRequests;
     std::vector<SharedText> m_messages;
 };
 

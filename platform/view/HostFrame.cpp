@@ -9,6 +9,7 @@
 #include <optional>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -64,12 +65,18 @@ class HostFrame::Application final : public IGuiApp, private ITreeModelProvider 
 public:
     explicit Application(std::shared_ptr<IfProductTreeData> data)
         : m_view(new TreeTableView), m_manager(new Manager(std::move(data))), m_owner(new Owner),
-          m_slot(*this) {}
+          m_slot(*this) {
+        GetAll().push_back(this);
+    }
+    ~Application() override { std::erase(GetAll(), this); }
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
 
     ITreeModelProvider* GetTreeModelProvider() override { return this; }
     IQuestionBox* GetQuestionBox() override { return m_questions ? &*m_questions : nullptr; }
     /// The decisions know in front of which window they ask.
     IGuiWindow* GetMainWindow() override { return nullptr; }
+    IPopupMenuTracker* GetPopupMenuTracker() override { return m_menus; }
 
     void SetDecisions(IUserDecisions* decisions) {
         m_questions.reset();
@@ -77,19 +84,31 @@ public:
             m_questions.emplace(*decisions);
     }
 
+    void SetPopupMenus(IPopupMenuTracker* tracker) { m_menus = tracker; }
+
     TreeTableView& GetView() const { return *m_view; }
     Manager& GetManager() const { return *m_manager; }
     Owner& GetOwner() const { return *m_owner; }
 
 private:
     boost::intrusive_ptr<ITreeTableModel> GetTreeModel(const TreeModelId& id) override {
-        return m_manager->IsOurs(id) ? m_view.get() : nullptr;
+        for (const Application* const frame : GetAll()) {
+            if (frame->m_manager->IsOurs(id))
+                return frame->m_view;
+        }
+        return nullptr;
+    }
+    /// One frame answers for the others: several panels may be open.
+    static std::vector<Application*>& GetAll() {
+        static std::vector<Application*> frames;
+        return frames;
     }
 
     boost::intrusive_ptr<TreeTableView> m_view;
     boost::intrusive_ptr<Manager> m_manager;
     boost::intrusive_ptr<Owner> m_owner;
     std::optional<DecisionsQuestionBox> m_questions;
+    IPopupMenuTracker* m_menus = nullptr;
     GuiAppSlot m_slot;
 };
 
@@ -123,6 +142,10 @@ std::shared_ptr<TreeModelId> HostFrame::GetTreeId() const {
 
 void HostFrame::SetDecisions(IUserDecisions* decisions) {
     m_application->SetDecisions(decisions);
+}
+
+void HostFrame::SetPopupMenus(IPopupMenuTracker* tracker) {
+    m_application->SetPopupMenus(tracker);
 }
 
 void HostFrame::TellDocumentChanged(bool structure) const {

@@ -9,6 +9,7 @@
 #include <memory>
 
 class GrABaseFeatureTree;
+class IPopupMenuTracker;
 class IfProductTreeData;
 class TreeModelId;
 
@@ -43,6 +44,8 @@ public:
     /// Who answers the panel's questions; null: nobody can be asked. They must be taken away before
     /// they go.
     void SetDecisions(IUserDecisions* decisions);
+    /// Who shows the panel's menus; null, as at first: there are none. The same holds for it.
+    void SetPopupMenus(IPopupMenuTracker* tracker);
     /// Tells the panel, as a host does, that something outside of it has changed the document:
     /// which objects there are and how they are built up, or only values.
     void TellDocumentChanged(bool structure) const;

@@ -15,7 +15,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -58,6 +60,14 @@ public:
     bool IsCurrent(const TreeTableRow& row) const { return m_current == &row; }
     TreeTableRow* GetCurrent() const { return m_current; }
     void SetCurrent(TreeTableRow* row);
+    /// Called when the library, and not the front end, has changed the selection.
+    void SetSelectionListener(std::function<void()> listener) {
+        m_selectionListener = std::move(listener);
+    }
+    void TellSelection() const {
+        if (m_selectionListener && !IsInUpdate())
+            m_selectionListener();
+    }
     /// Takes rows that stand in the tree no more out of the selection.
     void DropDetachedMarks();
     /// The row is about to be destroyed.
@@ -108,6 +118,7 @@ private:
     const TreeTableRow* m_root = nullptr;
     TreeTableRow* m_current = nullptr;
     std::vector<TreeTableRow*> m_selected;
+    std::function<void()> m_selectionListener;
     const RowInput* m_input = nullptr;
     NameTable m_names;
     CellTraitsTable m_traits;

@@ -94,6 +94,7 @@ void TreeTableRow::Select() {
     for (TreeTableRow* up = m_parent; up; up = up->m_parent)
         up->SetExpanded(true);
     m_hub->EndUpdate();
+    m_hub->TellSelection();
 }
 
 void TreeTableRow::SetCurrentCountColumn(const std::wstring& columnId) {

@@ -111,6 +111,8 @@ public:
     int GetIcon() const override { return m_icon; }
     void SetRegWithDescState(int state) override { ChangeSmall(m_regWithDescState, state); }
     void SetAggrIntoProductState(int state) override { ChangeSmall(m_aggrIntoProductState, state); }
+    int GetRegWithDescState() const override { return m_regWithDescState; }
+    int GetAggrIntoProductState() const override { return m_aggrIntoProductState; }
 
     boost::intrusive_ptr<IMarkingEditor> GetMarkingEditor() override { return &m_marking; }
 
@@ -142,8 +144,6 @@ public:
     bool IsSection() const { return HasFlag(Flag::SectionRow); }
     bool HasSectionName() const { return HasFlag(Flag::SectionName); }
     bool IsSelected() const { return m_selectionPlace != c_noPlace; }
-    int GetRegWithDescState() const { return m_regWithDescState; }
-    int GetAggrIntoProductState() const { return m_aggrIntoProductState; }
     /// The row and all below it let go of what the library keeps at them. What it keeps there holds
     /// the row in turn, so that a row which leaves the tree would stay for ever.
     void ReleaseData();

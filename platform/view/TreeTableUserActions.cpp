@@ -4,6 +4,7 @@
 #include "items/ProductTreeItemData.h"
 #include "platform/view/TreeTableView.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -194,6 +195,65 @@ bool TreeTableView::RunCommandByUser(int command) {
     return CanCallControl() && CallControl([command](IfProductTreeCtrl& control) {
                control.OnToolbarCommand(command, 0);
            });
+}
+
+bool TreeTableView::ClickAttributeByUser(TreeTableRow& row, int columnId) {
+    const bool isAggregation = columnId == AttributeColumnAggrIntoProduct;
+    const int state = isAggregation ? row.GetAggrIntoProductState() : row.GetRegWithDescState();
+    const bool canChange = state == AttributeStateOn || state == AttributeStateOff;
+    if (!CanEdit(row) || !GetAttributeColumn(columnId).isShown || !canChange)
+        return false;
+    return CallControl(row, [&](IfProductTreeCtrl& control, ProductTreeItemData& data) {
+        if (isAggregation)
+            control.OnAggrIntoProductClicked(data);
+        else
+            control.OnRegWithDescClicked(data);
+    });
+}
+
+bool TreeTableView::ShowRowMenuByUser(TreeTableRow& row, const std::wstring& columnId) {
+    if (!CanActOn(row) || columnId.empty())
+        return false;
+    return CallControl(row, [id = columnId](IfProductTreeCtrl& control, ProductTreeItemData& data) {
+        control.OnItemContextMenu(data, id);
+    });
+}
+
+bool TreeTableView::ShowColumnMenuByUser(const std::wstring& columnId) {
+    if (!CanCallControl() || !m_heads.Find(columnId))
+        return false;
+    return CallControl(
+        [id = columnId](IfProductTreeCtrl& control) { control.OnColumnContextMenu(id); });
+}
+
+void TreeTableView::SetEmbodimentsAllowed(bool allowed) {
+    if (allowed == m_embodiments.areAllowed)
+        return;
+    m_embodiments.areAllowed = allowed;
+    if (CanCallControl())
+        CallControl([&](IfProductTreeCtrl& control) { control.OnEmbodimentModeChanged(allowed); });
+}
+
+bool TreeTableView::SwitchEmbodimentsByUser(bool on) {
+    if (!CanCallControl() || !m_embodiments.isEnabled || m_embodiments.isOn == on)
+        return false;
+    m_embodiments.isOn = on;
+    return CallControl([](IfProductTreeCtrl& control) { control.OnEmbodimentSwitch(); });
+}
+
+bool TreeTableView::EnterEmbodimentFilterByUser(const std::wstring& text) {
+    if (!CanCallControl() || m_embodiments.lines.empty() || m_embodiments.filterText == text)
+        return false;
+    m_embodiments.filterText = text;
+    return CallControl([](IfProductTreeCtrl& control) { control.OnEmbodimentFilterChanged(); });
+}
+
+bool TreeTableView::CheckEmbodimentsByUser(const std::wstring& text, bool checked) {
+    const auto line = std::ranges::find(m_embodiments.lines, text, &EmbodimentControls::Line::text);
+    if (!CanCallControl() || line == m_embodiments.lines.end())
+        return false;
+    return CallControl(
+        [&, id = text](IfProductTreeCtrl& control) { control.OnEmbodimentChecked(id, checked); });
 }
 
 bool TreeTableView::EditHeadByUser(const std::wstring& columnId, const CellInput& input) {

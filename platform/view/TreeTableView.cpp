@@ -1,5 +1,7 @@
 #include "platform/view/TreeTableView.h"
 
+#include "control/IfProductTreeCtrl.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -45,10 +47,16 @@ private:
     TreeTableView& m_view;
 };
 
-TreeTableView::TreeTableView() : m_hub(new TreeTableHub) {}
+TreeTableView::TreeTableView() : m_hub(new TreeTableHub) {
+    m_hub->SetSelectionListener([this] {
+        if (m_control)
+            m_control->OnSelectionChanged();
+    });
+}
 
 TreeTableView::~TreeTableView() {
     // Rows may outlive the view; what they note is of no interest any more.
+    m_hub->SetSelectionListener({});
     m_hub->SetObserver(nullptr);
     m_hub->SetRoot(nullptr);
     if (m_root)
@@ -219,18 +227,61 @@ void TreeTableView::SelectRow(const TreeRowPtr& row, bool makeCurrent, bool sele
     m_hub->Select(chosen, select);
     if (makeCurrent)
         m_hub->SetCurrent(&chosen);
-}
-
-void TreeTableView::ShowCommand(unsigned command, bool shown) {
-    const bool isNews =
-        shown ? m_shownCommands.insert(command).second : m_shownCommands.erase(command) > 0;
-    if (isNews)
-        m_hub->Note(&TreeTableChanges::panel);
+    m_hub->TellSelection();
 }
 
 void TreeTableView::ClearSelection() {
     m_hub->ClearSelection();
     m_hub->SetCurrent(nullptr);
+    m_hub->TellSelection();
+}
+
+void TreeTableView::EnableCommand(unsigned command, bool enabled) {
+    ChangePanel(m_commands[command].isEnabled, std::optional(enabled));
+}
+
+void TreeTableView::ShowCommand(unsigned command, bool shown) {
+    ChangePanel(m_commands[command].isShown, std::optional(shown));
+}
+
+bool TreeTableView::IsCommandOffered(unsigned command) const {
+    const auto state = m_commands.find(command);
+    return state != m_commands.end() && state->second.isEnabled.value_or(true) &&
+           state->second.isShown.value_or(true);
+}
+
+void TreeTableView::SetGroupEditMode(bool on) {
+    m_groupEdit.reset();
+    if (on)
+        m_groupEdit.emplace();
+    m_hub->Note(&TreeTableChanges::panel);
+}
+
+void TreeTableView::AddGroupEditProperty(const std::wstring& columnId, bool editable) {
+    if (m_groupEdit)
+        (*m_groupEdit)[columnId] = editable;
+}
+
+void TreeTableView::SetEmbodimentSwitch(bool on) {
+    ChangePanel(m_embodiments.isOn, on);
+}
+
+void TreeTableView::EnableEmbodimentSwitch(bool enabled) {
+    ChangePanel(m_embodiments.isEnabled, enabled);
+}
+
+void TreeTableView::ClearEmbodimentFilter() {
+    ChangePanel(m_embodiments.lines, {});
+    ChangePanel(m_embodiments.filterText, {});
+}
+
+void TreeTableView::AddEmbodimentFilterItem(const std::wstring& text, std::optional<bool> checked) {
+    m_embodiments.lines.push_back({text, checked});
+    m_hub->Note(&TreeTableChanges::panel);
+}
+
+void TreeTableView::SetEmbodimentFilterText(const std::wstring& text) {
+    ChangePanel(m_embodiments.filterText, text);
 }
 
 void TreeTableView::SelectByUser(const std::vector<TreeTableRow*>& rows, TreeTableRow* current) {
@@ -240,6 +291,7 @@ void TreeTableView::SelectByUser(const std::vector<TreeTableRow*>& rows, TreeTab
         m_hub->Select(*row, true);
     m_hub->SetCurrent(current);
     m_hub->SetQuiet(false);
+    m_hub->TellSelection();
 }
 
 void TreeTableView::SetColumnWidthByUser(const std::wstring& columnId, double width) {

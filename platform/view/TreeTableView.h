@@ -26,6 +26,23 @@ struct AttributeColumn {
     bool isShown = false;
 };
 
+/// The switch of embodiment mode, and the combo that chooses embodiments.
+struct EmbodimentControls {
+    struct Line {
+        std::wstring text;
+        /// No value: mixed.
+        std::optional<bool> isChecked;
+
+        friend bool operator==(const Line&, const Line&) = default;
+    };
+
+    bool areAllowed = true;
+    bool isEnabled = false;
+    bool isOn = false;
+    std::vector<Line> lines;
+    std::wstring filterText;
+};
+
 /// What the panel as a whole was told.
 struct PanelState {
     bool isVisible = false;
@@ -101,20 +118,32 @@ public:
     bool IsAttributeColumnShown(int id) const override { return GetAttributeColumn(id).isShown; }
 
     std::vector<TreeRowPtr> GetSelectedRows() const override;
+    TreeRowPtr GetCurrentRow() const override { return m_hub->GetCurrent(); }
     void SelectRow(const TreeRowPtr& row, bool makeCurrent, bool select) override;
     /// No row is current afterwards.
     void ClearSelection() override;
 
+    void EnableCommand(unsigned command, bool enabled) override;
     void ShowCommand(unsigned command, bool shown) override;
 
-    bool IsEmbodimentsAllowed() const override { return m_embodimentsAllowed; }
+    void SetGroupEditMode(bool on) override;
+    void AddGroupEditProperty(const std::wstring& columnId, bool editable) override;
+
+    bool IsEmbodimentsAllowed() const override { return m_embodiments.areAllowed; }
+    void SetEmbodimentSwitch(bool on) override;
+    bool GetEmbodimentSwitch() const override { return m_embodiments.isOn; }
+    void EnableEmbodimentSwitch(bool enabled) override;
+    void ClearEmbodimentFilter() override;
+    void AddEmbodimentFilterItem(const std::wstring& text, std::optional<bool> checked) override;
+    void SetEmbodimentFilterText(const std::wstring& text) override;
+    std::wstring GetEmbodimentFilterText() const override { return m_embodiments.filterText; }
 
     /// At most one; null takes it away. It must be gone before the front end is.
     void SetObserver(TreeTableObserver* observer) { m_hub->SetObserver(observer); }
     TreeTableChanges TakeChanges() { return m_hub->TakeChanges(); }
     /// Null until the panel is built.
     TreeTableRow* GetRoot() const { return m_root.get(); }
-    TreeTableRow* GetCurrentRow() const { return m_hub->GetCurrent(); }
+    TreeTableRow* GetCurrent() const { return m_hub->GetCurrent(); }
     const PanelState& GetPanel() const { return m_panel; }
     /// Null until the panel has its control.
     productTree::IfProductTreeCtrl* GetControl() const { return m_control; }
@@ -124,8 +153,13 @@ public:
     const std::wstring& GetMarkedColumn() const { return m_markedColumn; }
     /// An id that is no AttributeColumnId is that of a column neither enabled nor shown.
     AttributeColumn GetAttributeColumn(int id) const;
-    bool IsCommandShown(unsigned command) const { return m_shownCommands.contains(command); }
-    void SetEmbodimentsAllowed(bool allowed) { m_embodimentsAllowed = allowed; }
+    /// A command about which nothing was said is not offered.
+    bool IsCommandOffered(unsigned command) const;
+    const EmbodimentControls& GetEmbodiments() const { return m_embodiments; }
+    /// Columns that several selected rows can be edited in; no value where not several of them are.
+    const std::optional<std::map<std::wstring, bool>>& GetGroupEdit() const { return m_groupEdit; }
+    /// Whether embodiment mode is possible where the panel stands; the control hears of it.
+    void SetEmbodimentsAllowed(bool allowed);
 
     /// Replaces the selection. The current row may be null.
     void SelectByUser(const std::vector<TreeTableRow*>& rows, TreeTableRow* current);
@@ -156,6 +190,18 @@ public:
     bool PopupCommandByUser(TreeTableRow& row, const std::wstring& columnId, int command);
     /// A command of the panel's tool strips.
     bool RunCommandByUser(int command);
+    /// One of the two check boxes beside the name, by its AttributeColumnId. Only a box that can be
+    /// changed.
+    bool ClickAttributeByUser(TreeTableRow& row, int columnId);
+    /// Opens the menu of the row's cell, or of the selected rows, and of a column's head. True says
+    /// that the control was asked, not that there was something to offer.
+    bool ShowRowMenuByUser(TreeTableRow& row, const std::wstring& columnId);
+    bool ShowColumnMenuByUser(const std::wstring& columnId);
+    bool SwitchEmbodimentsByUser(bool on);
+    /// A text that the filter does not take is gone afterwards.
+    bool EnterEmbodimentFilterByUser(const std::wstring& text);
+    /// The line of that text.
+    bool CheckEmbodimentsByUser(const std::wstring& text, bool checked);
     bool EditHeadByUser(const std::wstring& columnId, const CellInput& input);
     bool ClickHeadByUser(const std::wstring& columnId);
     bool HeadPopupCommandByUser(const std::wstring& columnId, int command);
@@ -209,8 +255,14 @@ private:
     /// What the user has left in a head, while the control looks at it.
     const HeadInput* m_headInput = nullptr;
     bool m_isInControl = false;
-    std::set<unsigned> m_shownCommands;
-    bool m_embodimentsAllowed = true;
+    /// Whether it is enabled and whether it is shown; no value: nothing was said.
+    struct CommandState {
+        std::optional<bool> isEnabled;
+        std::optional<bool> isShown;
+    };
+    std::map<unsigned, CommandState> m_commands;
+    std::optional<std::map<std::wstring, bool>> m_groupEdit;
+    EmbodimentControls m_embodiments;
 };
 
 /// What a row shows in the column of that head, as TreeCell::GetShownText. Empty for a column that

@@ -26,6 +26,16 @@ public:
     std::string TakeLog() { return std::exchange(m_log, {}); }
 
     void OnToolbarCommand(int command, std::int64_t) override { Note("command " + std::to_string(command)); }
+    void OnSelectionChanged() override {}
+    void OnAggrIntoProductClicked(Item&) override { Note("aggregate"); }
+    void OnRegWithDescClicked(Item&) override { Note("register"); }
+    void OnItemContextMenu(Item&, const std::wstring& id) override { Note("menu", id); }
+    void OnColumnContextMenu(const std::wstring& id) override { Note("head menu", id); }
+    void ManageProperties() override { Note("properties"); }
+    void OnEmbodimentModeChanged(bool allowed) override { Note(allowed ? "allowed" : "not allowed"); }
+    void OnEmbodimentSwitch() override { Note("switch"); }
+    void OnEmbodimentFilterChanged() override { Note("filter"); }
+    void OnEmbodimentChecked(const std::wstring& text, bool) override { Note("embodiments", text); }
     void OnColumnsChanged() override { Note("columns"); }
     void OnCellEdited(Item&, const std::wstring& id) override { Note("cell", id); }
     void OnHeaderEdited(const std::wstring& id) override { Note("head", id); }

@@ -70,7 +70,7 @@ TEST(ViewRows, DroppedAndReplacedRowsLeaveTheSelection) {
     const TreeRowPtr held(&RowAt(*view, {2, 0}));
     RowAt(*view, {}).SetChildCount(2);
     EXPECT_EQ(DumpView(*view, {.selection = true}), "root [>a [a1 | a2] | b]");
-    EXPECT_EQ(view->GetCurrentRow(), nullptr);
+    EXPECT_EQ(view->GetCurrent(), nullptr);
     view->SetRootRow(MakeRow(*view, {L"other", {}}));
     EXPECT_TRUE(view->GetSelectedRows().empty());
 }

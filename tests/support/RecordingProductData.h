@@ -133,6 +133,22 @@ public:
     bool IsAggrIntoProductShown() const override { return Note("IsAggrIntoProductShown"), m_product.IsAggrIntoProductShown(); }
     std::optional<bool> GetAggrIntoProduct(const Key& key) const override { return Note("GetAggrIntoProduct"), m_product.GetAggrIntoProduct(key); }
     bool IsRegWithDescShown() const override { return Note("IsRegWithDescShown"), m_product.IsRegWithDescShown(); }
+    bool IsAggrIntoProductReadOnly(const Key& key) const override { return Note("IsAggrIntoProductReadOnly"), m_product.IsAggrIntoProductReadOnly(key); }
+    Changes MakeAggrIntoProductChanges(const Key& key, bool value) override { return Note("MakeAggrIntoProductChanges"), m_product.MakeAggrIntoProductChanges(key, value); }
+    std::optional<bool> GetRegWithDesc(const Key& key) const override { return Note("GetRegWithDesc"), m_product.GetRegWithDesc(key); }
+    bool IsRegWithDescReadOnly(const Key& key) const override { return Note("IsRegWithDescReadOnly"), m_product.IsRegWithDescReadOnly(key); }
+    Changes MakeRegWithDescChanges(const Key& key, std::optional<bool> inGroup, bool value) override { return Note("MakeRegWithDescChanges"), m_product.MakeRegWithDescChanges(key, inGroup, value); }
+    std::vector<Key> GetSelectedKeys() const override { return Note("GetSelectedKeys"), m_product.GetSelectedKeys(); }
+    void SetSelectedKeys(const std::vector<Key>& keys) override { Note("SetSelectedKeys"), m_product.SetSelectedKeys(keys); }
+    bool CanAddObject() const override { return Note("CanAddObject"), m_product.CanAddObject(); }
+    Key AddObject() override { return Note("AddObject"), m_product.AddObject(); }
+    void UpdateAll() override { Note("UpdateAll"), m_product.UpdateAll(); }
+    std::int64_t GetDocumentId() const override { return Note("GetDocumentId"), m_product.GetDocumentId(); }
+    bool RunPanelCommand() override { return Note("RunPanelCommand"), m_product.RunPanelCommand(); }
+    void Highlight(const Key& key, const SharedText& name, std::weak_ptr<std::function<void()>> done) override { Note("Highlight"), m_product.Highlight(key, name, std::move(done)); }
+    void ManageProperties() override { Note("ManageProperties"), m_product.ManageProperties(); }
+    std::wstring GetEmbodimentFilter() const override { return Note("GetEmbodimentFilter"), m_product.GetEmbodimentFilter(); }
+    void SetEmbodimentFilter(const std::wstring& text) override { Note("SetEmbodimentFilter"), m_product.SetEmbodimentFilter(text); }
     bool HasActiveEmbodiment() const override { return Note("HasActiveEmbodiment"), m_product.HasActiveEmbodiment(); }
     std::set<Key> GetCurrentEmbodiments() const override { return Note("GetCurrentEmbodiments"), m_product.GetCurrentEmbodiments(); }
     Key GetCountKey(const Key& key, const std::set<Key>& keys, bool inGroup) const override { return Note("GetCountKey"), m_product.GetCountKey(key, keys, inGroup); }

@@ -234,19 +234,6 @@ void MemoryProduct::SetColumnVisible(const std::wstring& columnId, bool visible)
     m_state->NoteColumns();
 }
 
-bool MemoryProduct::IsAggrIntoProductShown() const {
-    return m_state->model.isAggrIntoProductShown;
-}
-
-std::optional<bool> MemoryProduct::GetAggrIntoProduct(const UniqueMetaObjectKey& key) const {
-    const PartEntry* const part = m_state->index.Find(key);
-    return part && part->hasAggrIntoProduct ? std::optional(part->isAggrIntoProduct) : std::nullopt;
-}
-
-bool MemoryProduct::IsRegWithDescShown() const {
-    return m_state->model.isRegWithDescShown;
-}
-
 bool MemoryProduct::HasEmbodiments() const {
     return !m_state->model.embodiments.empty();
 }
@@ -270,6 +257,16 @@ bool MemoryProduct::HasActiveEmbodiment() const {
 
 UniqueMetaObjectKey MemoryProduct::GetActiveEmbodiment() const {
     return m_state->model.activeEmbodiment;
+}
+
+std::wstring MemoryProduct::GetEmbodimentFilter() const {
+    return m_state->model.embodimentFilter;
+}
+
+void MemoryProduct::SetEmbodimentFilter(const std::wstring& text) {
+    m_state->model.embodimentFilter = text;
+    m_state->areColumnsUnsaved |= !m_state->model.isReadOnly;
+    ++m_state->stamp;
 }
 
 } // namespace platform

@@ -12,10 +12,27 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace platform {
 
 class IUserDecisions;
+
+/// Whoever shows the product hears what is no change of it. No operation may call the product back
+/// but to ask.
+class IProductObserver {
+public:
+    virtual ~IProductObserver() = default;
+
+    virtual void OnSelectionChanged() = 0;
+    /// Something is highlighted now, or nothing any more.
+    virtual void OnHighlightChanged() = 0;
+};
+
+struct Highlighting {
+    UniqueMetaObjectKey key;
+    SharedText name;
+};
 
 class MemoryProduct : public IfProductTreeData {
 public:
@@ -49,6 +66,13 @@ public:
     /// Who is asked where a command needs an answer; null at first: nobody, and such a command does
     /// nothing. Must outlive the product.
     void SetDecisions(IUserDecisions* decisions);
+
+    /// Null at first and after the observer has gone: nothing can be highlighted then.
+    void SetObserver(IProductObserver* observer);
+    /// What is highlighted; no value for nothing.
+    const std::optional<Highlighting>& GetHighlighting() const;
+    /// The user is done with it.
+    void EndHighlighting();
 
     bool CanUndo() const;
     bool CanRedo() const;
@@ -184,7 +208,34 @@ public:
 
     bool IsAggrIntoProductShown() const override;
     std::optional<bool> GetAggrIntoProduct(const UniqueMetaObjectKey& key) const override;
+    bool IsAggrIntoProductReadOnly(const UniqueMetaObjectKey& key) const override;
+    /// Counts for all uses of the object.
+    ProductInfObjChangesResult MakeAggrIntoProductChanges(const UniqueMetaObjectKey& key,
+                                                          bool value) override;
     bool IsRegWithDescShown() const override;
+    std::optional<bool> GetRegWithDesc(const UniqueMetaObjectKey& key) const override;
+    bool IsRegWithDescReadOnly(const UniqueMetaObjectKey& key) const override;
+    /// Of a group all objects that share its row, with all their uses.
+    ProductInfObjChangesResult MakeRegWithDescChanges(const UniqueMetaObjectKey& key,
+                                                      std::optional<bool> inGroup,
+                                                      bool value) override;
+
+    /// How the document is looked at and no change of it.
+    std::vector<UniqueMetaObjectKey> GetSelectedKeys() const override;
+    void SetSelectedKeys(const std::vector<UniqueMetaObjectKey>& keys) override;
+
+    bool CanAddObject() const override;
+    /// A part in the section of what is selected, behind it, with one use; of the kind that the
+    /// section is for. The key is that of the use.
+    UniqueMetaObjectKey AddObject() override;
+    /// Nothing: a model knows no sources.
+    void UpdateAll() override;
+    std::int64_t GetDocumentId() const override;
+    bool RunPanelCommand() override;
+    void Highlight(const UniqueMetaObjectKey& key, const SharedText& name,
+                   std::weak_ptr<std::function<void()>> done) override;
+    /// Asks which columns are to be shown.
+    void ManageProperties() override;
 
     bool HasEmbodiments() const override;
     bool IsEmbodimentMode() const override;
@@ -193,6 +244,9 @@ public:
     const EmbodimentsModel& GetEmbodiments() const override;
     bool HasActiveEmbodiment() const override;
     UniqueMetaObjectKey GetActiveEmbodiment() const override;
+    std::wstring GetEmbodimentFilter() const override;
+    /// A change of the document that is saved, but no step.
+    void SetEmbodimentFilter(const std::wstring& text) override;
 
     /// Those whose parts are laid out.
     std::set<UniqueMetaObjectKey> GetCurrentEmbodiments() const override;

@@ -2,12 +2,12 @@
 #include "platform/product/answers/ItemProperties.h"
 #include "platform/product/answers/MemoryProductState.h"
 #include "platform/product/edits/Deletion.h"
+#include "platform/product/edits/FreeKeys.h"
 #include "platform/product/edits/Positions.h"
 #include "platform/product/model/PropertyNumbers.h"
 #include "platform/services/UserDecisions.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace platform {
 
@@ -16,23 +16,6 @@ namespace {
 constexpr int c_otherIcon = 26;
 /// CM_2D_COMPONENT_EDIT_OUT_PLACE.
 constexpr int c_editInOwnWindow = 7020;
-
-/// A key that no part has and no link names, so that nothing comes to life by it.
-UniqueMetaObjectKey MakeFreeKey(const ProductModel& model, const ProductIndex& index,
-                                const UniqueMetaObjectKey& owner) {
-    std::unordered_set<UniqueMetaObjectKey> named;
-    for (const ObjectRecord& object : model.objectsBelow)
-        named.insert(object.key);
-    for (const PartEntry* const part : index.GetLinkedParts()) {
-        for (const LinkRecord& link : part->record->links)
-            named.insert(link.target);
-    }
-    for (int number = 1;; ++number) {
-        UniqueMetaObjectKey key(owner.String() + "-billet" + std::to_string(number));
-        if (!index.Find(key) && !named.contains(key))
-            return key;
-    }
-}
 
 ObjectRecord MakeBillet(const ObjectRecord& owner, UniqueMetaObjectKey key) {
     ObjectRecord billet;
@@ -57,7 +40,7 @@ SharedText NameOf(const PartEntry& part) {
 
 bool MemoryProduct::CanHighlight(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return part && !part->isRoot && part->isShown;
+    return m_state->observer && part && !part->isRoot && part->isShown;
 }
 
 bool MemoryProduct::CanDelete(const UniqueMetaObjectKey& key) const {
@@ -148,7 +131,8 @@ UniqueMetaObjectKey MemoryProduct::AddBillet(const UniqueMetaObjectKey& key) {
     if (!CanAddBillet(key))
         return {};
     const PartEntry& owner = *m_state->index.Find(key)->owner;
-    UniqueMetaObjectKey billet = MakeFreeKey(m_state->model, m_state->index, owner.key);
+    UniqueMetaObjectKey billet =
+        MakeFreeKey(m_state->model, m_state->index, owner.key.String() + "-billet");
     StructureChange change;
     change.objects = RecordsSwap<ObjectRecord>(MakeBillet(*owner.object->record, billet),
                                                m_state->index.GetPlace(owner).object + 1);

@@ -55,6 +55,10 @@ struct MemoryProduct::State {
     std::vector<std::unique_ptr<PropertyDescriptions>> retired;
     EditHistory history;
     IUserDecisions* decisions = nullptr;
+    IProductObserver* observer = nullptr;
+    std::vector<UniqueMetaObjectKey> selected;
+    std::optional<Highlighting> highlighting;
+    std::weak_ptr<std::function<void()>> highlightDone;
     /// Why the last value was not taken; what the last step is to be told of. Both until they are
     /// asked for.
     mutable std::optional<ProductText> refusal;

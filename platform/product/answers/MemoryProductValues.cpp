@@ -90,21 +90,22 @@ ProductInfObjChangesResult MemoryProduct::MakeBySourceChanges(const PropertyRef&
 
 void MemoryProduct::CommitChanges(ProductInfObjChangesResult& changes) {
     ValuePlan plan(m_state->index);
-    std::set<unsigned long> numbers;
+    std::set<std::wstring> captions;
     for (const auto& change : changes.GetChanges()) {
         const auto* const wanted = dynamic_cast<const ProductChange*>(change.get());
         if (!wanted || !wanted->Plan(m_state->GetRules(), plan))
             return changes.Clear();
-        numbers.insert(wanted->GetNumber());
+        const SharedText caption = wanted->MakeCaption();
+        captions.insert(caption.IsEmpty() ? m_state->GetCaption(wanted->GetNumber()).Str()
+                                          : caption.Str());
         if (m_state->index.GetTopParts().GetCurrentKeys().size() > 1)
             m_state->note = wanted->MakeNote(m_state->GetRules());
     }
     std::vector<std::unique_ptr<IModelEdit>> edits = plan.MakeEdits();
     if (edits.empty())
         return changes.Clear();
-    SharedText name = numbers.size() == 1
-                          ? GetText(ProductText::Change, {m_state->GetCaption(*numbers.begin())})
-                          : GetText(ProductText::Changes);
+    SharedText name = captions.size() == 1 ? GetText(ProductText::Change, {*captions.begin()})
+                                           : GetText(ProductText::Changes);
     m_state->Do({std::move(name), std::move(edits)});
 }
 

@@ -153,6 +153,15 @@ void ModelEditor::Exchange(HeldCount& held) {
     m_isAnythingChanged = true;
 }
 
+void ModelEditor::Exchange(HeldAttribute& held) {
+    if (auto* const used = std::get_if<meta_data::SPUsed>(&held.value)) {
+        if (PartRecord* const part = FindPart(held.part))
+            std::swap(part->part.used, *used);
+    } else if (ObjectRecord* const object = FindObject(held.part)) {
+        std::swap(object->aggrIntoProduct, std::get<std::optional<bool>>(held.value));
+    }
+}
+
 void ModelEditor::Exchange(ProductModel& model) {
     std::swap(m_model, model);
     // How the document is looked at stays.

@@ -6,6 +6,7 @@
 #include "platform/product/index/ShownValues.h"
 
 #include <unordered_set>
+#include <variant>
 #include <vector>
 
 namespace platform {
@@ -35,6 +36,14 @@ struct HeldFlag {
     bool isSet = false;
 };
 
+/// Whether an object counts into the product, or the specifications that a part stands in.
+using AttributeValue = std::variant<std::optional<bool>, meta_data::SPUsed>;
+
+struct HeldAttribute {
+    UniqueMetaObjectKey part;
+    AttributeValue value;
+};
+
 /// As HeldLink for a count that was typed.
 struct HeldCount {
     UniqueMetaObjectKey part;
@@ -61,6 +70,8 @@ public:
     void Exchange(HeldLink& held, PartRecord& record);
     void Exchange(HeldFlag& held);
     void Exchange(HeldCount& held);
+    /// NoteEverything has to follow, once for all of them.
+    void Exchange(HeldAttribute& held);
     /// Records have come, gone or moved, or say other things of other parts.
     void NoteStructure();
     /// The model may be another one.

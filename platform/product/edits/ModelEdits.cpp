@@ -57,6 +57,12 @@ void FlagsEdit::Swap(ModelEditor& editor, Direction direction) {
     ForEachIn(m_flags, direction, [&](HeldFlag& held) { editor.Exchange(held); });
 }
 
+void AttributesEdit::Swap(ModelEditor& editor, Direction direction) {
+    ForEachIn(m_attributes, direction, [&](HeldAttribute& held) { editor.Exchange(held); });
+    // Parts that stay where they are say other things of themselves.
+    editor.NoteEverything();
+}
+
 void CountsEdit::Swap(ModelEditor& editor, Direction direction) {
     ForEachIn(m_counts, direction, [&](HeldCount& held) { editor.Exchange(held); });
 }

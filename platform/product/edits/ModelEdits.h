@@ -49,6 +49,17 @@ private:
     std::vector<HeldFlag> m_flags;
 };
 
+class AttributesEdit final : public IModelEdit {
+public:
+    explicit AttributesEdit(std::vector<HeldAttribute> attributes)
+        : m_attributes(std::move(attributes)) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    std::vector<HeldAttribute> m_attributes;
+};
+
 class CountsEdit final : public IModelEdit {
 public:
     explicit CountsEdit(std::vector<HeldCount> counts) : m_counts(std::move(counts)) {}

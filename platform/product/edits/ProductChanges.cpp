@@ -45,6 +45,49 @@ const PartEntry* ProductChange::FindPart(const EditRules& rules) const {
     return part && !rules.IsFixed(*part, m_number) ? part : nullptr;
 }
 
+const PartEntry* ProductChange::FindAnyPart(const EditRules& rules) const {
+    const PartEntry* const part = rules.model.isReadOnly ? nullptr : rules.index.Find(m_part);
+    return part && !part->isRoot ? part : nullptr;
+}
+
+bool AggregationChange::Plan(const EditRules& rules, ValuePlan& plan) const {
+    const PartEntry* const part = FindAnyPart(rules);
+    if (part)
+        plan.SetAttribute(*part->owner, std::optional(m_counts));
+    return part != nullptr;
+}
+
+SharedText AggregationChange::MakeCaption() const {
+    return GetText(ProductText::Aggregation);
+}
+
+bool RegistrationChange::Plan(const EditRules& rules, ValuePlan& plan) const {
+    const PartEntry* const part = FindAnyPart(rules);
+    if (!part)
+        return false;
+    const auto set = [&](const PartEntry& one) {
+        std::vector<meta_data::SP::StyleId> styles = one.record->part.used.GetStyles();
+        std::erase(styles, rules.model.styleId);
+        if (m_isRegistered)
+            styles.push_back(rules.model.styleId);
+        plan.SetAttribute(one, meta_data::SPUsed(std::move(styles)));
+    };
+    if (!m_isGroup) {
+        set(*part);
+        return true;
+    }
+    for (const PartEntry* const mate : rules.rows.GetRowMates(*part->owner)) {
+        set(*mate);
+        for (const PartEntry& use : rules.index.GetUsesOf(*mate))
+            set(use);
+    }
+    return true;
+}
+
+SharedText RegistrationChange::MakeCaption() const {
+    return GetText(ProductText::Registration);
+}
+
 bool ValueChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     const PartEntry* const part = FindPart(rules);
     if (!part)

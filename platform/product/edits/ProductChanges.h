@@ -41,6 +41,8 @@ public:
     virtual bool Plan(const EditRules& rules, ValuePlan& plan) const = 0;
 
     unsigned long GetNumber() const { return m_number; }
+    /// What is changed, in the user's words; empty: the property of that number.
+    virtual SharedText MakeCaption() const { return {}; }
     /// What the user should know when it was made; empty for nothing.
     virtual SharedText MakeNote(const EditRules&) const { return {}; }
 
@@ -50,6 +52,8 @@ protected:
 
     /// The part that the change is for; null when it is gone or nothing can be written to it.
     const PartEntry* FindPart(const EditRules& rules) const;
+    /// The same for what is no property.
+    const PartEntry* FindAnyPart(const EditRules& rules) const;
 
 private:
     UniqueMetaObjectKey m_part;
@@ -90,6 +94,34 @@ public:
 
 private:
     bool m_bySource;
+};
+
+/// The part's object counts into the product, or does not.
+class AggregationChange final : public ProductChange {
+public:
+    AggregationChange(UniqueMetaObjectKey part, bool counts)
+        : ProductChange(std::move(part), 0), m_counts(counts) {}
+
+    bool Plan(const EditRules& rules, ValuePlan& plan) const override;
+    SharedText MakeCaption() const override;
+
+private:
+    bool m_counts;
+};
+
+/// The part stands in the current specification, or does not.
+class RegistrationChange final : public ProductChange {
+public:
+    /// `isGroup`: the key is that of a group, and all that share its row are meant.
+    RegistrationChange(UniqueMetaObjectKey part, bool isGroup, bool isRegistered)
+        : ProductChange(std::move(part), 0), m_isGroup(isGroup), m_isRegistered(isRegistered) {}
+
+    bool Plan(const EditRules& rules, ValuePlan& plan) const override;
+    SharedText MakeCaption() const override;
+
+private:
+    bool m_isGroup;
+    bool m_isRegistered;
 };
 
 /// Another count of a part, or of the group that its key stands for, in one embodiment. No value:

@@ -104,11 +104,22 @@ bool ValuePlan::IsNew(const CountHolder& holder, const std::optional<SharedText>
     return present == counts.end() ? count.has_value() : !count || !(present->count == *count);
 }
 
+void ValuePlan::SetAttribute(const PartEntry& part, AttributeValue value) {
+    m_attributes.Set({&part, value.index()}, std::move(value));
+}
+
+bool ValuePlan::IsNew(const ValueHolder& holder, const std::optional<AttributeValue>& value) {
+    if (const auto* const used = std::get_if<meta_data::SPUsed>(&*value))
+        return !(*used == holder.part->record->part.used);
+    return std::get<std::optional<bool>>(*value) != holder.part->object->record->aggrIntoProduct;
+}
+
 bool ValuePlan::IsEmpty() const {
     const auto isNew = [this](const auto& wish) { return IsNew(wish.first, wish.second); };
     return std::ranges::none_of(m_values.list, isNew) &&
            std::ranges::none_of(m_links.list, isNew) && std::ranges::none_of(m_flags.list, isNew) &&
-           std::ranges::none_of(m_counts.list, isNew);
+           std::ranges::none_of(m_counts.list, isNew) &&
+           std::ranges::none_of(m_attributes.list, isNew);
 }
 
 std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
@@ -135,7 +146,14 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         if (count)
             held.count = CountRecord{holder.embodiment, *count};
     }
+    std::vector<HeldAttribute> attributes;
+    for (const auto& [holder, value] : m_attributes.list) {
+        if (IsNew(holder, value))
+            attributes.push_back({holder.part->key, *value});
+    }
     std::vector<std::unique_ptr<IModelEdit>> edits;
+    if (!attributes.empty())
+        edits.push_back(std::make_unique<AttributesEdit>(std::move(attributes)));
     if (!flags.empty())
         edits.push_back(std::make_unique<FlagsEdit>(std::move(flags)));
     if (!values.empty())

@@ -34,6 +34,8 @@ public:
     /// Whether the object's name follows its section, and its mass those of its parts.
     void SetNameLink(const PartEntry& object, bool isLinked);
     void SetMassSum(const PartEntry& object, bool isSum);
+    /// Of the object of the part, or of the part, by what it says.
+    void SetAttribute(const PartEntry& part, AttributeValue value);
 
     /// Why something that was wished for can't be had, where the user should be told; the first
     /// reason counts.
@@ -74,6 +76,7 @@ private:
     bool IsNew(const ValueHolder& holder, const std::optional<LinkRecord>& link) const;
     static bool IsNew(const ValueHolder& holder, std::optional<bool> isSet);
     bool IsNew(const CountHolder& holder, const std::optional<SharedText>& count) const;
+    static bool IsNew(const ValueHolder& holder, const std::optional<AttributeValue>& value);
 
     ShownValues m_shown;
     std::optional<ProductText> m_refusal;
@@ -82,6 +85,8 @@ private:
     /// By the properties that something follows from, or that follow from something.
     Wishes<ValueHolder, bool> m_flags;
     Wishes<CountHolder, SharedText> m_counts;
+    /// By what they are among the attribute values.
+    Wishes<ValueHolder, AttributeValue> m_attributes;
 };
 
 } // namespace platform

@@ -212,6 +212,8 @@ struct ProductModel {
     /// The embodiment that is worked on; the null key for none.
     UniqueMetaObjectKey activeEmbodiment;
     bool embodimentMode = false;
+    /// Which embodiments are to be seen, in words of the panel's own.
+    std::wstring embodimentFilter;
     bool isReadOnly = false;
     bool areSectionRowsShown = true;
     bool usesSectionIcons = true;

@@ -19,6 +19,9 @@ enum class ProductText : unsigned {
     LinkRemoval = 1207,
     Transmission = 1208,
     NewBillet = 1209,
+    NewObject = 1210,
+    Aggregation = 1211,
+    Registration = 1212,
     RefusedCount = 1221,
     RefusedMoment = 1222,
     RefusedLinked = 1223,
@@ -34,6 +37,7 @@ enum class ProductText : unsigned {
     SectionTitle = 1307,
     SectionNameLink = 1308,
     SectionNone = 1309,
+    ColumnsTitle = 1310,
 };
 
 /// Empty when the text asks for another number of arguments.
