@@ -3,6 +3,7 @@
 #include "columns/ColumnInfo.h"
 #include "desktop/store/ProductFile.h"
 #include "host/IfPropertyDescription.h"
+#include "host/frame/FeatureTrees.h"
 #include "items/ProductTreeItemData.h"
 #include "platform/product/answers/MemoryProduct.h"
 #include "platform/product/model/AssemblyLevels.h"
@@ -43,15 +44,67 @@ void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
 } // namespace
 
 Session::Session(Document document)
-    : m_path(std::move(document.path)), m_notes(std::move(document.notes)),
-      m_step(std::move(document.step)), m_mark(document.mark),
-      m_isProductFile(!m_step && !document.isNew),
-      m_product(std::make_shared<platform::MemoryProduct>(std::move(document.model))),
-      m_frame(std::make_unique<platform::HostFrame>(m_product)) {
-    FollowLevel();
+    : Session(std::make_shared<File>(),
+              std::make_shared<platform::MemoryProduct>(std::move(document.model))) {
+    m_file->path = std::move(document.path);
+    m_file->notes = std::move(document.notes);
+    m_file->step = std::move(document.step);
+    m_file->mark = document.mark;
+    m_file->isProduct = !m_file->step && !document.isNew;
 }
 
-Session::~Session() = default;
+Session::Session(std::shared_ptr<File> file, std::shared_ptr<platform::MemoryProduct> product)
+    : m_file(std::move(file)), m_product(std::move(product)) {
+    m_product->SetObserver(this);
+    m_frame = std::make_unique<platform::HostFrame>(m_product);
+    m_file->views.push_back(this);
+    FollowLevel();
+    TellListeners();
+}
+
+Session::~Session() {
+    std::erase(m_file->views, this);
+    m_product->SetObserver(nullptr);
+    TellListeners();
+}
+
+std::size_t Session::GetNumber() const {
+    const auto place = std::ranges::find(m_file->views, this);
+    return IsAlone() ? 0 : static_cast<std::size_t>(place - m_file->views.begin()) + 1;
+}
+
+void Session::TellListeners() const {
+    for (const Session* const view : m_file->views) {
+        if (view->m_listener)
+            view->m_listener->OnProductChanged();
+    }
+}
+
+std::unique_ptr<Session> Session::MakeView() const {
+    return std::unique_ptr<Session>(new Session(m_file, m_product->MakeLook()));
+}
+
+void Session::Activate() {
+    m_frame->Activate();
+}
+
+// The panel that has made the change is at work and drops the echo.
+void Session::OnDocumentChanged(bool structure) {
+    m_frame->TellDocumentChanged(structure);
+    for (Session* const view : m_file->views)
+        view->FollowLevel();
+    TellListeners();
+}
+
+void Session::OnLookChanged() {
+    m_frame->GetTree().Synchronize();
+}
+
+void Session::OnSelectionChanged() {
+    m_frame->GetTree().SetSelectionByDoc();
+}
+
+void Session::OnHighlightChanged() {}
 
 platform::TreeTableView& Session::GetView() const {
     return m_frame->GetView();
@@ -162,7 +215,8 @@ bool Session::ShowAllParts(bool on) {
 bool Session::Enter(const platform::ProductLevel& level) {
     if (!m_product->EnterLevel(level))
         return false;
-    TellPanel();
+    FollowLevel();
+    m_frame->GetTree().Synchronize();
     return true;
 }
 
@@ -170,7 +224,7 @@ void Session::FollowLevel() {
     const platform::ProductModel& model = m_product->GetModel();
     const platform::ProductLevel& level = m_product->GetLevel();
     std::erase_if(m_way, [&](const platform::ProductLevel& entry) {
-        return !platform::OpensLevel(model, entry.assembly);
+        return !platform::IsInProduct(model, entry.assembly);
     });
     const auto known = std::ranges::find(m_way, level.assembly, &platform::ProductLevel::assembly);
     if (known != m_way.end()) {
@@ -230,14 +284,12 @@ void Session::SetEmbodimentMode(bool on) {
     if (!HasEmbodiments() || on == IsEmbodimentMode())
         return;
     m_product->SetEmbodimentMode(on);
-    m_frame->TellDocumentChanged(true);
+    m_frame->GetTree().Synchronize();
 }
 
 void Session::TakeMeasures(const step::Measures& measures) {
     m_product->Change([&](platform::ProductModel& model) { ApplyMeasures(model, measures); });
-    m_hasUnsavedMeasures = m_isProductFile;
-    // Objects that differ in mass alone are not alike.
-    m_frame->TellDocumentChanged(true);
+    m_file->hasUnsavedMeasures = m_file->isProduct;
 }
 
 std::optional<ValueLimits> Session::FindLimits(const std::wstring& columnId) const {
@@ -290,66 +342,59 @@ void Session::NumberPositions() {
 
 void Session::Undo() {
     m_product->Undo();
-    TellPanel();
 }
 
 void Session::Redo() {
     m_product->Redo();
-    TellPanel();
-}
-
-void Session::TellPanel() {
-    FollowLevel();
-    m_frame->TellDocumentChanged(m_product->IsRebuildRequired());
 }
 
 bool Session::IsModified() const {
-    return m_product->IsModified() || m_hasUnsavedMeasures || m_isFileGone;
+    return m_product->IsModified() || m_file->hasUnsavedMeasures || m_file->isGone;
 }
 
 std::filesystem::path Session::GetProductPath() const {
-    std::filesystem::path path = m_path;
-    return m_isProductFile ? path : path.replace_extension(c_productExtension);
+    std::filesystem::path path = m_file->path;
+    return m_file->isProduct ? path : path.replace_extension(c_productExtension);
 }
 
 std::optional<FileError> Session::SaveAs(const std::filesystem::path& path) {
     // What was written last needs no second look.
-    const bool isOurs = m_isProductFile && m_mark && FileMark::Take(path) == m_mark;
+    const bool isOurs = m_file->isProduct && m_file->mark && FileMark::Take(path) == m_file->mark;
     if (auto error = isOurs ? std::nullopt : FindWhatStands(path))
         return error;
     if (auto error = store::WriteProductFile(path, m_product->MakeSaved()))
         return error;
-    m_path = path;
-    m_isProductFile = true;
-    m_hasUnsavedMeasures = false;
-    m_isFileGone = false;
-    m_mark = FileMark::Take(path);
+    m_file->path = path;
+    m_file->isProduct = true;
+    m_file->hasUnsavedMeasures = false;
+    m_file->isGone = false;
+    m_file->mark = FileMark::Take(path);
     m_product->MarkSaved();
+    TellListeners();
     return std::nullopt;
 }
 
 FileNews Session::NoticeChangeOnDisk() {
-    if (!m_isProductFile)
+    if (!m_file->isProduct)
         return FileNews::None;
     std::error_code error;
-    const bool wasGone = std::exchange(m_isFileGone, !std::filesystem::exists(m_path, error));
-    if (m_isFileGone)
+    const bool wasGone =
+        std::exchange(m_file->isGone, !std::filesystem::exists(m_file->path, error));
+    if (m_file->isGone)
         return wasGone ? FileNews::None : FileNews::Gone;
-    const std::optional<FileMark> mark = FileMark::Take(m_path);
-    if (!mark || mark == m_mark)
+    const std::optional<FileMark> mark = FileMark::Take(m_file->path);
+    if (!mark || mark == m_file->mark)
         return FileNews::None;
-    m_mark = mark;
+    m_file->mark = mark;
     return FileNews::Changed;
 }
 
 std::optional<FileError> Session::Reload(const SharedText& stepName) {
-    auto read = store::ReadProductFile(m_path);
+    auto read = store::ReadProductFile(m_file->path);
     if (auto* error = std::get_if<FileError>(&read))
         return std::move(*error);
     m_product->Replace(std::get<platform::ProductModel>(std::move(read)), stepName);
-    m_hasUnsavedMeasures = false;
-    FollowLevel();
-    m_frame->TellDocumentChanged(true);
+    m_file->hasUnsavedMeasures = false;
     return std::nullopt;
 }
 

@@ -1,17 +1,18 @@
-// An open product: its document in memory, the panel that shows it, with or without a window, and
-// the file that it is saved to. It asks nobody: what to do about unsaved changes is the caller's
-// business. One exists at a time.
+// One view of an open product: the panel that shows it, with or without a window, on the document
+// in memory and the file that it is saved to, which it has in common with other views of the
+// product. It asks nobody: what to do about unsaved changes is the caller's business.
 #pragma once
 
 #include "desktop/Document.h"
+#include "platform/product/answers/MemoryProduct.h"
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace platform {
 class HostFrame;
 class IUserDecisions;
-class MemoryProduct;
 class TreeTableRow;
 class TreeTableView;
 } // namespace platform
@@ -24,6 +25,16 @@ struct ValueLimits {
     std::optional<double> max;
 };
 
+/// Hears of what a panel does not show, at the end of what has changed it. It may ask the session,
+/// and not change it.
+class ISessionListener {
+public:
+    virtual ~ISessionListener() = default;
+
+    /// What can be undone, what is saved and where, or how many views there are.
+    virtual void OnProductChanged() = 0;
+};
+
 enum class FileNews {
     None,
     /// Its contents are others.
@@ -32,19 +43,34 @@ enum class FileNews {
     Gone
 };
 
-class Session {
+class Session final : private platform::IProductObserver {
 public:
     /// The panel is built when this returns.
     explicit Session(Document document);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
-    ~Session();
+    ~Session() override;
+
+    /// Another view of the same product, which begins as this one is: with columns, folds and a
+    /// level of its own. What is edited in one is in the other at once; what is selected, too.
+    std::unique_ptr<Session> MakeView() const;
+    /// The only view of the product: what is not saved goes with it.
+    bool IsAlone() const { return m_file->views.size() == 1; }
+    bool IsOfSameProduct(const Session& other) const { return m_file == other.m_file; }
+    /// From 1 on among the views of the product; 0 for the only one.
+    std::size_t GetNumber() const;
+    /// The user works with this view now: questions come from there.
+    void Activate();
+    /// Null, as at first: nobody. It must be taken away before it goes.
+    void SetListener(ISessionListener* listener) { m_listener = listener; }
 
     platform::TreeTableView& GetView() const;
-    const std::filesystem::path& GetPath() const { return m_path; }
-    const std::vector<std::string>& GetNotes() const { return m_notes; }
+    /// The document as this view looks at it.
+    const platform::MemoryProduct& GetProduct() const { return *m_product; }
+    const std::filesystem::path& GetPath() const { return m_file->path; }
+    const std::vector<std::string>& GetNotes() const { return m_file->notes; }
     /// Null for a product file.
-    step::StepDocument* GetStep() const { return m_step.get(); }
+    step::StepDocument* GetStep() const { return m_file->step.get(); }
     /// Who answers when the product or the panel asks; null, as at first: nobody does.
     void SetDecisions(platform::IUserDecisions* decisions);
 
@@ -104,11 +130,12 @@ public:
     bool IsModified() const;
     /// False for a STEP file, of which a product file is saved beside it, and for a product that
     /// has no file yet.
-    bool IsProductFile() const { return m_isProductFile; }
+    bool IsProductFile() const { return m_file->isProduct; }
     /// The product file itself, or the usual name for one.
     std::filesystem::path GetProductPath() const;
-    /// The session is that of the written file from then on. With an error nothing has changed. A
-    /// file that holds something else than a product is not written over.
+    /// The product is that of the written file from then on, which keeps the columns of this view.
+    /// With an error nothing has changed. A file that holds something else than a product is not
+    /// written over.
     std::optional<FileError> SaveAs(const std::filesystem::path& path);
     /// What another program has done to the product file, each time once.
     FileNews NoticeChangeOnDisk();
@@ -117,27 +144,41 @@ public:
     std::optional<FileError> Reload(const SharedText& stepName);
 
 private:
-    void TellPanel();
+    /// What views of a product have in common beside its document.
+    struct File {
+        std::filesystem::path path;
+        std::vector<std::string> notes;
+        std::unique_ptr<step::StepDocument> step;
+        /// The product file as it was last read or written.
+        std::optional<FileMark> mark;
+        bool isProduct = false;
+        /// Measures came after the product was saved; the document does not count them as a change.
+        bool hasUnsavedMeasures = false;
+        /// Nothing of the product is on disk any more.
+        bool isGone = false;
+        std::vector<Session*> views;
+    };
+
+    Session(std::shared_ptr<File> file, std::shared_ptr<platform::MemoryProduct> product);
+
+    /// All views are told.
+    void TellListeners() const;
+    void OnDocumentChanged(bool structure) override;
+    void OnLookChanged() override;
+    void OnSelectionChanged() override;
+    void OnHighlightChanged() override;
     bool Enter(const platform::ProductLevel& level);
     /// The level may be another one: undoing goes where it was done.
     void FollowLevel();
     UniqueMetaObjectKey FindAssembly(const platform::TreeTableRow& row) const;
     SharedText NameOf(const UniqueMetaObjectKey& assembly) const;
 
-    std::filesystem::path m_path;
-    std::vector<std::string> m_notes;
-    std::unique_ptr<step::StepDocument> m_step;
-    /// The product file as it was last read or written.
-    std::optional<FileMark> m_mark;
-    bool m_isProductFile;
-    /// Measures came after the product was saved; the document does not count them as a change.
-    bool m_hasUnsavedMeasures = false;
-    /// Nothing of the product is on disk any more.
-    bool m_isFileGone = false;
+    std::shared_ptr<File> m_file;
     std::shared_ptr<platform::MemoryProduct> m_product;
     /// Of the levels that were opened one in the other; the last is the one that is shown.
     std::vector<platform::ProductLevel> m_way;
     std::unique_ptr<platform::HostFrame> m_frame;
+    ISessionListener* m_listener = nullptr;
 };
 
 } // namespace desktop

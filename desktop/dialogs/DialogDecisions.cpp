@@ -1,6 +1,7 @@
 #include "desktop/dialogs/DialogDecisions.h"
 
 #include "desktop/dialogs/ListDialog.h"
+#include "desktop/dialogs/ObjectDialog.h"
 #include "desktop/dialogs/PropertyDialog.h"
 #include "desktop/dialogs/SectionDialog.h"
 
@@ -77,6 +78,12 @@ std::optional<SharedText> DialogDecisions::EnterText(const platform::TextRequest
         QInputDialog::getText(&m_window, ToQString(request.title), ToQString(request.text),
                               QLineEdit::Normal, ToQString(request.present), &isEntered);
     return isEntered ? std::optional(SharedText(text.toStdWString())) : std::nullopt;
+}
+
+std::optional<UniqueMetaObjectKey>
+DialogDecisions::ChooseObject(const platform::ObjectRequest& request) {
+    ObjectDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? dialog.GetChoice() : std::nullopt;
 }
 
 std::optional<platform::PropertyChoice>

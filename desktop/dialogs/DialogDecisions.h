@@ -15,6 +15,8 @@ public:
     std::optional<std::size_t> Ask(const platform::Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const platform::FileRequest& request) override;
     std::optional<SharedText> EnterText(const platform::TextRequest& request) override;
+    std::optional<UniqueMetaObjectKey>
+    ChooseObject(const platform::ObjectRequest& request) override;
     std::optional<platform::PropertyChoice>
     ChooseProperty(const platform::PropertyRequest& request) override;
     std::optional<platform::SectionDecision>

@@ -1,5 +1,5 @@
-// Lets the user choose one property of one object: a list of the objects with a field that narrows
-// it, and the properties beside it.
+// Lets the user choose one property of one object: a list of the objects, and the properties beside
+// it.
 #pragma once
 
 #include "platform/services/UserDecisions.h"
@@ -8,9 +8,10 @@
 
 class QListWidget;
 class QPushButton;
-class QTreeWidget;
 
 namespace desktop {
+
+class ObjectList;
 
 class PropertyDialog final : public QDialog {
     Q_OBJECT
@@ -23,13 +24,11 @@ public:
     std::optional<platform::PropertyChoice> GetChoice() const;
 
 private:
-    void FillObjects();
     void FillProperties();
-    void Narrow(const QString& text);
     void OnChosen();
 
     const platform::PropertyRequest& m_request;
-    QTreeWidget* m_objects;
+    ObjectList* m_objects;
     QListWidget* m_properties;
     QPushButton* m_accept;
 };

@@ -85,12 +85,15 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     MakeFileMenu();
     MakeEditMenu();
     MakeViewMenu();
+    MakeWindowMenu();
     MakeStatusBar();
     connect(&m_watch, &FileWatch::Touched, this, &MainWindow::OnFileTouched);
     resize(c_usualSize);
 }
 
 MainWindow::~MainWindow() {
+    if (m_session)
+        m_session->SetListener(nullptr);
     m_masses->Stop();
     m_tree->ShowModel(nullptr);
 }
@@ -104,7 +107,8 @@ void MainWindow::MakeFileMenu() {
     file->addSeparator();
     m_encoding = file->addAction(tr("&Text Encoding..."), this, &MainWindow::ChooseEncoding);
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+    file->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), qApp,
+                    &QApplication::closeAllWindows);
 }
 
 void MainWindow::MakeEditMenu() {
@@ -212,6 +216,7 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     m_session = std::move(session);
     m_places.clear();
     m_session->SetDecisions(m_decisions.get());
+    m_session->SetListener(this);
     m_model = std::make_unique<TreeItemModel>(m_session->GetView());
     connect(m_model.get(), &TreeItemModel::PanelChanged, this, &MainWindow::ShowCaption);
     connect(m_model.get(), &TreeItemModel::RowStatesChanged, this, &MainWindow::ShowCounts);
@@ -243,7 +248,9 @@ void MainWindow::ShowCaption() {
     m_file->setText(file);
     m_tree->setHeaderHidden(!panel.areHeadsShown);
     // The caption of the panel stands above it, once.
-    setWindowTitle(file + QStringLiteral("[*]"));
+    const std::size_t number = m_session->GetNumber();
+    setWindowTitle(number == 0 ? file + QStringLiteral("[*]")
+                               : tr("%1[*] (view %2)").arg(file).arg(number));
 }
 
 void MainWindow::ShowCounts() {

@@ -1,6 +1,6 @@
-// The window of the program: the panel of one product below its caption, menus, and a status line
-// that tells what the product holds. It owns the open session, and sees to it that nothing the user
-// has done gets lost without his consent.
+// A window of the program: one view of a product below its caption, menus, and a status line that
+// tells what the product holds. It owns its session, and sees to it that nothing the user has done
+// gets lost without his consent. Several windows may show one product.
 #pragma once
 
 #include "desktop/Document.h"
@@ -35,7 +35,7 @@ class PanelTree;
 class TreeItemModel;
 class WindowMemory;
 
-class MainWindow final : public QMainWindow {
+class MainWindow final : public QMainWindow, private ISessionListener {
     Q_OBJECT
 
 public:
@@ -61,14 +61,19 @@ public:
     void TakeUpView();
     /// Asks for the size that shows the rows without scrolling, within what a screen holds.
     void FitToRows();
+    /// Another window with a view of the same product, which begins as this one is and belongs to
+    /// itself. Null while an input in this one is refused.
+    MainWindow* OpenView();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void MakeFileMenu();
     void MakeEditMenu();
     void MakeViewMenu();
+    void MakeWindowMenu();
     QWidget* MakePanel();
     void MakeStatusBar();
 
@@ -85,6 +90,9 @@ private:
     void TakeFileNews();
     bool MayReload();
     void KeepView();
+    void OnProductChanged() override;
+    /// The parts go on being measured in another window with the product.
+    void HandOverMasses();
     void TellError(const QString& title, const std::filesystem::path& path, const FileError& error);
 
     void AddLevelActions(QMenu& view);

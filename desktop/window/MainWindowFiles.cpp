@@ -61,7 +61,6 @@ void MainWindow::ChooseEncoding() {
 void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOptions& options) {
     if (!MayLeave())
         return;
-    // Two documents must not be worked on at the same time.
     const bool wasMeasuring = m_masses->IsWorking();
     m_masses->Stop();
     std::unique_ptr<Session> session;
@@ -70,8 +69,9 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
         const WaitCursor wait;
         auto opened = OpenDocument(path, options);
         if (auto* document = std::get_if<Document>(&opened)) {
-            // One session at a time: the frame of the old one goes before that of the new comes.
             KeepView();
+            if (wasMeasuring)
+                HandOverMasses();
             m_tree->ShowModel(nullptr);
             m_model.reset();
             m_session.reset();
@@ -138,7 +138,7 @@ bool MainWindow::MayLeave() {
         return true;
     if (!m_tree->CommitEditor())
         return false;
-    if (!m_session->IsModified())
+    if (!m_session->IsModified() || !m_session->IsAlone())
         return true;
     enum Answer : std::size_t { AnswerSave, AnswerDiscard };
     platform::Question question;
@@ -155,7 +155,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    const bool wasMeasuring = m_masses->IsWorking();
     m_masses->Stop();
+    if (wasMeasuring)
+        HandOverMasses();
     KeepView();
     QMainWindow::closeEvent(event);
 }

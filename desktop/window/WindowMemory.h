@@ -30,6 +30,7 @@ public:
     /// `file` is the settings' own.
     explicit WindowMemory(const QString& file) : m_settings(file, QSettings::IniFormat) {}
 
+    QString GetFile() const { return m_settings.fileName(); }
     /// No value for a file that was never left.
     std::optional<FileState> Find(const QString& product) const;
     /// Of more files than are worth it, those left longest ago are forgotten.

@@ -46,12 +46,20 @@ void TellOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext&, const QStrin
         std::fprintf(stderr, "product-tree: %s\n", qPrintable(message));
 }
 
+/// Windows belong to themselves: any of them may be the last that is closed, and what a closed one
+/// has shown is let go of.
+MainWindow& MakeWindow(std::unique_ptr<Session> session) {
+    auto* const window = new MainWindow;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->Show(std::move(session));
+    return *window;
+}
+
 } // namespace
 
 int RunWindow(std::unique_ptr<Session> session) {
     Application application;
-    MainWindow window;
-    window.Show(std::move(session));
+    MainWindow& window = MakeWindow(std::move(session));
     // A screen may be small, or scaled.
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
     window.RememberIn(std::make_unique<WindowMemory>(
@@ -66,8 +74,7 @@ int RunWindow(std::unique_ptr<Session> session) {
 
 void RunEmptyWindow(const std::filesystem::path& path, const FileError& error) {
     Application application;
-    MainWindow window;
-    window.Show(std::make_unique<Session>(MakeEmptyDocument()));
+    MainWindow& window = MakeWindow(std::make_unique<Session>(MakeEmptyDocument()));
     window.show();
     window.TellUnopened(path, error);
     application.Run();

@@ -73,15 +73,18 @@ IItApplication* GetItApplicationObject();
 /// The place that GuiApp answers from. A host fills it for as long as it runs.
 class GuiAppSlot {
 public:
-    /// `app` is the running application until this object goes, then the one before it is again;
-    /// several slots go in the reverse order of their coming.
+    /// `app` is the running application until another one comes or this object goes; then one that
+    /// was before it is. An application has one slot.
     explicit GuiAppSlot(IGuiApp& app);
     GuiAppSlot(const GuiAppSlot&) = delete;
     GuiAppSlot& operator=(const GuiAppSlot&) = delete;
     ~GuiAppSlot();
 
+    /// It is the one that runs, again: the user works with it.
+    void MakeCurrent();
+
 private:
-    IGuiApp* m_previous;
+    IGuiApp& m_app;
 };
 
 /// The caption of a usual button in the user's language: 8 agrees, 1 cancels. Empty for a number

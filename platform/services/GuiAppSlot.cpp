@@ -1,19 +1,24 @@
 #include "host/frame/GuiApp.h"
-
-#include <utility>
+#include "platform/services/SlotStack.h"
 
 namespace {
 
-IGuiApp* s_app = nullptr;
+platform::SlotStack<IGuiApp> s_apps;
 
 } // namespace
 
 IGuiApp* GuiApp() {
-    return s_app;
+    return s_apps.GetCurrent();
 }
 
-GuiAppSlot::GuiAppSlot(IGuiApp& app) : m_previous(std::exchange(s_app, &app)) {}
+GuiAppSlot::GuiAppSlot(IGuiApp& app) : m_app(app) {
+    s_apps.Add(app);
+}
 
 GuiAppSlot::~GuiAppSlot() {
-    s_app = m_previous;
+    s_apps.Remove(m_app);
+}
+
+void GuiAppSlot::MakeCurrent() {
+    s_apps.MakeCurrent(m_app);
 }

@@ -1,12 +1,14 @@
 #include "platform/services/UserDecisions.h"
 
+#include "platform/services/SlotStack.h"
+
 #include <utility>
 
 namespace platform {
 
 namespace {
 
-IUserDecisions* s_decisions = nullptr;
+SlotStack<IUserDecisions> s_decisions;
 
 template <class T>
 std::optional<T> TakeFirst(std::deque<std::optional<T>>& script) {
@@ -20,14 +22,19 @@ std::optional<T> TakeFirst(std::deque<std::optional<T>>& script) {
 } // namespace
 
 IUserDecisions* GetUserDecisions() {
-    return s_decisions;
+    return s_decisions.GetCurrent();
 }
 
-UserDecisionsSlot::UserDecisionsSlot(IUserDecisions& decisions)
-    : m_previous(std::exchange(s_decisions, &decisions)) {}
+UserDecisionsSlot::UserDecisionsSlot(IUserDecisions& decisions) : m_decisions(decisions) {
+    s_decisions.Add(decisions);
+}
 
 UserDecisionsSlot::~UserDecisionsSlot() {
-    s_decisions = m_previous;
+    s_decisions.Remove(m_decisions);
+}
+
+void UserDecisionsSlot::MakeCurrent() {
+    s_decisions.MakeCurrent(m_decisions);
 }
 
 std::optional<std::size_t> ScriptedDecisions::Ask(const Question& question) {
@@ -43,6 +50,11 @@ std::optional<std::filesystem::path> ScriptedDecisions::ChooseFile(const FileReq
 std::optional<SharedText> ScriptedDecisions::EnterText(const TextRequest& request) {
     m_textRequests.push_back(request);
     return TakeFirst(m_texts);
+}
+
+std::optional<UniqueMetaObjectKey> ScriptedDecisions::ChooseObject(const ObjectRequest& request) {
+    m_objectRequests.push_back(request);
+    return TakeFirst(m_objects);
 }
 
 std::optional<PropertyChoice> ScriptedDecisions::ChooseProperty(const PropertyRequest& request) {

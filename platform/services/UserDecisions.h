@@ -50,14 +50,22 @@ struct PropertyChoice {
     friend bool operator==(const PropertyChoice&, const PropertyChoice&) = default;
 };
 
+/// An object as the user knows it.
+struct OfferedObject {
+    UniqueMetaObjectKey key;
+    /// Both may be empty.
+    SharedText name;
+    SharedText designation;
+};
+
+/// One of these objects is to be chosen.
+struct ObjectRequest {
+    SharedText title;
+    std::vector<OfferedObject> objects;
+};
+
 /// One of these objects with one of these properties is to be chosen.
 struct PropertyRequest {
-    struct Object {
-        UniqueMetaObjectKey key;
-        /// As the user knows it; may be empty.
-        SharedText name;
-        SharedText designation;
-    };
     struct Property {
         /// Column id.
         SharedText id;
@@ -65,7 +73,7 @@ struct PropertyRequest {
     };
 
     SharedText title;
-    std::vector<Object> objects;
+    std::vector<OfferedObject> objects;
     std::vector<Property> properties;
     /// What is chosen now; no value: nothing. It need not be among those offered.
     std::optional<PropertyChoice> present;
@@ -115,6 +123,7 @@ public:
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;
     /// No value when the user has cancelled. An empty text is an answer.
     virtual std::optional<SharedText> EnterText(const TextRequest& request) = 0;
+    virtual std::optional<UniqueMetaObjectKey> ChooseObject(const ObjectRequest& request) = 0;
     virtual std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) = 0;
     virtual std::optional<SectionDecision> ChooseSection(const SectionRequest& request) = 0;
     /// Which lines are chosen now, as many as were offered.
@@ -128,14 +137,17 @@ IUserDecisions* GetUserDecisions();
 
 class UserDecisionsSlot {
 public:
-    /// `decisions` decide until this object goes, then those before them again.
+    /// `decisions` decide until others come or this object goes, then others that are there.
     explicit UserDecisionsSlot(IUserDecisions& decisions);
     UserDecisionsSlot(const UserDecisionsSlot&) = delete;
     UserDecisionsSlot& operator=(const UserDecisionsSlot&) = delete;
     ~UserDecisionsSlot();
 
+    /// They decide again: the user works there.
+    void MakeCurrent();
+
 private:
-    IUserDecisions* m_previous;
+    IUserDecisions& m_decisions;
 };
 
 /// Answers from a script, in its order, and keeps what it was asked. When the script has run out
@@ -148,6 +160,9 @@ public:
     }
 
     void EnterNext(std::optional<SharedText> text) { m_texts.push_back(std::move(text)); }
+    void ChooseNextObject(std::optional<UniqueMetaObjectKey> object) {
+        m_objects.push_back(std::move(object));
+    }
     void ChooseNextProperty(std::optional<PropertyChoice> choice) {
         m_properties.push_back(std::move(choice));
     }
@@ -161,6 +176,7 @@ public:
     const std::vector<Question>& GetQuestions() const { return m_questions; }
     const std::vector<FileRequest>& GetFileRequests() const { return m_fileRequests; }
     const std::vector<TextRequest>& GetTextRequests() const { return m_textRequests; }
+    const std::vector<ObjectRequest>& GetObjectRequests() const { return m_objectRequests; }
     const std::vector<PropertyRequest>& GetPropertyRequests() const { return m_propertyRequests; }
     const std::vector<SectionRequest>& GetSectionRequests() const { return m_sectionRequests; }
     const std::vector<ListRequest>& GetListRequests() const { return m_listRequests; }
@@ -169,6 +185,7 @@ public:
     std::optional<std::size_t> Ask(const Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
     std::optional<SharedText> EnterText(const TextRequest& request) override;
+    std::optional<UniqueMetaObjectKey> ChooseObject(const ObjectRequest& request) override;
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
     std::optional<SectionDecision> ChooseSection(const SectionRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) override;
@@ -178,12 +195,14 @@ private:
     std::deque<std::optional<std::size_t>> m_buttons;
     std::deque<std::optional<std::filesystem::path>> m_files;
     std::deque<std::optional<SharedText>> m_texts;
+    std::deque<std::optional<UniqueMetaObjectKey>> m_objects;
     std::deque<std::optional<PropertyChoice>> m_properties;
     std::deque<std::optional<SectionDecision>> m_sections;
     std::deque<std::optional<std::vector<bool>>> m_lines;
     std::vector<Question> m_questions;
     std::vector<FileRequest> m_fileRequests;
     std::vector<TextRequest> m_textRequests;
+    std::vector<ObjectRequest> m_objectRequests;
     std::vector<PropertyRequest> m_propertyRequests;
     std::vector<SectionRequest> m_sectionRequests;
     std::vector<ListRequest> m_listRequests;

@@ -85,6 +85,7 @@ public:
     }
 
     void SetPopupMenus(IPopupMenuTracker* tracker) { m_menus = tracker; }
+    void Activate() { m_slot.MakeCurrent(); }
 
     TreeTableView& GetView() const { return *m_view; }
     Manager& GetManager() const { return *m_manager; }
@@ -138,6 +139,10 @@ ITreeWrapper& HostFrame::GetWrapper() const {
 
 std::shared_ptr<TreeModelId> HostFrame::GetTreeId() const {
     return m_application->GetManager().GetTreeId();
+}
+
+void HostFrame::Activate() {
+    m_application->Activate();
 }
 
 void HostFrame::SetDecisions(IUserDecisions* decisions) {

@@ -1,6 +1,6 @@
 // The smallest host that a panel can stand in: application, tree manager and owner around one view
-// in memory. Tests and the program make one for each open product. It fills the application's slot
-// as long as it lives; several frames must go in the reverse order of their coming.
+// in memory. Tests and the program make one for each panel. It fills the application's slot as long
+// as it lives; of several frames, which may go in any order, the last that came or was activated.
 #pragma once
 
 #include "host/frame/ITreeWrapper.h"
@@ -41,6 +41,8 @@ public:
     /// The id that the tree has registered with the manager; null when it did not.
     std::shared_ptr<TreeModelId> GetTreeId() const;
 
+    /// The user works with this panel now.
+    void Activate();
     /// Who answers the panel's questions; null: nobody can be asked. They must be taken away before
     /// they go.
     void SetDecisions(IUserDecisions* decisions);

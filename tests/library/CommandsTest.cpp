@@ -55,6 +55,8 @@ class Observer final : public platform::IProductObserver {
 public:
     explicit Observer(std::function<void()> selection) : m_selection(std::move(selection)) {}
 
+    void OnDocumentChanged(bool) override {}
+    void OnLookChanged() override {}
     void OnSelectionChanged() override { m_selection(); }
     void OnHighlightChanged() override {}
 
@@ -215,12 +217,19 @@ TEST(Menus, OfferWhatTheRowsCanDoAndRunItWhenTheyHaveClosed) {
     MenuPanel panel(Parts().Columns({L"comment", L"position"}));
     panel.Select({});
     panel.View().ShowRowMenuByUser(panel.Row(0), L"name");
-    EXPECT_EQ(panel.menus.TakeCommands(), "7753 7764 7746 7758 ");
+    EXPECT_EQ(panel.menus.TakeCommands(), "7753 7764 7757 7746 7758 ");
     EXPECT_TRUE(panel.menus.Choose(7764));
     EXPECT_EQ(panel.Dump(), "r [a |  (billet 1) | b (x2) [b | b] | c]");
     EXPECT_FALSE(panel.menus.Choose(7764)) << "the menu is done with";
     panel.data->Undo();
     panel.Tree().Synchronize();
+    panel.View().ShowRowMenuByUser(panel.Row(0), L"name");
+    panel.decisions.ChooseNextObject(Key("c"));
+    EXPECT_TRUE(panel.menus.Choose(7757));
+    EXPECT_EQ(panel.Dump(), "r [b (x2) [b | b] | c | a (billet 3)]");
+    panel.data->Undo();
+    panel.Tree().Synchronize();
+    EXPECT_EQ(panel.Dump(), "r [a | b (x2) [b | b] | c]");
 
     panel.Select({0, 2});
     panel.View().ShowRowMenuByUser(panel.Row(1), L"comment");

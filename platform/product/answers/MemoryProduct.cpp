@@ -9,9 +9,16 @@
 namespace platform {
 
 MemoryProduct::MemoryProduct(ProductModel model)
-    : m_state(std::make_unique<State>(std::move(model))) {}
+    : MemoryProduct(std::make_shared<State>(std::move(model)), std::make_unique<Look>()) {}
+
+MemoryProduct::MemoryProduct(std::shared_ptr<State> state, std::unique_ptr<Look> look)
+    : m_state(std::move(state), std::move(look)) {}
 
 MemoryProduct::~MemoryProduct() = default;
+
+std::shared_ptr<MemoryProduct> MemoryProduct::MakeLook() {
+    return m_state.Split();
+}
 
 const ProductModel& MemoryProduct::GetModel() const {
     return m_state->model;
@@ -61,7 +68,7 @@ ProductModel MemoryProduct::MakeSaved() const {
 }
 
 void MemoryProduct::SetDecisions(IUserDecisions* decisions) {
-    m_state->decisions = decisions;
+    m_state->look->decisions = decisions;
 }
 
 bool MemoryProduct::CanUndo() const {
@@ -109,7 +116,7 @@ void MemoryProduct::MarkSaved() {
 }
 
 std::uint64_t MemoryProduct::GetChangeStamp() const {
-    return m_state->stamp;
+    return m_state->stamp + m_state->look->stamp;
 }
 
 bool MemoryProduct::IsReadOnly() const {
@@ -117,12 +124,12 @@ bool MemoryProduct::IsReadOnly() const {
 }
 
 bool MemoryProduct::IsRebuildRequired() const {
-    return m_state->isRebuildRequired;
+    return m_state->look->isRebuildRequired;
 }
 
 void MemoryProduct::BeginRebuild() {
-    m_state->retired.clear();
-    m_state->isRebuildRequired = false;
+    m_state->look->retired.clear();
+    m_state->look->isRebuildRequired = false;
 }
 
 void MemoryProduct::PrepareData() {}
@@ -243,7 +250,7 @@ bool MemoryProduct::IsEmbodimentMode() const {
 }
 
 void MemoryProduct::SetEmbodimentMode(bool on) {
-    m_state->isRebuildRequired |= m_state->model.embodimentMode != on;
+    m_state->look->isRebuildRequired |= m_state->model.embodimentMode != on;
     m_state->model.embodimentMode = on;
 }
 
@@ -266,7 +273,7 @@ std::wstring MemoryProduct::GetEmbodimentFilter() const {
 void MemoryProduct::SetEmbodimentFilter(const std::wstring& text) {
     m_state->model.embodimentFilter = text;
     m_state->areColumnsUnsaved |= !m_state->model.isReadOnly;
-    ++m_state->stamp;
+    ++m_state->look->stamp;
 }
 
 } // namespace platform

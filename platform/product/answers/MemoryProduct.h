@@ -18,14 +18,21 @@ namespace platform {
 
 class IUserDecisions;
 
-/// Whoever shows the product hears what is no change of it. No operation may call the product back
-/// but to ask.
+/// Whoever shows one of the looks at a document. Called at the end of what the product does, when
+/// it may be asked and changed again. A panel that is at work itself drops what it is told
+/// meanwhile.
 class IProductObserver {
 public:
     virtual ~IProductObserver() = default;
 
+    /// The document was changed by way of this look: all panels on it are to be told. `structure`:
+    /// which rows there are, and not values alone.
+    virtual void OnDocumentChanged(bool structure) = 0;
+    /// Other columns are to be shown in this look, or another level.
+    virtual void OnLookChanged() = 0;
+    /// The selection, which all looks at the document have in common, was changed by any of them.
     virtual void OnSelectionChanged() = 0;
-    /// Something is highlighted now, or nothing any more.
+    /// Something is highlighted now in all looks, or nothing any more.
     virtual void OnHighlightChanged() = 0;
 };
 
@@ -42,6 +49,11 @@ public:
     MemoryProduct(const MemoryProduct&) = delete;
     MemoryProduct& operator=(const MemoryProduct&) = delete;
     ~MemoryProduct() override;
+
+    /// Another look at the same document, for another panel. It begins as this one looks: the
+    /// level, the columns and which embodiments are seen are its own from then on. All else is the
+    /// document's, which lives as long as the last of them.
+    std::shared_ptr<MemoryProduct> MakeLook();
 
     const ProductModel& GetModel() const;
     /// Changes the document, but not as a step of the user's: it can't be undone and leaves nothing
@@ -63,11 +75,12 @@ public:
     /// How the product is to be stored, whatever level is shown.
     ProductModel MakeSaved() const;
 
-    /// Who is asked where a command needs an answer; null at first: nobody, and such a command does
-    /// nothing. Must outlive the product.
+    /// Who is asked where a command of this look needs an answer; null at first: nobody, and such a
+    /// command does nothing. Must outlive the product.
     void SetDecisions(IUserDecisions* decisions);
 
-    /// Null at first and after the observer has gone: nothing can be highlighted then.
+    /// Of this look. Null at first and after the observer has gone: nothing can be highlighted
+    /// then.
     void SetObserver(IProductObserver* observer);
     /// What is highlighted; no value for nothing.
     const std::optional<Highlighting>& GetHighlighting() const;
@@ -79,8 +92,7 @@ public:
     /// What the next step back or forth did, in the user's words; empty when there is none.
     SharedText GetUndoName() const;
     SharedText GetRedoName() const;
-    /// The change stamp moves when there is a step. Whoever shows the product catches up then as
-    /// IsRebuildRequired says.
+    /// The change stamp moves when there is a step.
     void Undo();
     void Redo();
     /// Why a value was not taken since the last time that this was asked, in the user's words;
@@ -279,8 +291,31 @@ public:
 
 private:
     struct State;
+    struct Look;
 
-    std::unique_ptr<State> m_state;
+    /// The way to the state of the document, which is turned to this look before it is asked.
+    class Entrance {
+    public:
+        Entrance(std::shared_ptr<State> state, std::unique_ptr<Look> look);
+        Entrance(const Entrance&) = delete;
+        Entrance& operator=(const Entrance&) = delete;
+        ~Entrance();
+
+        State* operator->() const;
+        /// A look at the same document like this one.
+        std::shared_ptr<MemoryProduct> Split() const;
+
+    private:
+        std::shared_ptr<State> m_state;
+        std::unique_ptr<Look> m_look;
+    };
+
+    MemoryProduct(std::shared_ptr<State> state, std::unique_ptr<Look> look);
+
+    /// Asks for the property that these are to show, which have a link or have none yet.
+    bool ChooseLinks(const std::vector<PropertyRef>& refs, bool areNew);
+
+    Entrance m_state;
 };
 
 } // namespace platform

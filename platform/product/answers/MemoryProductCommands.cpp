@@ -89,7 +89,7 @@ ProductInfObjChangesResult MemoryProduct::MakeRegWithDescChanges(const UniqueMet
 }
 
 void MemoryProduct::SetObserver(IProductObserver* observer) {
-    m_state->observer = observer;
+    m_state->look->observer = observer;
 }
 
 std::vector<UniqueMetaObjectKey> MemoryProduct::GetSelectedKeys() const {
@@ -100,8 +100,7 @@ void MemoryProduct::SetSelectedKeys(const std::vector<UniqueMetaObjectKey>& keys
     if (m_state->selected == keys)
         return;
     m_state->selected = keys;
-    if (m_state->observer)
-        m_state->observer->OnSelectionChanged();
+    m_state->TellAll(&IProductObserver::OnSelectionChanged);
 }
 
 const std::optional<Highlighting>& MemoryProduct::GetHighlighting() const {
@@ -114,7 +113,7 @@ void MemoryProduct::Highlight(const UniqueMetaObjectKey& key, const SharedText& 
         return;
     m_state->highlighting = Highlighting{key, name};
     m_state->highlightDone = std::move(done);
-    m_state->observer->OnHighlightChanged();
+    m_state->TellAll(&IProductObserver::OnHighlightChanged);
 }
 
 void MemoryProduct::EndHighlighting() {
@@ -123,8 +122,7 @@ void MemoryProduct::EndHighlighting() {
     m_state->highlighting.reset();
     const std::shared_ptr<std::function<void()>> done = m_state->highlightDone.lock();
     m_state->highlightDone.reset();
-    if (m_state->observer)
-        m_state->observer->OnHighlightChanged();
+    m_state->TellAll(&IProductObserver::OnHighlightChanged);
     if (done)
         (*done)();
 }
@@ -168,23 +166,26 @@ bool MemoryProduct::RunPanelCommand() {
 }
 
 void MemoryProduct::ManageProperties() {
-    if (!m_state->decisions)
+    IUserDecisions* const decisions = m_state->look->decisions;
+    if (!decisions)
         return;
     ListRequest request;
     request.title = GetText(ProductText::ColumnsTitle);
-    std::vector<std::wstring> ids;
-    const std::vector<unsigned long>& shown = m_state->model.visibleProperties;
+    std::vector<unsigned long> offered;
+    const std::vector<unsigned long> shown = m_state->model.visibleProperties;
     for (const IfPropertyDescription* const description : GetPropertyDescriptions()) {
         const unsigned long number = description->GetId();
         if (number == ProductProperties::nameId || number == ProductProperties::markingId)
             continue;
         request.lines.push_back(
             {m_state->GetCaption(number), std::ranges::find(shown, number) != shown.end()});
-        ids.push_back(ProductProperties::GetPath(number));
+        offered.push_back(number);
     }
-    const std::optional<std::vector<bool>> chosen = m_state->decisions->ChooseSeveral(request);
-    for (std::size_t i = 0; chosen && i < ids.size() && i < chosen->size(); ++i)
-        SetColumnVisible(ids[i], (*chosen)[i]);
+    const std::optional<std::vector<bool>> chosen = decisions->ChooseSeveral(request);
+    for (std::size_t i = 0; chosen && i < offered.size() && i < chosen->size(); ++i)
+        SetColumnVisible(ProductProperties::GetPath(offered[i]), (*chosen)[i]);
+    if (m_state->model.visibleProperties != shown)
+        m_state->TellOfLook();
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "host/ProductProperties.h"
-#include "platform/product/answers/LinkDialog.h"
+#include "platform/product/answers/LinkTargets.h"
 #include "platform/product/answers/MemoryProductState.h"
+#include "platform/services/UserDecisions.h"
 
 #include <algorithm>
 
@@ -90,23 +91,35 @@ bool MemoryProduct::CanDestroyHypertext(const PropertyRef& ref) const {
 }
 
 bool MemoryProduct::InsertHypertext(const std::vector<PropertyRef>& refs) {
-    if (!m_state->decisions)
-        return false;
-    const EditRules rules = m_state->GetRules();
-    LinkDialog dialog(rules, *m_state->descriptions, *m_state->decisions);
-    const ValuePlan plan = dialog.Ask(FindHolders(
-        rules, refs, [this](const PropertyRef& ref) { return CanInsertHypertext(ref, 0); }));
-    return m_state->Do({GetText(ProductText::Link), plan.MakeEdits()});
+    return ChooseLinks(refs, true);
 }
 
 bool MemoryProduct::EditHypertext(const std::vector<PropertyRef>& refs) {
-    if (!m_state->decisions)
+    return ChooseLinks(refs, false);
+}
+
+// Parts are looked up again after the question: another panel may have been drawn meanwhile, at
+// another level.
+bool MemoryProduct::ChooseLinks(const std::vector<PropertyRef>& refs, bool areNew) {
+    IUserDecisions* const decisions = m_state->look->decisions;
+    if (!decisions)
         return false;
-    const EditRules rules = m_state->GetRules();
-    LinkDialog dialog(rules, *m_state->descriptions, *m_state->decisions);
-    const ValuePlan plan = dialog.Ask(
-        FindHolders(rules, refs, [this](const PropertyRef& ref) { return CanEditHypertext(ref); }));
-    return m_state->Do({GetText(ProductText::LinkEdit), plan.MakeEdits()});
+    const auto findHolders = [&] {
+        return FindHolders(m_state->GetRules(), refs, [&](const PropertyRef& ref) {
+            return areNew ? CanInsertHypertext(ref, 0) : CanEditHypertext(ref);
+        });
+    };
+    const std::optional<PropertyChoice> choice = decisions->ChooseProperty(
+        LinkTargets(m_state->GetRules(), *m_state->descriptions).MakeRequest(findHolders()));
+    if (!choice)
+        return false;
+    const LinkTargets targets(m_state->GetRules(), *m_state->descriptions);
+    const LinkTargets::Plan plan = targets.MakePlan(findHolders(), *choice);
+    const bool isDone = m_state->Do(
+        {GetText(areNew ? ProductText::Link : ProductText::LinkEdit), plan.links.MakeEdits()});
+    if (plan.isAnyRefused)
+        decisions->Tell(GetText(ProductText::LinkTitle), GetText(ProductText::LinkRefused));
+    return isDone;
 }
 
 void MemoryProduct::DestroyHypertext(const std::vector<PropertyRef>& refs) {

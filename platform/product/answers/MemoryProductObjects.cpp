@@ -29,6 +29,25 @@ ObjectRecord MakeBillet(const ObjectRecord& owner, UniqueMetaObjectKey key) {
     return billet;
 }
 
+bool HasBillet(const ProductModel& model, const UniqueMetaObjectKey& owner) {
+    return std::ranges::any_of(model.objects, [&](const ObjectRecord& object) {
+        return object.billet != BilletKind::None && object.billetOwner == owner;
+    });
+}
+
+/// What the object can become a billet of.
+ObjectRequest MakeOwnersRequest(const ProductModel& model, const ObjectRecord& billet) {
+    ObjectRequest request;
+    request.title = GetText(ProductText::BilletOwnerTitle);
+    for (const ObjectRecord& object : model.objects) {
+        if (object.billet == BilletKind::None && !(object.key == billet.key))
+            request.objects.push_back(
+                {object.key, object.name,
+                 object.marking.Make(VariantMarkingData::MakeAll, false, false)});
+    }
+    return request;
+}
+
 SharedText NameOf(const PartEntry& part) {
     const SharedText name = part.object->record->name;
     return name.IsEmpty()
@@ -40,7 +59,7 @@ SharedText NameOf(const PartEntry& part) {
 
 bool MemoryProduct::CanHighlight(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
-    return m_state->observer && part && !part->isRoot && part->isShown;
+    return m_state->look->observer && part && !part->isRoot && part->isShown;
 }
 
 bool MemoryProduct::CanDelete(const UniqueMetaObjectKey& key) const {
@@ -94,13 +113,47 @@ bool MemoryProduct::DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) {
     return m_state->Do({std::move(name), deletion.MakeEdits()});
 }
 
-// An object of this document is no billet of another one.
-
-bool MemoryProduct::CanConvertToBillet(const UniqueMetaObjectKey& /*key*/) const {
-    return false;
+// What is used several times, built up of others or has a billet itself is none.
+bool MemoryProduct::CanConvertToBillet(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    if (!part || part->isRoot || m_state->IsStructureFixed() || !m_state->look->decisions)
+        return false;
+    const ObjectRecord& object = *part->object->record;
+    return object.billet == BilletKind::None && object.occurrences.size() <= 1 &&
+           !OpensLevel(m_state->model, object.key) && !HasBillet(m_state->model, object.key) &&
+           !MakeOwnersRequest(m_state->model, object).objects.empty();
 }
 
-void MemoryProduct::ConvertToBillet(const UniqueMetaObjectKey& /*key*/) {}
+// Billets have no uses: they stand behind their owner.
+void MemoryProduct::ConvertToBillet(const UniqueMetaObjectKey& key) {
+    if (!CanConvertToBillet(key))
+        return;
+    const UniqueMetaObjectKey object = m_state->index.Find(key)->owner->key;
+    const std::optional<UniqueMetaObjectKey> chosen = m_state->look->decisions->ChooseObject(
+        MakeOwnersRequest(m_state->model, *m_state->index.Find(key)->object->record));
+    const PartEntry* const owner = chosen ? m_state->index.Find(*chosen) : nullptr;
+    const PartEntry* const part = m_state->index.Find(object);
+    if (!owner || owner->isUse || owner->isRoot || !part || owner == part)
+        return;
+    ObjectRecord billet = *part->object->record;
+    billet.occurrences.clear();
+    billet.section = owner->object->record->section;
+    billet.billet = BilletKind::Manual;
+    billet.billetOwner = owner->key;
+    std::erase_if(billet.properties,
+                  [](const auto& value) { return value.first == number::position; });
+    const std::size_t ownerPlace = m_state->index.GetPlace(*owner).object;
+    const bool isBefore = m_state->index.GetPlace(*part).object < ownerPlace;
+    StructureChange gone;
+    gone.objects = RecordsSwap<ObjectRecord>(std::vector{object});
+    StructureChange come;
+    come.objects = RecordsSwap<ObjectRecord>(std::move(billet), ownerPlace + (isBefore ? 0 : 1));
+    Step step;
+    step.name = GetText(ProductText::BilletConversion, {NameOf(*part)});
+    step.edits.push_back(std::make_unique<StructureEdit>(std::move(gone)));
+    step.edits.push_back(std::make_unique<StructureEdit>(std::move(come)));
+    m_state->Do(std::move(step));
+}
 
 bool MemoryProduct::CanShowItemProperties(const UniqueMetaObjectKey& key) const {
     return m_state->index.Find(key) != nullptr;
@@ -108,18 +161,32 @@ bool MemoryProduct::CanShowItemProperties(const UniqueMetaObjectKey& key) const 
 
 void MemoryProduct::ShowItemProperties(const UniqueMetaObjectKey& key) {
     const PartEntry* const part = m_state->index.Find(key);
-    if (part && m_state->decisions)
-        m_state->decisions->Tell(GetText(ProductText::ItemPropertiesTitle),
-                                 ListProperties(m_state->index, *m_state->descriptions, *part));
+    if (part && m_state->look->decisions)
+        m_state->look->decisions->Tell(
+            GetText(ProductText::ItemPropertiesTitle),
+            ListProperties(m_state->index, *m_state->descriptions, *part));
 }
 
-// There is no tree of features beside the product.
+// In a list of all parts, where a part stands in the structure is its assembly.
 
-bool MemoryProduct::CanGotoFeature(const UniqueMetaObjectKey& /*key*/) const {
-    return false;
+bool MemoryProduct::CanGotoFeature(const UniqueMetaObjectKey& key) const {
+    const PartEntry* const part = m_state->index.Find(key);
+    return part && !part->isRoot && m_state->model.level.allParts;
 }
 
-void MemoryProduct::GotoFeature(const UniqueMetaObjectKey& /*key*/) {}
+void MemoryProduct::GotoFeature(const UniqueMetaObjectKey& key) {
+    if (!CanGotoFeature(key))
+        return;
+    const UniqueMetaObjectKey object = m_state->index.Find(key)->owner->key;
+    const UniqueMetaObjectKey user =
+        FindUser(m_state->model, m_state->model.level.assembly, object);
+    if (user.IsEmpty() || !EnterLevel({user, false}))
+        return;
+    const PartEntry* const part = m_state->index.Find(object);
+    const std::span<const PartEntry> uses =
+        part ? m_state->index.GetUsesOf(*part) : std::span<const PartEntry>();
+    SetSelectedKeys({uses.empty() ? object : uses.front().key});
+}
 
 bool MemoryProduct::CanAddBillet(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);

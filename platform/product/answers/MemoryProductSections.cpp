@@ -25,16 +25,16 @@ SectionRequest MakeRequest(const std::vector<StyleSection>& sections, const Prop
 } // namespace
 
 SectionChoice MemoryProduct::EditSection(const PropValueRef& value, bool nameLinked) {
-    if (!m_state->decisions)
+    if (!m_state->look->decisions)
         return {};
     const std::vector<StyleSection> sections = ListSections(m_state->model);
     if (sections.empty()) {
-        m_state->decisions->Tell(GetText(ProductText::SectionTitle),
-                                 GetText(ProductText::SectionNone));
+        m_state->look->decisions->Tell(GetText(ProductText::SectionTitle),
+                                       GetText(ProductText::SectionNone));
         return {};
     }
     const std::optional<SectionDecision> decision =
-        m_state->decisions->ChooseSection(MakeRequest(sections, value, nameLinked));
+        m_state->look->decisions->ChooseSection(MakeRequest(sections, value, nameLinked));
     if (!decision || decision->section >= sections.size())
         return {};
     return {true, decision->isNameLinked,

@@ -4,6 +4,9 @@
 #include "platform/product/answers/MemoryStyle.h"
 #include "platform/product/edits/MassRules.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace platform {
 
 namespace {
@@ -19,6 +22,25 @@ std::unique_ptr<IModelEdit> Write(ModelEditor& editor, std::vector<HeldValue> va
 
 } // namespace
 
+MemoryProduct::Entrance::Entrance(std::shared_ptr<State> state, std::unique_ptr<Look> look)
+    : m_state(std::move(state)), m_look(std::move(look)) {
+    m_state->looks.push_back(m_look.get());
+}
+
+MemoryProduct::Entrance::~Entrance() {
+    m_state->Forget(*m_look);
+}
+
+std::shared_ptr<MemoryProduct> MemoryProduct::Entrance::Split() const {
+    const State& state = *operator->();
+    auto look = std::make_unique<Look>();
+    look->level = state.model.level;
+    look->embodimentMode = state.model.embodimentMode;
+    look->embodimentFilter = state.model.embodimentFilter;
+    look->visibleProperties = state.model.visibleProperties;
+    return std::shared_ptr<MemoryProduct>(new MemoryProduct(m_state, std::move(look)));
+}
+
 MemoryProduct::State::State(ProductModel&& filled) : model(std::move(filled)) {
     Renew();
 }
@@ -26,24 +48,84 @@ MemoryProduct::State::State(ProductModel&& filled) : model(std::move(filled)) {
 void MemoryProduct::State::Renew() {
     RenewDescriptions();
     ModelEditor editor(model, index);
+    ReadLevel(editor);
+    Finish(editor);
+    TellOfChange(true);
+}
+
+void MemoryProduct::State::ReadLevel(ModelEditor& editor) {
     editor.NoteEverything();
     Write(editor, FindAssemblyMasses(editor));
     Write(editor, FindProductMass(editor));
-    Finish(editor);
+    RegroupLinkedObjects(editor.GetIndex());
+    rows.Forget();
+}
+
+void MemoryProduct::State::Exchange(Look& other) {
+    std::swap(model.embodimentMode, other.embodimentMode);
+    model.embodimentFilter.swap(other.embodimentFilter);
+    model.visibleProperties.swap(other.visibleProperties);
+}
+
+void MemoryProduct::State::TurnTo(Look& wanted) {
+    if (look) {
+        look->level = model.level;
+        Exchange(*look);
+    }
+    // The first look is as the model is.
+    const bool isFirst = looks.size() == 1;
+    look = &wanted;
+    if (isFirst)
+        return;
+    Exchange(wanted);
+    if (wanted.level == model.level)
+        return;
+    // Its assembly may have gone by way of another look.
+    const bool isThere = IsInProduct(model, wanted.level.assembly) &&
+                         platform::EnterLevel(model, wanted.level) == LevelFault::None;
+    if (!isThere) {
+        NoteLook();
+        if (!platform::HasLevels(model) ||
+            platform::EnterLevel(model, platform::GetHome(model)) != LevelFault::None)
+            return;
+    }
+    ModelEditor editor(model, index);
+    ReadLevel(editor);
+}
+
+void MemoryProduct::State::Forget(Look& gone) {
+    std::erase(looks, &gone);
+    if (look != &gone)
+        return;
+    if (looks.empty()) {
+        look = nullptr;
+        return;
+    }
+    TurnTo(*looks.front());
+}
+
+void MemoryProduct::State::NoteLook() {
+    ++look->stamp;
+    look->isRebuildRequired = true;
 }
 
 LevelFault MemoryProduct::State::Enter(const ProductLevel& level) {
     const LevelFault fault = platform::EnterLevel(model, level);
-    if (fault == LevelFault::None)
-        Renew();
+    if (fault != LevelFault::None)
+        return fault;
+    ModelEditor editor(model, index);
+    ReadLevel(editor);
+    NoteLook();
     return fault;
 }
 
 void MemoryProduct::State::RenewDescriptions() {
     style = model.style ? MakeSpcDescription(*model.style) : nullptr;
-    if (descriptions)
-        retired.push_back(std::move(descriptions));
-    descriptions = std::make_unique<PropertyDescriptions>(model.properties);
+    for (Look* const panel : looks) {
+        if (descriptions)
+            panel->retired.push_back(descriptions);
+    }
+    descriptions = std::make_shared<PropertyDescriptions>(model.properties);
     properties.Use(*descriptions);
 }
 
@@ -83,6 +165,7 @@ bool MemoryProduct::State::Do(Step step) {
         step.edits.push_back(std::move(edit));
     Finish(editor);
     history.Add(std::move(step));
+    TellOfChange(editor.AreRowsChanged());
     return true;
 }
 
@@ -90,7 +173,8 @@ void MemoryProduct::State::Go(Step* step, Direction direction) {
     if (!step)
         return;
     // The user is to see what is undone, and its keys are those of its level.
-    if (!(step->level == model.level))
+    const bool isElsewhere = !(step->level == model.level);
+    if (isElsewhere)
         Enter(step->level);
     ModelEditor editor(model, index);
     step->Swap(editor, direction);
@@ -101,6 +185,7 @@ void MemoryProduct::State::Go(Step* step, Direction direction) {
     Write(editor, FindAssemblyMasses(editor));
     Write(editor, FindProductMass(editor));
     Finish(editor);
+    TellOfChange(isElsewhere || editor.AreRowsChanged());
 }
 
 void MemoryProduct::State::Finish(ModelEditor& editor) {
@@ -108,14 +193,32 @@ void MemoryProduct::State::Finish(ModelEditor& editor) {
         editor.NoteRows();
     if (editor.AreRowsChanged())
         rows.Forget();
-    isRebuildRequired |= editor.AreRowsChanged();
+    for (Look* const panel : looks)
+        panel->isRebuildRequired |= editor.AreRowsChanged();
     ++stamp;
 }
 
 void MemoryProduct::State::NoteColumns() {
-    ++stamp;
-    isRebuildRequired = true;
+    NoteLook();
     areColumnsUnsaved |= !model.isReadOnly;
+}
+
+void MemoryProduct::State::TellOfChange(bool structure) const {
+    if (look && look->observer)
+        look->observer->OnDocumentChanged(structure);
+}
+
+void MemoryProduct::State::TellAll(void (IProductObserver::*what)()) const {
+    // Copied, since an answer may open or close a look.
+    for (const Look* const panel : std::vector(looks)) {
+        if (std::ranges::find(looks, panel) != looks.end() && panel->observer)
+            (panel->observer->*what)();
+    }
+}
+
+void MemoryProduct::State::TellOfLook() const {
+    if (look->observer)
+        look->observer->OnLookChanged();
 }
 
 } // namespace platform

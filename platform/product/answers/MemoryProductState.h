@@ -12,6 +12,26 @@
 
 namespace platform {
 
+/// How one panel looks at the document. The first four are in the model, and the model's here,
+/// while the look is the present one.
+struct MemoryProduct::Look {
+    ProductLevel level;
+    bool embodimentMode = false;
+    std::wstring embodimentFilter;
+    std::vector<unsigned long> visibleProperties;
+
+    IUserDecisions* decisions = nullptr;
+    IProductObserver* observer = nullptr;
+    /// Counts what was changed in the look and not in the document.
+    std::uint64_t stamp = 0;
+    bool isRebuildRequired = true;
+    /// Of earlier states of the document: the panel may hold them until BeginRebuild.
+    std::vector<std::shared_ptr<const PropertyDescriptions>> retired;
+};
+
+// The document stands at one level at a time, so that all that answers, edits and counts knows just
+// one. Whoever asks has it go to his: two panels at different levels of one product pay for each
+// turn what entering a level costs, and all others nothing.
 struct MemoryProduct::State {
     explicit State(ProductModel&& filled);
 
@@ -31,16 +51,26 @@ struct MemoryProduct::State {
     /// The set that holds the change, when there is something to change.
     ProductInfObjChangesResult MakeSet(std::shared_ptr<const ProductChange> change) const;
 
+    /// From now on the model is as that look has it.
+    void TurnTo(Look& wanted);
+    void Forget(Look& gone);
+    /// Other columns or another level are to be seen in the present look.
+    void NoteLook();
+
     /// Makes the step with what follows from it, and remembers it. False: there was nothing to do.
     bool Do(Step step);
-    /// Shows another level of the product, which is no step.
+    /// The present look goes to another level of the product, which is no step.
     LevelFault Enter(const ProductLevel& level);
     /// Nothing can come or go: all parts are what the assemblies have.
     bool IsStructureFixed() const { return model.isReadOnly || model.level.allParts; }
     /// Goes a step that is remembered. Null is no step.
     void Go(Step* step, Direction direction);
-    /// Which columns are shown was changed.
+    /// Which columns are shown in the present look was changed.
     void NoteColumns();
+    void TellOfChange(bool structure) const;
+    void TellOfLook() const;
+    /// The observers of all looks hear of it.
+    void TellAll(void (IProductObserver::*what)()) const;
 
     ProductModel model;
     ProductIndex index;
@@ -50,12 +80,11 @@ struct MemoryProduct::State {
     RowRules rows{model, index};
     PartCounts counts{model, index, rows};
     std::unique_ptr<SpcDescription> style;
-    std::unique_ptr<PropertyDescriptions> descriptions;
-    /// Those of earlier states of the document: whoever holds them may do so until BeginRebuild.
-    std::vector<std::unique_ptr<PropertyDescriptions>> retired;
+    std::shared_ptr<const PropertyDescriptions> descriptions;
     EditHistory history;
-    IUserDecisions* decisions = nullptr;
-    IProductObserver* observer = nullptr;
+    /// The present one; null before the first has come and after the present one has gone.
+    Look* look = nullptr;
+    std::vector<Look*> looks;
     std::vector<UniqueMetaObjectKey> selected;
     std::optional<Highlighting> highlighting;
     std::weak_ptr<std::function<void()>> highlightDone;
@@ -64,13 +93,22 @@ struct MemoryProduct::State {
     mutable std::optional<ProductText> refusal;
     SharedText note;
     std::uint64_t stamp = 0;
-    bool isRebuildRequired = true;
     bool areColumnsUnsaved = false;
 
 private:
+    /// What the look has and what the model shows change places, but for the level.
+    void Exchange(Look& other);
+    /// The index, and what follows from the parts that are shown now.
+    void ReadLevel(ModelEditor& editor);
     /// What is made of the parts of the model that steps leave alone but for DocumentEdit.
     void RenewDescriptions();
     void Finish(ModelEditor& editor);
 };
+
+inline MemoryProduct::State* MemoryProduct::Entrance::operator->() const {
+    if (m_state->look != m_look.get())
+        m_state->TurnTo(*m_look);
+    return m_state.get();
+}
 
 } // namespace platform

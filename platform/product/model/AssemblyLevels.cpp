@@ -349,6 +349,23 @@ std::vector<const AssemblyRecord*> SortAssemblies(const ProductModel& model,
     return std::move(walk.GetFinished());
 }
 
+bool IsInProduct(const ProductModel& model, const UniqueMetaObjectKey& assembly) {
+    return HasLevels(model) && std::ranges::any_of(SortAssemblies(model, GetHome(model).assembly),
+                                                   [&](const AssemblyRecord* known) {
+                                                       return known->object == assembly;
+                                                   });
+}
+
+UniqueMetaObjectKey FindUser(const ProductModel& model, const UniqueMetaObjectKey& top,
+                             const UniqueMetaObjectKey& object) {
+    for (const AssemblyRecord* const assembly : SortAssemblies(model, top)) {
+        const Records& components = GetComponents(model, *assembly);
+        if (std::ranges::find(components, object, &ObjectRecord::key) != components.end())
+            return assembly->object;
+    }
+    return {};
+}
+
 const AssemblyRecord* FindAssemblyCycle(const ProductModel& model) {
     AssemblyWalk walk(model);
     for (const AssemblyRecord& assembly : model.assemblies)

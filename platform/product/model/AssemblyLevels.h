@@ -29,6 +29,8 @@ inline bool HasLevels(const ProductModel& model) {
 }
 /// The object is an assembly of which the components are known.
 bool OpensLevel(const ProductModel& model, const UniqueMetaObjectKey& object);
+/// The assembly is the product itself, or a part of it at any depth.
+bool IsInProduct(const ProductModel& model, const UniqueMetaObjectKey& assembly);
 /// The direct components of the product itself, as a file has them.
 ProductLevel GetHome(const ProductModel& model);
 
@@ -44,6 +46,10 @@ ProductModel MakeSaved(const ProductModel& model);
 /// The assemblies below and with `top`, users before what they use. A cycle is passed over.
 std::vector<const AssemblyRecord*> SortAssemblies(const ProductModel& model,
                                                   const UniqueMetaObjectKey& top);
+/// The first assembly below and with `top` that the object is a direct component of; the null key
+/// for none.
+UniqueMetaObjectKey FindUser(const ProductModel& model, const UniqueMetaObjectKey& top,
+                             const UniqueMetaObjectKey& object);
 /// The assembly is a component of itself, through others or directly; null: there is none.
 const AssemblyRecord* FindAssemblyCycle(const ProductModel& model);
 /// Which components the assembly has, wherever they are held.

@@ -22,6 +22,7 @@ enum class ProductText : unsigned {
     NewObject = 1210,
     Aggregation = 1211,
     Registration = 1212,
+    BilletConversion = 1213,
     RefusedCount = 1221,
     RefusedMoment = 1222,
     RefusedLinked = 1223,
@@ -38,6 +39,7 @@ enum class ProductText : unsigned {
     SectionNameLink = 1308,
     SectionNone = 1309,
     ColumnsTitle = 1310,
+    BilletOwnerTitle = 1311,
 };
 
 /// Empty when the text asks for another number of arguments.

@@ -1,4 +1,4 @@
-#include "platform/product/answers/LinkDialog.h"
+#include "platform/product/answers/LinkTargets.h"
 
 #include "host/IfPropertyDescription.h"
 #include "host/ProductProperties.h"
@@ -19,7 +19,7 @@ bool CanShowType(unsigned type, unsigned target) {
 }
 
 /// As its row shows it, whether it has its name and designation itself or by a link.
-PropertyRequest::Object Describe(const ShownValues& shown, const PartEntry& object) {
+OfferedObject Describe(const ShownValues& shown, const PartEntry& object) {
     VariantMarking marking;
     if (const PropValue* const value = shown.Find(object, ProductProperties::markingId))
         marking.FromPropertyTree(value->GetPropertyTree());
@@ -51,8 +51,8 @@ bool CanBeLinked(const PropertyTraits& property) {
            property.record->type != Boolean;
 }
 
-bool LinkDialog::CanShow(const std::vector<ValueHolder>& holders,
-                         const PropertyTraits& target) const {
+bool LinkTargets::CanShow(const std::vector<ValueHolder>& holders,
+                          const PropertyTraits& target) const {
     // A count is worked out for a row in an embodiment: the object alone has none to show.
     if (!target.record || IsStructured(target.number) || target.number == number::count)
         return false;
@@ -62,7 +62,7 @@ bool LinkDialog::CanShow(const std::vector<ValueHolder>& holders,
     });
 }
 
-PropertyRequest LinkDialog::MakeRequest(const std::vector<ValueHolder>& holders) const {
+PropertyRequest LinkTargets::MakeRequest(const std::vector<ValueHolder>& holders) const {
     PropertyRequest request;
     request.title = GetText(ProductText::LinkTitle);
     const ShownValues shown(m_rules.index);
@@ -79,28 +79,21 @@ PropertyRequest LinkDialog::MakeRequest(const std::vector<ValueHolder>& holders)
     return request;
 }
 
-ValuePlan LinkDialog::Ask(const std::vector<ValueHolder>& holders) {
-    ValuePlan plan(m_rules.index);
-    if (holders.empty())
-        return plan;
-    const std::optional<PropertyChoice> choice = m_decisions.ChooseProperty(MakeRequest(holders));
-    const PartEntry* const part = choice ? m_rules.index.Find(choice->object) : nullptr;
-    if (!part)
-        return plan;
-    const unsigned long number = ProductProperties::GetPropId(choice->propertyId);
-    if (!CanShow(holders, m_rules.properties.Get(number)))
-        return plan;
-    const ValueHolder target = plan.GetShown().FindHolder(*part, number);
-    bool isAnyRefused = false;
+LinkTargets::Plan LinkTargets::MakePlan(const std::vector<ValueHolder>& holders,
+                                        const PropertyChoice& choice) const {
+    Plan made{ValuePlan(m_rules.index)};
+    const PartEntry* const part = m_rules.index.Find(choice.object);
+    const unsigned long number = ProductProperties::GetPropId(choice.propertyId);
+    if (!part || holders.empty() || !CanShow(holders, m_rules.properties.Get(number)))
+        return made;
+    const ValueHolder target = made.links.GetShown().FindHolder(*part, number);
     for (const ValueHolder& holder : holders) {
-        if (plan.GetShown().LeadsTo(target, holder))
-            isAnyRefused = true;
+        if (made.links.GetShown().LeadsTo(target, holder))
+            made.isAnyRefused = true;
         else
-            plan.SetLink(holder, LinkRecord{holder.number, part->key, number});
+            made.links.SetLink(holder, LinkRecord{holder.number, part->key, number});
     }
-    if (isAnyRefused)
-        m_decisions.Tell(GetText(ProductText::LinkTitle), GetText(ProductText::LinkRefused));
-    return plan;
+    return made;
 }
 
 } // namespace platform
