@@ -226,6 +226,11 @@ bool TreeTableView::ShowColumnMenuByUser(const std::wstring& columnId) {
         [id = columnId](IfProductTreeCtrl& control) { control.OnColumnContextMenu(id); });
 }
 
+bool TreeTableView::ChooseColumnsByUser() {
+    return CanCallControl() &&
+           CallControl([](IfProductTreeCtrl& control) { control.ManageProperties(); });
+}
+
 void TreeTableView::SetEmbodimentsAllowed(bool allowed) {
     if (allowed == m_embodiments.areAllowed)
         return;

@@ -244,10 +244,18 @@ void TreeTableView::ShowCommand(unsigned command, bool shown) {
     ChangePanel(m_commands[command].isShown, std::optional(shown));
 }
 
-bool TreeTableView::IsCommandOffered(unsigned command) const {
+bool TreeTableView::IsCommandEnabled(unsigned command) const {
     const auto state = m_commands.find(command);
-    return state != m_commands.end() && state->second.isEnabled.value_or(true) &&
-           state->second.isShown.value_or(true);
+    return state != m_commands.end() && state->second.isEnabled.value_or(true);
+}
+
+bool TreeTableView::IsCommandShown(unsigned command) const {
+    const auto state = m_commands.find(command);
+    return state != m_commands.end() && state->second.isShown.value_or(true);
+}
+
+bool TreeTableView::IsCommandOffered(unsigned command) const {
+    return IsCommandEnabled(command) && IsCommandShown(command);
 }
 
 void TreeTableView::SetGroupEditMode(bool on) {

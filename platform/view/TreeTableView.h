@@ -153,7 +153,11 @@ public:
     const std::wstring& GetMarkedColumn() const { return m_markedColumn; }
     /// An id that is no AttributeColumnId is that of a column neither enabled nor shown.
     AttributeColumn GetAttributeColumn(int id) const;
-    /// A command about which nothing was said is not offered.
+    /// A command about which nothing was said is neither enabled nor shown. Of one about which one
+    /// thing was said, the other holds.
+    bool IsCommandEnabled(unsigned command) const;
+    bool IsCommandShown(unsigned command) const;
+    /// Both of it.
     bool IsCommandOffered(unsigned command) const;
     const EmbodimentControls& GetEmbodiments() const { return m_embodiments; }
     /// Columns that several selected rows can be edited in; no value where not several of them are.
@@ -197,6 +201,8 @@ public:
     /// that the control was asked, not that there was something to offer.
     bool ShowRowMenuByUser(TreeTableRow& row, const std::wstring& columnId);
     bool ShowColumnMenuByUser(const std::wstring& columnId);
+    /// Lets the user choose which columns there are.
+    bool ChooseColumnsByUser();
     bool SwitchEmbodimentsByUser(bool on);
     /// A text that the filter does not take is gone afterwards.
     bool EnterEmbodimentFilterByUser(const std::wstring& text);
