@@ -20,8 +20,6 @@ namespace desktop {
 namespace {
 
 constexpr const char* c_productExtension = ".json";
-/// The panel's own command.
-constexpr int c_calculatePositions = 7766;
 
 /// The last number of the type stands for no limit.
 bool IsNoLimit(double limit, unsigned type) {
@@ -113,6 +111,10 @@ platform::TreeTableView& Session::GetView() const {
 void Session::SetDecisions(platform::IUserDecisions* decisions) {
     m_product->SetDecisions(decisions);
     m_frame->SetDecisions(decisions);
+}
+
+void Session::SetPopupMenus(IPopupMenuTracker* tracker) {
+    m_frame->SetPopupMenus(tracker);
 }
 
 void Session::ExpandAll() {
@@ -332,12 +334,14 @@ bool Session::CanRedo() const {
     return m_product->CanRedo();
 }
 
-bool Session::CanNumberPositions() const {
-    return GetView().IsCommandOffered(c_calculatePositions);
-}
-
-void Session::NumberPositions() {
-    GetView().RunCommandByUser(c_calculatePositions);
+void Session::FollowCommand() {
+    // An assembly that was opened by a command stands below the one that it was opened from.
+    const platform::ProductLevel& level = GetLevel();
+    if (!(level.assembly == m_way.back().assembly))
+        m_way.push_back(level);
+    FollowLevel();
+    if (m_product->IsRebuildRequired())
+        m_frame->TellDocumentChanged(true);
 }
 
 void Session::Undo() {

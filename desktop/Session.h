@@ -10,6 +10,8 @@
 #include <optional>
 #include <vector>
 
+class IPopupMenuTracker;
+
 namespace platform {
 class HostFrame;
 class IUserDecisions;
@@ -73,6 +75,8 @@ public:
     step::StepDocument* GetStep() const { return m_file->step.get(); }
     /// Who answers when the product or the panel asks; null, as at first: nobody does.
     void SetDecisions(platform::IUserDecisions* decisions);
+    /// Who shows the panel's menus; null, as at first: there are none.
+    void SetPopupMenus(IPopupMenuTracker* tracker);
 
     void ExpandAll();
     /// The root row and its sections from the first on, as long as no more than so many rows show.
@@ -105,9 +109,8 @@ public:
     /// is typed in that row. Empty in other columns.
     SharedText FindCountNote(const platform::TreeTableRow& row, const std::wstring& columnId) const;
     void SetEmbodimentMode(bool on);
-    /// Positions in the order of the rows, as one step. Where they are not shown nothing happens.
-    bool CanNumberPositions() const;
-    void NumberPositions();
+    /// A command of the panel has run: it may have opened an assembly, or chosen columns.
+    void FollowCommand();
     /// Writes volumes and masses into the document, which is no step to undo.
     void TakeMeasures(const step::Measures& measures);
 

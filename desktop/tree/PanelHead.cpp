@@ -5,6 +5,7 @@
 #include "desktop/tree/TreeItemModel.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -208,6 +209,13 @@ void PanelHead::mouseReleaseEvent(QMouseEvent* event) {
 void PanelHead::mouseMoveEvent(QMouseEvent* event) {
     QMouseEvent moved = AtTheBase(*event);
     QHeaderView::mouseMoveEvent(&moved);
+}
+
+void PanelHead::contextMenuEvent(QContextMenuEvent* event) {
+    const bool isOnFixed = count() > 0 && m_fixedShift() != 0 && event->pos().x() < sectionSize(0);
+    const int column = isOnFixed ? 0 : logicalIndexAt(event->pos());
+    if (column >= 0)
+        emit MenuWanted(column, event->globalPos());
 }
 
 void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) const {

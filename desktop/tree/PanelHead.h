@@ -41,6 +41,8 @@ signals:
     /// The editor is closed by then. The columns may be replaced in consequence.
     void ValueGiven(int column, const QVariant& value, const QString& typed);
     void EditorClosed();
+    /// The user wants the menu of that head, at that place on the screen.
+    void MenuWanted(int column, QPoint place);
 
 protected:
     /// The first head stays in view with the names below it.
@@ -48,6 +50,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     QSize sectionSizeFromContents(int column) const override;
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -91,6 +91,10 @@ PanelTree::PanelTree(QWidget* parent)
             Qt::QueuedConnection);
     m_head->SetFixedShift([this] { return NameShift(); });
     connect(m_head, &PanelHead::ValueGiven, this, &PanelTree::GiveHeadValue);
+    connect(m_head, &PanelHead::MenuWanted, this, [this](int column, QPoint place) {
+        if (CommitEditor())
+            emit HeadMenuWanted(column, place);
+    });
     connect(m_head, &PanelHead::EditorClosed, this, [this] {
         ForgetRefused();
         emit EditorLeft();
@@ -255,6 +259,32 @@ void PanelTree::OnSelectionChanged() {
     m_model->GetView().SelectByUser(rows,
                                     current.isValid() ? &TreeItemModel::RowOf(current) : nullptr);
     ShowSelection();
+}
+
+std::optional<QPoint> PanelTree::FindSelectedPlace() const {
+    const std::vector<TreeRowPtr> rows =
+        m_model ? m_model->GetView().GetSelectedRows() : std::vector<TreeRowPtr>();
+    if (rows.empty())
+        return std::nullopt;
+    const auto& first = static_cast<const TreeTableRow&>(*rows.front());
+    return visualRect(m_model->IndexOf(first)).center();
+}
+
+void PanelTree::SelectAt(QPoint place) {
+    if (!m_model || currentIndex().isValid())
+        return;
+    executeDelayedItemsLayout();
+    QModelIndex index = indexAt(place);
+    const int step = std::max(1, rowHeight(m_model->index(0, 0)));
+    for (; !index.isValid() && place.y() > 0; index = indexAt(place))
+        place.ry() -= step;
+    // A whole section is not what follows on one of its rows.
+    const QModelIndex above = indexAbove(index);
+    if (index.isValid() && TreeItemModel::RowOf(index).IsSection() && above.isValid())
+        index = above;
+    if (index.isValid())
+        setCurrentIndex(
+            index.siblingAtColumn(std::min(m_currentColumn, m_model->columnCount() - 1)));
 }
 
 void PanelTree::ShowSelection() {

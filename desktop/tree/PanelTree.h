@@ -54,6 +54,16 @@ public:
     void ClearValue();
     /// As a click on the chain in the current cell, where there is one.
     void ClickSourceIcon();
+    /// Where the first selected row stands; no value for none. When the selected rows have gone,
+    /// the row that has come there is selected, unless another one is current.
+    std::optional<QPoint> FindSelectedPlace() const;
+    void SelectAt(QPoint place);
+    /// As a click with the right button on the current cell, and on the head above it.
+    void AskForCellMenu();
+    void AskForHeadMenu();
+    /// The current cell as its menu is asked for: no editor is open, and the row is selected.
+    /// Invalid without a current row; no value while an editor stays open.
+    std::optional<QModelIndex> TakeCellForMenu();
 
     using QTreeView::edit;
 
@@ -67,6 +77,10 @@ signals:
     void SelectedRowsChanged();
     /// The user has edited or clicked something; the document may have changed.
     void Edited();
+    /// The user wants a menu, at that place on the screen. The cell's row is selected; the cell is
+    /// invalid when no row is current.
+    void CellMenuWanted(const QModelIndex& cell, QPoint place);
+    void HeadMenuWanted(int column, QPoint place);
     /// The user wants to see what the assembly of the current row is built up of.
     void AssemblyOpened();
     /// An editor was closed. Another one may be open by now.
@@ -85,6 +99,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     /// Enter does what a click does: opens an editor, follows a link, gives a box its next state.
     void keyPressEvent(QKeyEvent* event) override;
     /// What is typed is for the current cell and never looks for a row.
@@ -122,6 +137,8 @@ private:
     /// The selection is left alone unless the row is another one.
     void MakeCurrent(const QModelIndex& index);
     void EditCell(const QModelIndex& index);
+    /// The cell that the menu is for.
+    QModelIndex SelectForMenu(const QModelIndex& index);
     void OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::Spot spot);
     /// Over what is scrolled there, as the base draws the first cell of a row.
     void DrawName(QPainter& painter, const QStyleOptionViewItem& row,

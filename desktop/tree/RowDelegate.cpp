@@ -423,8 +423,14 @@ void RowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIt
     const int left = isNumber ? place.right() - width + 1 : place.left();
     place.setWidth(width);
     place.moveLeft(std::clamp(left, 0, room - width));
-    if (const auto* const designation = qobject_cast<const DesignationEdit*>(editor))
+    if (const auto* const designation = qobject_cast<const DesignationEdit*>(editor)) {
+        const int bottom = editor->parentWidget()->height() - 1;
+        const bool isInSight = place.bottom() <= bottom;
         place.setHeight(place.height() + designation->GetLabelHeight());
+        // In the lowest row in sight the captions would stand below the edge.
+        if (isInSight && place.bottom() > bottom)
+            place.moveBottom(bottom);
+    }
     editor->setGeometry(place);
 }
 

@@ -72,7 +72,7 @@ QFont ActiveHeadFont() {
 }
 
 bool IsReadOnly(const QModelIndex& index) {
-    return static_cast<const TreeItemModel&>(*index.model()).GetView().GetPanel().isReadOnly;
+    return TreeItemModel::ViewOf(index).GetPanel().isReadOnly;
 }
 
 /// The id by which the library knows the cell. A copy: heads and rows may go while it is used.

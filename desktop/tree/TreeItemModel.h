@@ -61,6 +61,9 @@ public:
     /// The row and the head of a valid index.
     static platform::TreeTableRow& RowOf(const QModelIndex& index);
     static const platform::ColumnHead& HeadOf(const QModelIndex& index);
+    static platform::TreeTableView& ViewOf(const QModelIndex& index) {
+        return static_cast<const TreeItemModel&>(*index.model()).m_view;
+    }
     static CellLook LookOf(const QModelIndex& index);
     static EditorRequest EditorOf(const QModelIndex& index);
     QModelIndex IndexOf(const platform::TreeTableRow& row, int column = 0) const;

@@ -4,8 +4,10 @@
 #include "desktop/editors/LocaleNumbers.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
+#include "desktop/window/ContextMenus.h"
 #include "desktop/window/LevelBar.h"
 #include "desktop/window/MassIndicator.h"
+#include "desktop/window/ToolStrips.h"
 #include "desktop/window/WindowMemory.h"
 
 #include <QAction>
@@ -82,6 +84,7 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     : m_decisions(decisions ? std::move(decisions) : std::make_unique<DialogDecisions>(*this)),
       m_slot(*m_decisions) {
     setCentralWidget(MakePanel());
+    MakeCommands();
     MakeFileMenu();
     MakeEditMenu();
     MakeViewMenu();
@@ -124,7 +127,8 @@ void MainWindow::MakeEditMenu() {
                     &PanelTree::ClearValue);
     edit->addAction(tr("Value &by Source"), QKeySequence(Qt::CTRL | Qt::Key_Return), m_tree,
                     &PanelTree::ClickSourceIcon);
-    m_number = edit->addAction(tr("&Number Positions"), this, &MainWindow::NumberPositions);
+    edit->addSeparator();
+    AddCommands(*edit);
 }
 
 void MainWindow::MakeViewMenu() {
@@ -135,6 +139,7 @@ void MainWindow::MakeViewMenu() {
     view->addAction(tr("&Collapse all"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
                     [this] { m_session->CollapseAll(); });
     view->addSeparator();
+    view->addAction(tr("Choose Co&lumns..."), this, &MainWindow::ChooseColumns);
     m_embodiments = view->addAction(tr("Counts of All E&mbodiments"));
     m_embodiments->setCheckable(true);
     m_embodiments->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
@@ -210,6 +215,7 @@ void MainWindow::MakeStatusBar() {
 void MainWindow::Show(std::unique_ptr<Session> session) {
     m_masses->Stop();
     m_waiting.clear();
+    m_menus->Close();
     KeepView();
     m_tree->ShowModel(nullptr);
     m_model.reset();
@@ -217,6 +223,7 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     m_places.clear();
     m_session->SetDecisions(m_decisions.get());
     m_session->SetListener(this);
+    m_session->SetPopupMenus(m_menus);
     m_model = std::make_unique<TreeItemModel>(m_session->GetView());
     connect(m_model.get(), &TreeItemModel::PanelChanged, this, &MainWindow::ShowCaption);
     connect(m_model.get(), &TreeItemModel::RowStatesChanged, this, &MainWindow::ShowCounts);
@@ -267,19 +274,12 @@ void MainWindow::ShowState() {
     m_save->setEnabled(m_session->IsModified() || !m_session->IsProductFile());
     const step::StepDocument* const step = m_session->GetStep();
     m_encoding->setEnabled(step && !m_session->IsProductFile() && !step->GetForeignTexts().empty());
-    m_number->setEnabled(m_session->CanNumberPositions());
+    m_strips->ShowState(m_session->GetView());
     m_embodiments->setEnabled(m_session->HasEmbodiments());
     m_embodiments->setChecked(m_session->IsEmbodimentMode());
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
     ShowLevel();
-}
-
-void MainWindow::NumberPositions() {
-    if (!m_tree->CommitEditor())
-        return;
-    m_session->NumberPositions();
-    ShowState();
 }
 
 void MainWindow::StartMasses() {
@@ -302,8 +302,8 @@ void MainWindow::WhenIdle(std::function<void()> work) {
 void MainWindow::DoWhatWaits() {
     if (m_waiting.empty() || m_tree->IsEditing())
         return;
-    if (QApplication::activeModalWidget()) {
-        // A command waits for an answer about the product as it is.
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget()) {
+        // A command waits for an answer about the product as it is, or is just being chosen.
         QTimer::singleShot(c_retryMilliseconds, this, &MainWindow::DoWhatWaits);
         return;
     }

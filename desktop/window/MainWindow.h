@@ -29,9 +29,11 @@ namespace desktop {
 /// How long the status line tells of something that has happened.
 inline constexpr int c_messageMilliseconds = 10'000;
 
+class ContextMenus;
 class LevelBar;
 class MassIndicator;
 class PanelTree;
+class ToolStrips;
 class TreeItemModel;
 class WindowMemory;
 
@@ -112,7 +114,12 @@ private:
 
     /// A step back or forth, which may go to another level.
     void GoStep(void (Session::*go)());
-    void NumberPositions();
+    void MakeCommands();
+    void AddCommands(QMenu& edit);
+    void RunStripCommand(unsigned command);
+    /// Does what the command does, and shows what has become of the product.
+    void RunCommand(unsigned command, const std::function<void()>& run);
+    void ChooseColumns();
     /// Does `work` at once, or when no editor and no dialog is open any more: what comes by itself
     /// waits for the user.
     void WhenIdle(std::function<void()> work);
@@ -148,13 +155,14 @@ private:
     QAction* m_encoding = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
-    QAction* m_number = nullptr;
     QAction* m_embodiments = nullptr;
     QAction* m_open = nullptr;
     QAction* m_up = nullptr;
     QAction* m_direct = nullptr;
     QAction* m_allParts = nullptr;
     PanelTree* m_tree = nullptr;
+    ToolStrips* m_strips = nullptr;
+    ContextMenus* m_menus = nullptr;
     LevelBar* m_levels = nullptr;
     MassIndicator* m_masses = nullptr;
     QLabel* m_caption = nullptr;

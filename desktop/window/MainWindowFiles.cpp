@@ -4,6 +4,7 @@
 #include "desktop/dialogs/EncodingDialog.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
+#include "desktop/window/ContextMenus.h"
 #include "desktop/window/MassIndicator.h"
 
 #include <QApplication>
@@ -72,6 +73,7 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
             KeepView();
             if (wasMeasuring)
                 HandOverMasses();
+            m_menus->Close();
             m_tree->ShowModel(nullptr);
             m_model.reset();
             m_session.reset();

@@ -118,8 +118,12 @@ void MainWindow::GoStep(void (Session::*go)()) {
         return;
     KeepPlace();
     const platform::ProductLevel before = m_session->GetLevel();
+    const std::optional<QPoint> place = m_tree->FindSelectedPlace();
     (m_session.get()->*go)();
+    m_model->TellChanges();
     TakeUpPlace(before);
+    if (place)
+        m_tree->SelectAt(*place);
     if (!(before == m_session->GetLevel()))
         statusBar()->showMessage(
             tr("Changed in %1").arg(QString::fromStdWString(m_session->GetWay().back().Str())),

@@ -169,7 +169,7 @@ TEST_F(AssemblyEditsTest, APartMovesToTheSectionThatIsChosenAndTakesAPosition) {
     EXPECT_EQ(Text(Find("plate", "Name").parent()), "Parts (x1)");
     EXPECT_FALSE(m_window->isWindowModified());
 
-    Trigger("Number Positions");
+    Trigger("Number positions");
     EXPECT_EQ(Text(Find("l-bracket-assembly (x2)", c_position)), "1");
     EXPECT_EQ(Text(Find("rod-assembly", c_position)), "2");
     EXPECT_EQ(Text(Find("plate", c_position)), "5") << "two numbers stay free between sections";

@@ -444,7 +444,7 @@ TEST_F(EditingTest, ARefusedInputWaitsInItsEditorForTheUser) {
     Click(At({0, 2}, m_note));
     EXPECT_EQ(OpenLine()->text(), "201");
     EXPECT_EQ(Tree().currentIndex(), At({0, 0}, m_teeth));
-    Trigger("Number Positions");
+    Trigger("Number positions");
     EXPECT_FALSE(m_window->close());
     ASSERT_TRUE(IsEditing());
     Press(Qt::Key_Backspace);

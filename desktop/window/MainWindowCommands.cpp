@@ -1,0 +1,103 @@
+// What the window does about the panel's commands: from strips, menus and keys they come here, and
+// what they have changed is shown before the next one.
+#include "desktop/tree/PanelTree.h"
+#include "desktop/tree/TreeItemModel.h"
+#include "desktop/window/ContextMenus.h"
+#include "desktop/window/MainWindow.h"
+#include "desktop/window/MenuLetters.h"
+#include "desktop/window/ToolStrips.h"
+#include "platform/services/ToolStrips.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+constexpr unsigned c_addObject = 7745;
+constexpr unsigned c_delete = 7746;
+constexpr unsigned c_updateAll = 7747;
+constexpr unsigned c_highlight = 7752;
+constexpr unsigned c_calculatePositions = 7766;
+constexpr unsigned c_manageProperties = 7795;
+
+QString TextOf(unsigned command) {
+    return QString::fromStdWString(platform::GetCommandFace(command).text.Str());
+}
+
+} // namespace
+
+void MainWindow::MakeCommands() {
+    m_strips = new ToolStrips(*this, *m_tree);
+    m_menus = new ContextMenus(*m_tree);
+    const auto tell = [this](const QString& text) {
+        statusBar()->showMessage(text, c_messageMilliseconds);
+    };
+    connect(m_strips, &ToolStrips::Chosen, this, &MainWindow::RunStripCommand);
+    connect(m_strips, &ToolStrips::PressedInVain, this, [this, tell](unsigned command) {
+        const bool isAnySelected = !m_session->GetView().GetSelectedRows().empty();
+        tell(isAnySelected || command != c_delete
+                 ? tr("%1: not possible here").arg(TextOf(command))
+                 : tr("%1: no row is chosen").arg(TextOf(command)));
+    });
+    connect(m_menus, &ContextMenus::NothingOffered, this, tell);
+    connect(m_menus, &ContextMenus::Chosen, this,
+            [this](unsigned command) { RunCommand(command, [this] { m_menus->SendChosen(); }); });
+}
+
+void MainWindow::AddCommands(QMenu& edit) {
+    for (const unsigned command :
+         {c_addObject, c_delete, 0U, c_highlight, c_calculatePositions, c_updateAll}) {
+        if (command == 0)
+            edit.addSeparator();
+        else
+            edit.addAction(m_strips->GetAction(command));
+    }
+    edit.addSeparator();
+    m_menus->AddActions(edit);
+    MarkLetters(edit.actions());
+}
+
+void MainWindow::RunStripCommand(unsigned command) {
+    if (!m_tree->CommitEditor())
+        return;
+    RunCommand(command, [this, command] {
+        platform::TreeTableView& view = m_session->GetView();
+        // What the editor has left may have changed what can be done.
+        if (view.IsCommandOffered(command))
+            view.RunCommandByUser(static_cast<int>(command));
+    });
+}
+
+void MainWindow::ChooseColumns() {
+    if (m_tree->CommitEditor())
+        RunCommand(c_manageProperties, [this] { m_session->GetView().ChooseColumnsByUser(); });
+}
+
+void MainWindow::RunCommand(unsigned command, const std::function<void()>& run) {
+    KeepPlace();
+    const platform::ProductLevel before = m_session->GetLevel();
+    // What is highlighted is seen alone; of anything else the user goes on from where he was.
+    const std::optional<QPoint> place =
+        command == c_highlight ? std::nullopt : m_tree->FindSelectedPlace();
+    static_cast<void>(m_session->TakeRefusal());
+    run();
+    m_session->FollowCommand();
+    m_model->TellChanges();
+    TakeUpPlace(before);
+    if (place)
+        m_tree->SelectAt(*place);
+    const SharedText refusal = m_session->TakeRefusal();
+    if (!refusal.IsEmpty())
+        statusBar()->showMessage(
+            QStringLiteral("%1: %2").arg(TextOf(command), QString::fromStdWString(refusal.Str())),
+            c_messageMilliseconds);
+    m_note->clear();
+    ShowState();
+}
+
+} // namespace desktop

@@ -1,0 +1,112 @@
+#include "desktop/window/ToolStrips.h"
+
+#include "desktop/tree/PanelTree.h"
+#include "platform/services/ToolStrips.h"
+#include "platform/view/TreeTableView.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QToolBar>
+
+namespace desktop {
+
+namespace {
+
+constexpr const char* c_mainStrip = "PRODUCT_TREE_TOOLBAR";
+
+QString ToQString(const SharedText& text) {
+    return QString::fromStdWString(text.Str());
+}
+
+QKeySequence ToKey(std::string_view key) {
+    return QKeySequence::fromString(
+        QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())),
+        QKeySequence::PortableText);
+}
+
+/// What stands on a button has no room for its text: the tip tells it, with the key.
+QString MakeTip(const platform::CommandFace& face) {
+    const QString text = ToQString(face.tip.IsEmpty() ? face.text : face.tip);
+    const QString key = ToKey(face.key).toString(QKeySequence::NativeText);
+    return key.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, key);
+}
+
+QToolBar* AddBar(QMainWindow& window) {
+    auto* const bar = new QToolBar(&window);
+    bar->setMovable(false);
+    bar->setIconSize({20, 20});
+    // The usual menu would hide strips that nothing brings back.
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->hide();
+    window.addToolBar(bar);
+    return bar;
+}
+
+} // namespace
+
+ToolStrips::ToolStrips(QMainWindow& window, PanelTree& tree)
+    : QObject(&window), m_tree(tree), m_main(AddBar(window)), m_additional(AddBar(window)) {
+    MakeActions(c_mainStrip);
+    m_tree.installEventFilter(this);
+}
+
+void ToolStrips::MakeActions(const char* strip) {
+    for (const unsigned command : platform::FindToolStrip(strip)) {
+        if (command == 0)
+            continue;
+        const platform::CommandFace face = platform::GetCommandFace(command);
+        auto* const action = new QAction(m_icons.Get(command), ToQString(face.text), this);
+        action->setToolTip(MakeTip(face));
+        action->setShortcut(ToKey(face.key));
+        connect(action, &QAction::triggered, this, [this, command] { emit Chosen(command); });
+        m_actions.insert(command, action);
+    }
+}
+
+void ToolStrips::Fill(QToolBar& bar, const std::string& strip) const {
+    const QString name = QString::fromStdString(strip);
+    if (bar.objectName() == name)
+        return;
+    bar.setObjectName(name);
+    bar.clear();
+    for (const unsigned command : platform::FindToolStrip(strip)) {
+        if (command == 0)
+            bar.addSeparator();
+        else if (QAction* const action = GetAction(command))
+            bar.addAction(action);
+    }
+}
+
+void ToolStrips::ShowState(const platform::TreeTableView& view) {
+    Fill(*m_main, view.GetPanel().toolbar);
+    m_additional->setObjectName(QString::fromStdString(view.GetPanel().additionalToolbar));
+    for (QToolBar* const bar : {m_main, m_additional})
+        bar->setVisible(!bar->actions().isEmpty());
+    for (auto action = m_actions.begin(); action != m_actions.end(); ++action) {
+        (*action)->setVisible(view.IsCommandShown(action.key()));
+        (*action)->setEnabled(view.IsCommandOffered(action.key()));
+    }
+}
+
+bool ToolStrips::eventFilter(QObject* watched, QEvent* event) {
+    const bool isPress = event->type() == QEvent::KeyPress;
+    if (!isPress && event->type() != QEvent::ShortcutOverride)
+        return false;
+    auto& keyEvent = static_cast<QKeyEvent&>(*event);
+    const QKeySequence key(keyEvent.keyCombination());
+    // An open editor has no use for the key, or it would not come here: it is no key of rows yet.
+    if (m_tree.IsEditing() && key == QKeySequence(Qt::Key_Delete)) {
+        event->accept();
+        return true;
+    }
+    for (auto action = m_actions.cbegin(); isPress && action != m_actions.cend(); ++action) {
+        if ((*action)->shortcut() == key && !(*action)->isEnabled()) {
+            emit PressedInVain(action.key());
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace desktop
