@@ -5,6 +5,7 @@
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/ContextMenus.h"
+#include "desktop/window/HelpMenu.h"
 #include "desktop/window/LevelBar.h"
 #include "desktop/window/MassIndicator.h"
 #include "desktop/window/ToolStrips.h"
@@ -89,6 +90,10 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     MakeEditMenu();
     MakeViewMenu();
     MakeWindowMenu();
+    new HelpMenu(*this, [this] {
+        return m_session ? QString::fromStdString(m_session->GetView().GetPanel().helpTopic)
+                         : QString();
+    });
     MakeStatusBar();
     connect(&m_watch, &FileWatch::Touched, this, &MainWindow::OnFileTouched);
     resize(c_usualSize);
@@ -120,6 +125,9 @@ void MainWindow::MakeEditMenu() {
         edit->addAction(tr("&Undo"), QKeySequence::Undo, this, [this] { GoStep(&Session::Undo); });
     m_redo =
         edit->addAction(tr("&Redo"), QKeySequence::Redo, this, [this] { GoStep(&Session::Redo); });
+    // Elsewhere they are named without the step that they are about.
+    m_undo->setIconText(tr("Undo"));
+    m_redo->setIconText(tr("Redo"));
     edit->addSeparator();
     edit->addAction(tr("Value of &Selected Rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
                     &PanelTree::EditHead);

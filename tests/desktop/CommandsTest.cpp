@@ -6,11 +6,15 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolBar>
 
 namespace {
@@ -249,6 +253,25 @@ TEST_F(CommandsTest, AKeyDoesWhatTheMenuOfTheCurrentCellDoes) {
     emit cell.aboutToHide();
     Press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(Action("Undo Removal of a link"));
+}
+
+TEST_F(CommandsTest, HelpShowsThePageOfThePanelAndTheKeysOfAllMenus) {
+    Press(Qt::Key_F1);
+    auto& dialog = *m_window->findChild<QDialog*>();
+    const auto text = [&] { return dialog.findChild<QTextBrowser*>()->toPlainText(); };
+    EXPECT_FALSE(dialog.isModal());
+    EXPECT_TRUE(text().startsWith("Working with the product tree"));
+    Trigger("All Keys");
+    for (QAction* const menu : m_window->menuBar()->actions()) {
+        for (const QAction* const action : menu->menu()->actions()) {
+            if (!action->shortcut().isEmpty()) {
+                EXPECT_TRUE(text().contains(action->shortcut().toString())) << action->text().toStdString();
+                EXPECT_TRUE(text().contains(action->iconText())) << action->text().toStdString();
+            }
+        }
+    }
+    Trigger("About");
+    EXPECT_TRUE(m_window->findChild<QMessageBox*>()->text().contains(QString("Qt ") + qVersion()));
 }
 
 } // namespace

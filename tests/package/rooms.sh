@@ -32,8 +32,9 @@ declare -A rooms=(
     [desktop/icons]="host"
     [desktop/editors]="host desktop/icons"
     [desktop/dialogs]="platform/services desktop desktop/import"
+    [desktop/help]=""
     [desktop/tree]="host platform/view exported desktop/icons desktop/editors"
-    [desktop/window]="host platform desktop/icons desktop/editors desktop/dialogs desktop/tree desktop/import desktop"
+    [desktop/window]="host platform desktop/icons desktop/editors desktop/dialogs desktop/help desktop/tree desktop/import desktop"
 )
 
 found=0
