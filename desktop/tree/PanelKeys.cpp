@@ -22,7 +22,7 @@ const KeyRow c_keys[] = {
     {{Qt::Key_Space},                                    "Give the box of the cell its next state"},
     {{Qt::Key_Left},                                     "Fold the row, or go to the one that it belongs to"},
     {{Qt::Key_Right},                                    "Unfold the row, or go to the first one below it"},
-    {{Qt::Key_Tab, Qt::Key_Backtab},                     "Go to the next or the last cell that can be edited"},
+    {{Qt::Key_Tab, Qt::Key_Backtab},                     "Go to the next or the previous cell that can be edited"},
     {{Qt::SHIFT | Qt::Key_Down, Qt::SHIFT | Qt::Key_Up}, "Select one more row"},
     {{Qt::CTRL | Qt::Key_A},                             "Select all rows"},
     {{Qt::Key_Return},                                   "In an editor: take the value"},

@@ -129,6 +129,14 @@ void ContextMenus::Ask(const QModelIndex& cell, unsigned wanted) {
                                                   TreeItemModel::HeadOf(cell).id);
 }
 
+QString ContextMenus::WhyNotIn(const QModelIndex& cell) const {
+    if (!cell.isValid())
+        return tr("no row is chosen");
+    if (m_tree.selectionModel()->selectedRows().size() > 1)
+        return tr("not possible for several rows at once");
+    return tr("not possible for %1 in this row").arg(CaptionOf(cell.column()));
+}
+
 void ContextMenus::Choose(unsigned command) {
     const std::optional<QModelIndex> cell = m_tree.TakeCellForMenu();
     if (!cell)
@@ -138,11 +146,8 @@ void ContextMenus::Choose(unsigned command) {
         Ask(*cell, command);
     const auto found = m_offered.find(command);
     if (found == m_offered.end()) {
-        const QString text = ToQString(platform::GetCommandFace(command).text);
-        emit NothingOffered(
-            cell->isValid()
-                ? tr("%1: not possible for %2 in this row").arg(text, CaptionOf(cell->column()))
-                : tr("%1: no row is chosen").arg(text));
+        emit NothingOffered(ToQString(platform::GetCommandFace(command).text) +
+                            QStringLiteral(": ") + WhyNotIn(*cell));
         return;
     }
     m_chosen = found->second;

@@ -54,6 +54,7 @@ private:
     void Ask(const QModelIndex& cell, unsigned wanted);
     void EnableOffered(bool areOffered);
     QString CaptionOf(int column) const;
+    QString WhyNotIn(const QModelIndex& cell) const;
 
     PanelTree& m_tree;
     CommandIcons m_icons;

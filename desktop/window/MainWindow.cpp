@@ -129,11 +129,11 @@ void MainWindow::MakeEditMenu() {
     m_undo->setIconText(tr("Undo"));
     m_redo->setIconText(tr("Redo"));
     edit->addSeparator();
-    edit->addAction(tr("Value of &Selected Rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
+    edit->addAction(tr("Value of &selected rows"), QKeySequence(Qt::SHIFT | Qt::Key_F2), m_tree,
                     &PanelTree::EditHead);
-    edit->addAction(tr("&Clear Value"), QKeySequence(Qt::Key_Backspace), m_tree,
+    edit->addAction(tr("&Clear value"), QKeySequence(Qt::Key_Backspace), m_tree,
                     &PanelTree::ClearValue);
-    edit->addAction(tr("Value &by Source"), QKeySequence(Qt::CTRL | Qt::Key_Return), m_tree,
+    edit->addAction(tr("Value &by source"), QKeySequence(Qt::CTRL | Qt::Key_Return), m_tree,
                     &PanelTree::ClickSourceIcon);
     edit->addSeparator();
     AddCommands(*edit);

@@ -29,6 +29,14 @@ QString TextOf(unsigned command) {
     return QString::fromStdWString(platform::GetCommandFace(command).text.Str());
 }
 
+QString WhyNot(const platform::TreeTableView& view, unsigned command) {
+    if (view.GetPanel().isReadOnly)
+        return MainWindow::tr("the product is read-only");
+    const bool needsRows = command == c_delete || command == c_highlight;
+    return needsRows && view.GetSelectedRows().empty() ? MainWindow::tr("no row is chosen")
+                                                       : MainWindow::tr("not possible here");
+}
+
 } // namespace
 
 void MainWindow::MakeCommands() {
@@ -39,10 +47,7 @@ void MainWindow::MakeCommands() {
     };
     connect(m_strips, &ToolStrips::Chosen, this, &MainWindow::RunStripCommand);
     connect(m_strips, &ToolStrips::PressedInVain, this, [this, tell](unsigned command) {
-        const bool isAnySelected = !m_session->GetView().GetSelectedRows().empty();
-        tell(isAnySelected || command != c_delete
-                 ? tr("%1: not possible here").arg(TextOf(command))
-                 : tr("%1: no row is chosen").arg(TextOf(command)));
+        tell(TextOf(command) + QStringLiteral(": ") + WhyNot(m_session->GetView(), command));
     });
     connect(m_menus, &ContextMenus::NothingOffered, this, tell);
     connect(m_menus, &ContextMenus::Chosen, this,

@@ -380,7 +380,7 @@ TEST_F(EditingTest, AMomentStaysOneHoweverItIsEdited) {
             Press(Qt::Key_Escape);
         }
     }
-    Trigger("Clear Value");
+    Trigger("Clear value");
     EXPECT_EQ(iso(), "");
     QLocale::setDefault(before);
 }
@@ -463,7 +463,7 @@ TEST_F(EditingTest, EnterOpensWhatAClickOpens) {
     Press(Qt::Key_Return);
     EXPECT_EQ(At({0, 0}, m_spare).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     Tree().setCurrentIndex(At({0, 0}, m_teeth));
-    Trigger("Value by Source");
+    Trigger("Value by source");
     EXPECT_EQ(desktop::TreeItemModel::LookOf(At({0, 0}, m_teeth)).sourceIcon.Str(), L"PRODUCTTREE_VAL_NOT_BY_SRC");
 }
 
@@ -493,10 +493,10 @@ TEST_F(EditingTest, AGroupIsEmptiedWhereItShowsNothing) {
     EXPECT_TRUE(m_window->isWindowModified());
 
     Tree().setCurrentIndex(At({0}, 3));
-    Trigger("Clear Value");
+    Trigger("Clear value");
     EXPECT_EQ(At({0, 0}, 3).data(Qt::CheckStateRole).toInt(), Qt::PartiallyChecked);
     Tree().setCurrentIndex(At({0}, 4));
-    Trigger("Clear Value");
+    Trigger("Clear value");
     EXPECT_EQ(TextAt({0, 0}, 4) + TextAt({0, 1}, 4), "");
 }
 

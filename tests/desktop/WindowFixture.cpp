@@ -65,7 +65,7 @@ QString WindowFixture::TextAt(std::initializer_list<int> path, int column) const
 QAction* WindowFixture::Action(const QString& text) const {
     for (QAction* menu : m_window->menuBar()->actions()) {
         for (QAction* action : menu->menu()->actions()) {
-            if (action->text().remove(QLatin1Char('&')).startsWith(text))
+            if (action->text().remove(QLatin1Char('&')).startsWith(text, Qt::CaseInsensitive))
                 return action;
         }
     }
