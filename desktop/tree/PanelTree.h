@@ -64,6 +64,8 @@ public:
     /// The current cell as its menu is asked for: no editor is open, and the row is selected.
     /// Invalid without a current row; no value while an editor stays open.
     std::optional<QModelIndex> TakeCellForMenu();
+    /// A row that is one cell from end to end has the menu of its name anywhere.
+    QModelIndex MenuCellOf(const QModelIndex& index) const;
 
     using QTreeView::edit;
 
@@ -137,7 +139,6 @@ private:
     /// The selection is left alone unless the row is another one.
     void MakeCurrent(const QModelIndex& index);
     void EditCell(const QModelIndex& index);
-    /// The cell that the menu is for.
     QModelIndex SelectForMenu(const QModelIndex& index);
     void OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::Spot spot);
     /// Over what is scrolled there, as the base draws the first cell of a row.

@@ -25,8 +25,13 @@ QModelIndex PanelTree::SelectForMenu(const QModelIndex& index) {
     selectionModel()->setCurrentIndex(index, isSelected ? QItemSelectionModel::NoUpdate
                                                         : QItemSelectionModel::ClearAndSelect |
                                                               QItemSelectionModel::Rows);
-    // A row that is one cell from end to end has that of its name.
-    return isFirstColumnSpanned(index.row(), index.parent()) ? index.siblingAtColumn(0) : index;
+    return MenuCellOf(index);
+}
+
+QModelIndex PanelTree::MenuCellOf(const QModelIndex& index) const {
+    return index.isValid() && isFirstColumnSpanned(index.row(), index.parent())
+               ? index.siblingAtColumn(0)
+               : index;
 }
 
 std::optional<QModelIndex> PanelTree::TakeCellForMenu() {

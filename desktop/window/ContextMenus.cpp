@@ -64,7 +64,7 @@ void ContextMenus::AddActions(QMenu& menu) {
 }
 
 void ContextMenus::EnableOffered(bool areOffered) {
-    const QModelIndex current = m_tree.currentIndex();
+    const QModelIndex current = m_tree.MenuCellOf(m_tree.currentIndex());
     m_offered.clear();
     if (areOffered && current.isValid())
         Ask(current, 0);

@@ -10,8 +10,8 @@
 
 namespace platform {
 
-/// The commands from left to right; 0 is a line between groups. None for a strip that a window fills
-/// itself, and for a name that is none of a strip.
+/// The commands from left to right; 0 is a line between groups. None for a strip that a window
+/// fills itself, and for a name that is none of a strip.
 std::span<const unsigned> FindToolStrip(std::string_view name);
 
 struct CommandFace {
