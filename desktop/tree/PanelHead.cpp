@@ -2,14 +2,17 @@
 
 #include "desktop/editors/CellEditors.h"
 #include "desktop/icons/IconGlyphs.h"
+#include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/TreeItemModel.h"
 
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <optional>
@@ -196,6 +199,21 @@ QMouseEvent PanelHead::AtTheBase(const QMouseEvent& event) const {
             event.modifiers(),      event.pointingDevice()};
 }
 
+bool PanelHead::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && count() > 0) {
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        const int left = sectionViewportPosition(0) + m_fixedShift();
+        const AttributeBoxes boxes(Model().GetView(),
+                                   QRect(left, 0, sectionSize(0), viewport()->height()),
+                                   layoutDirection());
+        if (const std::optional<int> id = boxes.FindAt(help.pos())) {
+            QToolTip::showText(help.globalPos(), AttributeBoxes::CaptionOf(*id), this);
+            return true;
+        }
+    }
+    return QHeaderView::viewportEvent(event);
+}
+
 void PanelHead::mousePressEvent(QMouseEvent* event) {
     QMouseEvent moved = AtTheBase(*event);
     QHeaderView::mousePressEvent(&moved);
@@ -233,6 +251,11 @@ void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) c
     painter->drawLine(right, rect.top() + c_sideRoom, right, bottom - c_sideRoom);
 
     QRect place = rect.adjusted(c_sideRoom, 0, -c_sideRoom, 0);
+    if (column == 0) {
+        const AttributeBoxes boxes(Model().GetView(), rect, layoutDirection());
+        boxes.PaintHead(*painter, rect);
+        place = boxes.WithoutBoxes(place);
+    }
     if (isOffered && place.width() > 2 * c_pencilSize) {
         const QRect pencil(place.right() - c_pencilSize + 1,
                            rect.center().y() - c_pencilSize / 2 + 1, c_pencilSize, c_pencilSize);

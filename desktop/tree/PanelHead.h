@@ -47,6 +47,8 @@ signals:
 protected:
     /// The first head stays in view with the names below it.
     void paintEvent(QPaintEvent* event) override;
+    /// The small heads above the boxes beside the names have tips of their own.
+    bool viewportEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

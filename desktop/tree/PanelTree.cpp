@@ -89,6 +89,8 @@ PanelTree::PanelTree(QWidget* parent)
             [this](const QModelIndex& index) { OnExpanded(index, false); });
     connect(m_delegate, &RowDelegate::SpotClicked, this, &PanelTree::OnSpotClicked,
             Qt::QueuedConnection);
+    m_delegate->SetNamesPlace(
+        [this] { return QRect(columnViewportPosition(0) + NameShift(), 0, columnWidth(0), 1); });
     m_head->SetFixedShift([this] { return NameShift(); });
     connect(m_head, &PanelHead::ValueGiven, this, &PanelTree::GiveHeadValue);
     connect(m_head, &PanelHead::MenuWanted, this, [this](int column, QPoint place) {
@@ -123,6 +125,11 @@ void PanelTree::ShowModel(TreeItemModel* model) {
         m_head->OfferEditors(static_cast<int>(m_model->GetView().GetSelectedRows().size()));
     });
     connect(model, &TreeItemModel::NameEditWanted, this, &PanelTree::EditCell);
+    // Columns of boxes may have come or gone.
+    connect(model, &TreeItemModel::PanelChanged, this, [this] {
+        viewport()->update();
+        m_head->viewport()->update();
+    });
     // While the model is replaced, the head lays its columns out anew: no width is the user's then.
     connect(model, &TreeItemModel::modelAboutToBeReset, this, [this] {
         KeepDraft();

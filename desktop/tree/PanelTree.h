@@ -66,6 +66,8 @@ public:
     std::optional<QModelIndex> TakeCellForMenu();
     /// A row that is one cell from end to end has the menu of its name anywhere.
     QModelIndex MenuCellOf(const QModelIndex& index) const;
+    /// As a click on that box beside the name of the current row.
+    void ClickAttribute(int columnId);
 
     using QTreeView::edit;
 

@@ -85,6 +85,11 @@ void PanelTree::OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::S
     case RowDelegate::Spot::CheckBox:
         m_model->Toggle(index);
         break;
+    case RowDelegate::Spot::AggrIntoProduct:
+    case RowDelegate::Spot::RegWithDesc:
+        m_model->GetView().ClickAttributeByUser(TreeItemModel::RowOf(index),
+                                                RowDelegate::AttributeOf(spot));
+        break;
     case RowDelegate::Spot::Assembly:
         emit AssemblyOpened();
         return;
@@ -191,6 +196,13 @@ void PanelTree::ClickSourceIcon() {
     const QModelIndex current = currentIndex();
     if (current.isValid() && !TreeItemModel::LookOf(current).sourceIcon.IsEmpty())
         OnSpotClicked(current, RowDelegate::Spot::SourceIcon);
+}
+
+void PanelTree::ClickAttribute(int columnId) {
+    if (!CommitEditor() || !currentIndex().isValid())
+        return;
+    m_model->GetView().ClickAttributeByUser(TreeItemModel::RowOf(currentIndex()), columnId);
+    OnEdited();
 }
 
 QModelIndex PanelTree::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

@@ -1,18 +1,16 @@
 #include "desktop/tree/RowDelegate.h"
 
-#include "desktop/editors/DesignationEdit.h"
 #include "desktop/editors/LocaleNumbers.h"
-#include "desktop/editors/ValueEdits.h"
+#include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/CellLook.h"
 #include "desktop/tree/GroupValues.h"
 #include "desktop/tree/TreeItemModel.h"
+#include "host/view/AttributeColumns.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -27,8 +25,6 @@ namespace {
 constexpr int c_rowRoom = 9;
 /// Room between the letters of a cell and the line behind it.
 constexpr int c_cellRoom = 4;
-constexpr int c_smallestEditor = 150;
-constexpr int c_smallestNumberEditor = 80;
 constexpr int c_iconSize = 16;
 constexpr int c_iconRoom = 4;
 /// In a narrower cell the value has all the room, and the icon none.
@@ -229,32 +225,77 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
     if (TreeItemModel::RowOf(index).IsSection()) {
-        QStyledItemDelegate::paint(painter, option, index);
+        PaintSection(*painter, option, index);
         return;
     }
     const CellLook look = TreeItemModel::LookOf(index);
+    const QStyleOptionViewItem beside = BesideBoxes(option, index);
     QStyleOptionViewItem cell = option;
     // The ground of the whole cell; what follows paints that of its content alone.
     StyleOf(cell).drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
-    cell.rect = ContentOf(option, index, look);
+    cell.rect = ContentOf(beside, index, look);
     QStyledItemDelegate::paint(painter, cell, index);
     PaintBox(*painter, cell, index, look);
-    if (const QRect icon = IconOf(option, look);
+    if (const QRect icon = IconOf(beside, look);
         icon.isValid() && IsIconDrawn(option, index, look)) {
         if (option.state.testFlag(QStyle::State_Selected))
             PaintPlate(*painter, option, icon);
         m_sourceIcons.Find(look.sourceIcon)->paint(painter, icon);
     }
-    if (const QRect arrow = ArrowOf(option, index, look); arrow.isValid())
+    if (const QRect arrow = ArrowOf(beside, index, look); arrow.isValid())
         PaintArrow(*painter, option, arrow);
+    if (index.column() == 0)
+        BoxesOf(option, index).PaintRow(*painter, option, TreeItemModel::RowOf(index));
     QColor line = option.palette.color(QPalette::WindowText);
     line.setAlphaF(c_columnLine);
     painter->setPen(line);
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
 }
 
+void RowDelegate::PaintSection(QPainter& painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+    const AttributeBoxes boxes = BoxesOf(option, index);
+    if (boxes.IsEmpty()) {
+        QStyledItemDelegate::paint(&painter, option, index);
+        return;
+    }
+    StyleOf(option).drawPrimitive(QStyle::PE_PanelItemViewItem, &option, &painter, option.widget);
+    QStyledItemDelegate::paint(&painter, BesideBoxes(option, index), index);
+    boxes.PaintRow(painter, option, TreeItemModel::RowOf(index));
+}
+
+AttributeBoxes RowDelegate::BoxesOf(const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
+    const auto& model = static_cast<const TreeItemModel&>(*index.model());
+    const QRect names = m_namesPlace && index.column() == 0 ? m_namesPlace() : QRect();
+    return {model.GetView(), names, option.direction};
+}
+
+QStyleOptionViewItem RowDelegate::BesideBoxes(const QStyleOptionViewItem& option,
+                                              const QModelIndex& index) const {
+    QStyleOptionViewItem cell = option;
+    if (index.column() == 0)
+        cell.rect = BoxesOf(option, index).WithoutBoxes(option.rect);
+    return cell;
+}
+
+int RowDelegate::AttributeOf(Spot spot) {
+    return spot == Spot::AggrIntoProduct ? AttributeColumnAggrIntoProduct
+                                         : AttributeColumnRegWithDesc;
+}
+
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                             const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() == QEvent::ToolTip && index.isValid() && index.column() == 0) {
+        const TreeItemModel& model = static_cast<const TreeItemModel&>(*index.model());
+        const platform::TreeTableRow& row = TreeItemModel::RowOf(index);
+        const std::optional<int> box = BoxesOf(option, index).FindAt(event->pos());
+        if (box && AttributeBoxes::HasBox(row, *box)) {
+            QToolTip::showText(event->globalPos(),
+                               AttributeBoxes::MakeBoxTip(model.GetView(), row, *box), view);
+            return true;
+        }
+    }
     if (event->type() == QEvent::ToolTip && index.isValid() &&
         SpotAt(option, index, event->pos()) == Spot::SourceIcon) {
         const bool isBySource = SourceIcons::IsBySource(TreeItemModel::LookOf(index).sourceIcon);
@@ -300,13 +341,24 @@ void RowDelegate::PaintBox(QPainter& painter, const QStyleOptionViewItem& cell,
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     size.setHeight(std::max(size.height(), option.fontMetrics.height() + c_rowRoom));
+    if (index.column() == 0)
+        size.rwidth() += BoxesOf(option, index).GetWidth();
     return size;
 }
 
-RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& option, const QModelIndex& index,
+RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& whole, const QModelIndex& index,
                                       QPoint place) const {
-    if (TreeItemModel::RowOf(index).IsSection())
+    const platform::TreeTableRow& row = TreeItemModel::RowOf(index);
+    if (const std::optional<int> box = BoxesOf(whole, index).FindAt(place)) {
+        const auto& model = static_cast<const TreeItemModel&>(*index.model());
+        if (!AttributeBoxes::CanClick(model.GetView(), row, *box))
+            return Spot::None;
+        return *box == AttributeOf(Spot::AggrIntoProduct) ? Spot::AggrIntoProduct
+                                                          : Spot::RegWithDesc;
+    }
+    if (row.IsSection())
         return Spot::None;
+    const QStyleOptionViewItem option = BesideBoxes(whole, index);
     const CellLook look = TreeItemModel::LookOf(index);
     if (IconOf(option, look).contains(place))
         return Spot::SourceIcon;
@@ -328,7 +380,7 @@ RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& option, const 
 
 bool RowDelegate::IsOnIcon(const QStyleOptionViewItem& option, const QModelIndex& index,
                            QPoint place) const {
-    QStyleOptionViewItem cell = option;
+    QStyleOptionViewItem cell = BesideBoxes(option, index);
     initStyleOption(&cell, index);
     return StyleOf(cell)
         .subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget)
@@ -354,84 +406,6 @@ bool RowDelegate::editorEvent(QEvent* event, QAbstractItemModel*,
         return false;
     emit SpotClicked(index, spot);
     return true;
-}
-
-bool RowDelegate::eventFilter(QObject* editor, QEvent* event) {
-    // Another window came to the front, perhaps a dialog that nobody asked for: the editor stays as
-    // it is until the user leaves it.
-    if (event->type() == QEvent::FocusOut &&
-        static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason)
-        return false;
-    // Shift and Enter types a line break; the base would take it for Enter.
-    const bool isTyped = event->type() == QEvent::KeyPress && qobject_cast<TextEdit*>(editor) &&
-                         TextEdit::TypesLineBreak(*static_cast<QKeyEvent*>(event));
-    return !isTyped && QStyledItemDelegate::eventFilter(editor, event);
-}
-
-QWidget* RowDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                   const QModelIndex& index) const {
-    QWidget* const editor = MakeEditor(TreeItemModel::EditorOf(index), parent);
-    if (auto* line = qobject_cast<QLineEdit*>(editor))
-        line->setFrame(true);
-    if (auto* choice = qobject_cast<QComboBox*>(editor)) {
-        connect(choice, &QComboBox::activated, this,
-                [this, choice] { Finish(choice, SubmitModelCache); });
-        QMetaObject::invokeMethod(choice, &QComboBox::showPopup, Qt::QueuedConnection);
-    }
-    if (auto* designation = qobject_cast<DesignationEdit*>(editor)) {
-        connect(designation, &DesignationEdit::Left, this,
-                [this, designation](EndEditHint hint) { Finish(designation, hint); });
-    }
-    return editor;
-}
-
-void RowDelegate::Finish(QWidget* editor, EndEditHint hint) const {
-    auto& self = const_cast<RowDelegate&>(*this);
-    if (hint != RevertModelCache)
-        emit self.commitData(editor);
-    emit self.closeEditor(editor, hint);
-}
-
-void RowDelegate::setEditorData(QWidget*, const QModelIndex&) const {}
-
-void RowDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
-                               const QModelIndex& index) const {
-    // The view commits an open editor again when the current row moves, which it may do because of
-    // the edit; another object stands in the editor's row then.
-    if (m_committed == editor)
-        return;
-    m_committed = editor;
-    if (const std::optional<QVariant> input = TakeInput(*editor))
-        model->setData(index, *input, Qt::EditRole);
-}
-
-void RowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                       const QModelIndex& index) const {
-    QRect place = option.rect;
-    if (index.column() == 0) {
-        QStyleOptionViewItem cell = option;
-        initStyleOption(&cell, index);
-        place = StyleOf(cell).subElementRect(QStyle::SE_ItemViewItemText, &cell, cell.widget);
-    }
-    place.adjust(0, 0, 0, -1);
-    // A narrow column is no reason not to see what one types. Numbers stay where they are.
-    const bool isNumber = TreeItemModel::HeadOf(index).IsNumeric();
-    const int smallest = std::max(isNumber ? c_smallestNumberEditor : c_smallestEditor,
-                                  editor->minimumSizeHint().width());
-    const int room = editor->parentWidget()->width();
-    const int width = std::min(room, std::max(place.width(), smallest));
-    const int left = isNumber ? place.right() - width + 1 : place.left();
-    place.setWidth(width);
-    place.moveLeft(std::clamp(left, 0, room - width));
-    if (const auto* const designation = qobject_cast<const DesignationEdit*>(editor)) {
-        const int bottom = editor->parentWidget()->height() - 1;
-        const bool isInSight = place.bottom() <= bottom;
-        place.setHeight(place.height() + designation->GetLabelHeight());
-        // In the lowest row in sight the captions would stand below the edge.
-        if (isInSight && place.bottom() > bottom)
-            place.moveBottom(bottom);
-    }
-    editor->setGeometry(place);
 }
 
 } // namespace desktop

@@ -4,9 +4,12 @@
 #pragma once
 
 #include "desktop/icons/SourceIcons.h"
+#include "desktop/tree/AttributeBoxes.h"
 
 #include <QPointer>
 #include <QStyledItemDelegate>
+
+#include <functional>
 
 namespace desktop {
 
@@ -18,8 +21,14 @@ class RowDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// Where the column of names stands on the screen, also for a row that is one cell from end to
+    /// end. The boxes beside the names stand at its end.
+    void SetNamesPlace(const std::function<QRect()>& place) { m_namesPlace = place; }
+
     /// What in a cell does something when it is clicked.
-    enum class Spot { None, SourceIcon, Link, CheckBox, Assembly };
+    enum class Spot { None, SourceIcon, Link, CheckBox, Assembly, AggrIntoProduct, RegWithDesc };
+    /// The id of the column of boxes that a spot is in, which is one of the last two.
+    static int AttributeOf(Spot spot);
     Spot SpotAt(const QStyleOptionViewItem& option, const QModelIndex& index, QPoint place) const;
 
     /// On the picture before the text.
@@ -56,6 +65,12 @@ protected:
     bool eventFilter(QObject* editor, QEvent* event) override;
 
 private:
+    AttributeBoxes BoxesOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    /// The option for what of a name's cell is not taken by the boxes.
+    QStyleOptionViewItem BesideBoxes(const QStyleOptionViewItem& option,
+                                     const QModelIndex& index) const;
+    void PaintSection(QPainter& painter, const QStyleOptionViewItem& option,
+                      const QModelIndex& index) const;
     /// The cell without its line, its room at the sides and its icon.
     QRect ContentOf(const QStyleOptionViewItem& option, const QModelIndex& index,
                     const CellLook& look) const;
@@ -73,6 +88,7 @@ private:
                   const CellLook& look) const;
     void Finish(QWidget* editor, EndEditHint hint) const;
 
+    std::function<QRect()> m_namesPlace;
     SourceIcons m_sourceIcons;
     mutable QPointer<QWidget> m_committed;
 };

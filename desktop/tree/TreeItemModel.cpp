@@ -1,10 +1,9 @@
 #include "desktop/tree/TreeItemModel.h"
 
-#include "desktop/tree/GroupValues.h"
+#include "desktop/tree/CellTips.h"
 
 #include <QFont>
 #include <QString>
-#include <QTextDocument>
 
 #include <algorithm>
 
@@ -17,18 +16,8 @@ using platform::ColumnHead;
 using platform::HeadKind;
 using platform::TreeTableRow;
 
-QString ToQString(const SharedText& text) {
-    return QString::fromStdWString(text.Str());
-}
-
 SharedText ToText(const QString& text) {
     return SharedText(text.toStdWString());
-}
-
-/// As a tip that the toolkit doesn't take for markup.
-QString ToTip(const QString& tip) {
-    return Qt::mightBeRichText(tip) ? QStringLiteral("<span>%1</span>").arg(tip.toHtmlEscaped())
-                                    : tip;
 }
 
 platform::MarkingParts ToParts(const QStringList& texts) {
@@ -228,18 +217,8 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
         return EditorOf(index).value;
     case Qt::CheckStateRole:
         return ToCheckState(index);
-    case Qt::ToolTipRole: {
-        const QString groupTip = GroupValues(row, head).MakeTip();
-        QString tip = groupTip.isEmpty() ? ToQString(GetCellTip(row, head)) : groupTip;
-        if (tip.isEmpty())
-            tip = GetCellText(row, head);
-        if (m_questions.countNote && head.kind == HeadKind::Count &&
-            LookOf(index).kind != EditKind::None) {
-            const QString note = ToQString(m_questions.countNote(row, head.id));
-            tip += (tip.isEmpty() || note.isEmpty() ? QString() : QStringLiteral("\n")) + note;
-        }
-        return ToTip(tip);
-    }
+    case Qt::ToolTipRole:
+        return MakeCellTip(index, m_questions.countNote);
     case Qt::DecorationRole:
         return head.kind == HeadKind::Name ? m_icons.Get(row.GetIcon()) : QVariant();
     case Qt::FontRole:

@@ -4,6 +4,7 @@
 #include "desktop/editors/LocaleNumbers.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
+#include "desktop/window/AttributeActions.h"
 #include "desktop/window/ContextMenus.h"
 #include "desktop/window/HelpMenu.h"
 #include "desktop/window/LevelBar.h"
@@ -87,8 +88,9 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     setCentralWidget(MakePanel());
     MakeCommands();
     MakeFileMenu();
-    MakeEditMenu();
-    MakeViewMenu();
+    QMenu* const edit = MakeEditMenu();
+    m_attributes = new AttributeActions(*edit, *MakeViewMenu(), *m_tree);
+    m_attributes->setParent(this);
     MakeWindowMenu();
     new HelpMenu(*this, [this] {
         return m_session ? QString::fromStdString(m_session->GetView().GetPanel().helpTopic)
@@ -119,7 +121,7 @@ void MainWindow::MakeFileMenu() {
                     &QApplication::closeAllWindows);
 }
 
-void MainWindow::MakeEditMenu() {
+QMenu* MainWindow::MakeEditMenu() {
     QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
     m_undo =
         edit->addAction(tr("&Undo"), QKeySequence::Undo, this, [this] { GoStep(&Session::Undo); });
@@ -137,9 +139,10 @@ void MainWindow::MakeEditMenu() {
                     &PanelTree::ClickSourceIcon);
     edit->addSeparator();
     AddCommands(*edit);
+    return edit;
 }
 
-void MainWindow::MakeViewMenu() {
+QMenu* MainWindow::MakeViewMenu() {
     QMenu* const view = menuBar()->addMenu(tr("&View"));
     AddLevelActions(*view);
     view->addAction(tr("&Expand all"), QKeySequence(Qt::CTRL | Qt::Key_E), this,
@@ -157,6 +160,7 @@ void MainWindow::MakeViewMenu() {
         else
             ShowState();
     });
+    return view;
 }
 
 QWidget* MainWindow::MakePanel() {
@@ -171,6 +175,7 @@ QWidget* MainWindow::MakePanel() {
     connect(m_tree, &PanelTree::SelectedRowsChanged, this, [this] {
         ShowCounts();
         ShowLevel();
+        m_attributes->Show(m_session->GetView());
     });
     connect(m_tree, &PanelTree::AssemblyOpened, this, &MainWindow::OpenAssembly);
     m_levels = new LevelBar;
@@ -285,6 +290,7 @@ void MainWindow::ShowState() {
     m_strips->ShowState(m_session->GetView());
     m_embodiments->setEnabled(m_session->HasEmbodiments());
     m_embodiments->setChecked(m_session->IsEmbodimentMode());
+    m_attributes->Show(m_session->GetView());
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
     ShowLevel();

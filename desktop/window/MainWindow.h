@@ -29,6 +29,7 @@ namespace desktop {
 /// How long the status line tells of something that has happened.
 inline constexpr int c_messageMilliseconds = 10'000;
 
+class AttributeActions;
 class ContextMenus;
 class LevelBar;
 class MassIndicator;
@@ -73,8 +74,8 @@ protected:
 
 private:
     void MakeFileMenu();
-    void MakeEditMenu();
-    void MakeViewMenu();
+    QMenu* MakeEditMenu();
+    QMenu* MakeViewMenu();
     void MakeWindowMenu();
     QWidget* MakePanel();
     void MakeStatusBar();
@@ -156,6 +157,7 @@ private:
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QAction* m_embodiments = nullptr;
+    AttributeActions* m_attributes = nullptr;
     QAction* m_open = nullptr;
     QAction* m_up = nullptr;
     QAction* m_direct = nullptr;

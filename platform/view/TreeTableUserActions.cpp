@@ -211,6 +211,14 @@ bool TreeTableView::ClickAttributeByUser(TreeTableRow& row, int columnId) {
     });
 }
 
+bool TreeTableView::ShowAttributeColumnByUser(int columnId, bool shown) {
+    const AttributeColumn column = GetAttributeColumn(columnId);
+    if (!column.isEnabled || column.isShown == shown)
+        return false;
+    SetAttributeColumnShown(columnId, shown);
+    return true;
+}
+
 bool TreeTableView::ShowRowMenuByUser(TreeTableRow& row, const std::wstring& columnId) {
     if (!CanActOn(row) || columnId.empty())
         return false;

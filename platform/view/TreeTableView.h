@@ -197,6 +197,9 @@ public:
     /// One of the two check boxes beside the name, by its AttributeColumnId. Only a box that can be
     /// changed.
     bool ClickAttributeByUser(TreeTableRow& row, int columnId);
+    /// The column of boxes comes or goes, where that is for the user to say; the control reads it
+    /// when it builds the next time.
+    bool ShowAttributeColumnByUser(int columnId, bool shown);
     /// Opens the menu of the row's cell, or of the selected rows, and of a column's head. True says
     /// that the control was asked, not that there was something to offer.
     bool ShowRowMenuByUser(TreeTableRow& row, const std::wstring& columnId);
