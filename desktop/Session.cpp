@@ -282,13 +282,6 @@ SharedText Session::FindCountNote(const platform::TreeTableRow& row,
                         : m_product->GetCountKey(data->GetObjectKey(), embodiments, isInGroup));
 }
 
-void Session::SetEmbodimentMode(bool on) {
-    if (!HasEmbodiments() || on == IsEmbodimentMode())
-        return;
-    m_product->SetEmbodimentMode(on);
-    m_frame->GetTree().Synchronize();
-}
-
 void Session::TakeMeasures(const step::Measures& measures) {
     m_product->Change([&](platform::ProductModel& model) { ApplyMeasures(model, measures); });
     m_file->hasUnsavedMeasures = m_file->isProduct;

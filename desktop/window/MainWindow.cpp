@@ -7,6 +7,7 @@
 #include "desktop/window/AttributeActions.h"
 #include "desktop/window/ContextMenus.h"
 #include "desktop/window/HelpMenu.h"
+#include "desktop/window/EmbodimentBar.h"
 #include "desktop/window/LevelBar.h"
 #include "desktop/window/MassIndicator.h"
 #include "desktop/window/ToolStrips.h"
@@ -20,6 +21,7 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -92,6 +94,7 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     m_attributes = new AttributeActions(*edit, *MakeViewMenu(), *m_tree);
     m_attributes->setParent(this);
     MakeWindowMenu();
+    MakeEmbodimentBar();
     new HelpMenu(*this, [this] {
         return m_session ? QString::fromStdString(m_session->GetView().GetPanel().helpTopic)
                          : QString();
@@ -105,6 +108,8 @@ MainWindow::~MainWindow() {
     if (m_session)
         m_session->SetListener(nullptr);
     m_masses->Stop();
+    // It hears that the user leaves it while the window is taken down.
+    m_embodimentBar->Show(nullptr);
     m_tree->ShowModel(nullptr);
 }
 
@@ -154,12 +159,6 @@ QMenu* MainWindow::MakeViewMenu() {
     m_embodiments = view->addAction(tr("Counts of All E&mbodiments"));
     m_embodiments->setCheckable(true);
     m_embodiments->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
-    connect(m_embodiments, &QAction::triggered, this, [this](bool on) {
-        if (m_tree->CommitEditor())
-            m_session->SetEmbodimentMode(on);
-        else
-            ShowState();
-    });
     return view;
 }
 
@@ -208,6 +207,14 @@ QWidget* MainWindow::MakePanel() {
     layout->addLayout(head);
     layout->addWidget(m_tree);
     return panel;
+}
+
+void MainWindow::MakeEmbodimentBar() {
+    m_embodiments->setIconText(tr("Embodiments"));
+    m_embodimentBar = new EmbodimentBar(*m_embodiments, *m_tree);
+    m_embodimentTool = m_strips->GetAdditional().addWidget(m_embodimentBar);
+    connect(m_embodimentBar, &EmbodimentBar::Told, this,
+            [this](const QString& text) { statusBar()->showMessage(text, c_messageMilliseconds); });
 }
 
 void MainWindow::MakeStatusBar() {
@@ -287,9 +294,9 @@ void MainWindow::ShowState() {
     m_save->setEnabled(m_session->IsModified() || !m_session->IsProductFile());
     const step::StepDocument* const step = m_session->GetStep();
     m_encoding->setEnabled(step && !m_session->IsProductFile() && !step->GetForeignTexts().empty());
+    m_embodimentBar->Show(&m_session->GetView());
+    m_embodimentTool->setVisible(m_session->GetView().GetEmbodiments().isEnabled);
     m_strips->ShowState(m_session->GetView());
-    m_embodiments->setEnabled(m_session->HasEmbodiments());
-    m_embodiments->setChecked(m_session->IsEmbodimentMode());
     m_attributes->Show(m_session->GetView());
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());

@@ -31,6 +31,7 @@ inline constexpr int c_messageMilliseconds = 10'000;
 
 class AttributeActions;
 class ContextMenus;
+class EmbodimentBar;
 class LevelBar;
 class MassIndicator;
 class PanelTree;
@@ -78,6 +79,7 @@ private:
     QMenu* MakeViewMenu();
     void MakeWindowMenu();
     QWidget* MakePanel();
+    void MakeEmbodimentBar();
     void MakeStatusBar();
 
     void ChooseFile();
@@ -158,6 +160,8 @@ private:
     QAction* m_redo = nullptr;
     QAction* m_embodiments = nullptr;
     AttributeActions* m_attributes = nullptr;
+    EmbodimentBar* m_embodimentBar = nullptr;
+    QAction* m_embodimentTool = nullptr;
     QAction* m_open = nullptr;
     QAction* m_up = nullptr;
     QAction* m_direct = nullptr;

@@ -9,6 +9,9 @@
 #include <QMainWindow>
 #include <QToolBar>
 
+#include <algorithm>
+#include <functional>
+
 namespace desktop {
 
 namespace {
@@ -41,6 +44,11 @@ QToolBar* AddBar(QMainWindow& window) {
     bar->hide();
     window.addToolBar(bar);
     return bar;
+}
+
+bool HasAnythingShown(const QToolBar& bar) {
+    const QList<QAction*> actions = bar.actions();
+    return std::any_of(actions.begin(), actions.end(), std::mem_fn(&QAction::isVisible));
 }
 
 } // namespace
@@ -82,7 +90,7 @@ void ToolStrips::ShowState(const platform::TreeTableView& view) {
     Fill(*m_main, view.GetPanel().toolbar);
     m_additional->setObjectName(QString::fromStdString(view.GetPanel().additionalToolbar));
     for (QToolBar* const bar : {m_main, m_additional})
-        bar->setVisible(!bar->actions().isEmpty());
+        bar->setVisible(HasAnythingShown(*bar));
     for (auto action = m_actions.begin(); action != m_actions.end(); ++action) {
         (*action)->setVisible(view.IsCommandShown(action.key()));
         (*action)->setEnabled(view.IsCommandOffered(action.key()));
