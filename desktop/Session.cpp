@@ -1,6 +1,7 @@
 #include "desktop/Session.h"
 
 #include "columns/ColumnInfo.h"
+#include "desktop/RowsOfObject.h"
 #include "desktop/store/ProductFile.h"
 #include "host/IfPropertyDescription.h"
 #include "host/frame/FeatureTrees.h"
@@ -102,7 +103,10 @@ void Session::OnSelectionChanged() {
     m_frame->GetTree().SetSelectionByDoc();
 }
 
-void Session::OnHighlightChanged() {}
+void Session::OnHighlightChanged() {
+    if (m_listener)
+        m_listener->OnHighlightChanged();
+}
 
 platform::TreeTableView& Session::GetView() const {
     return m_frame->GetView();
@@ -115,6 +119,23 @@ void Session::SetDecisions(platform::IUserDecisions* decisions) {
 
 void Session::SetPopupMenus(IPopupMenuTracker* tracker) {
     m_frame->SetPopupMenus(tracker);
+}
+
+std::optional<SharedText> Session::GetHighlightedName() const {
+    const std::optional<platform::Highlighting>& highlighting = m_product->GetHighlighting();
+    return highlighting ? std::optional(highlighting->name) : std::nullopt;
+}
+
+std::vector<platform::TreeTableRow*>
+Session::FindHighlightedRows(const platform::TreeTableView& view) const {
+    const std::optional<platform::Highlighting>& highlighting = m_product->GetHighlighting();
+    if (!highlighting)
+        return {};
+    return FindRowsOf(m_product->GetModel(), highlighting->key, view.GetRoot());
+}
+
+void Session::EndHighlighting() {
+    m_product->EndHighlighting();
 }
 
 void Session::ExpandAll() {

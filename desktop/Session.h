@@ -35,6 +35,8 @@ public:
 
     /// What can be undone, what is saved and where, or how many views there are.
     virtual void OnProductChanged() = 0;
+    /// Something is highlighted in the document, or nothing any more.
+    virtual void OnHighlightChanged() = 0;
 };
 
 enum class FileNews {
@@ -77,6 +79,14 @@ public:
     void SetDecisions(platform::IUserDecisions* decisions);
     /// Who shows the panel's menus; null, as at first: there are none.
     void SetPopupMenus(IPopupMenuTracker* tracker);
+
+    /// The name of what is highlighted; no value for nothing.
+    std::optional<SharedText> GetHighlightedName() const;
+    /// Those of a view that show it, from top to bottom.
+    std::vector<platform::TreeTableRow*>
+    FindHighlightedRows(const platform::TreeTableView& view) const;
+    /// The user has seen it.
+    void EndHighlighting();
 
     void ExpandAll();
     /// The root row and its sections from the first on, as long as no more than so many rows show.

@@ -1,6 +1,7 @@
 #include "desktop/tree/PanelTree.h"
 
 #include "columns/ColumnInfo.h"
+#include "desktop/tree/HighlightedRows.h"
 #include "desktop/tree/PanelHead.h"
 #include "desktop/tree/RefusalNote.h"
 #include "desktop/tree/TreeItemModel.h"
@@ -61,7 +62,7 @@ QItemSelection RangesOf(const TreeItemModel& model, const std::vector<TreeRowPtr
 
 PanelTree::PanelTree(QWidget* parent)
     : QTreeView(parent), m_delegate(new RowDelegate(this)), m_head(new PanelHead(this)),
-      m_refusalNote(new RefusalNote(this)) {
+      m_refusalNote(new RefusalNote(this)), m_highlighted(new HighlightedRows(*this)) {
     setItemDelegate(m_delegate);
     setHeader(m_head);
     setUniformRowHeights(true);
@@ -107,6 +108,7 @@ void PanelTree::ShowModel(TreeItemModel* model) {
     // An editor that outlived its model would write into what is gone.
     CloseEditors(QAbstractItemDelegate::RevertModelCache);
     m_draft.reset();
+    m_highlighted->Hide();
     const std::unique_ptr<QItemSelectionModel> oldSelection(selectionModel());
     if (m_model)
         m_model->disconnect(this);
@@ -121,6 +123,7 @@ void PanelTree::ShowModel(TreeItemModel* model) {
         return;
     connect(model, &TreeItemModel::RowStatesChanged, this, &PanelTree::ApplyRowStates);
     connect(model, &TreeItemModel::RowStatesChanged, this, &PanelTree::OpenDraft);
+    connect(model, &TreeItemModel::Changed, m_highlighted, &HighlightedRows::OnRowsChanged);
     connect(model, &TreeItemModel::Changed, this, [this] {
         m_head->OfferEditors(static_cast<int>(m_model->GetView().GetSelectedRows().size()));
     });
@@ -133,6 +136,7 @@ void PanelTree::ShowModel(TreeItemModel* model) {
     // While the model is replaced, the head lays its columns out anew: no width is the user's then.
     connect(model, &TreeItemModel::modelAboutToBeReset, this, [this] {
         KeepDraft();
+        m_highlighted->OnRowsGoing();
         m_isFollowing = true;
         m_head->CloseEditor();
         m_scrollPlace = verticalScrollBar()->value();
@@ -323,6 +327,12 @@ void PanelTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                 option.palette.color(QPalette::Highlight), c_sectionTint);
         row.palette.setColor(QPalette::AlternateBase, tint);
         painter->fillRect(option.rect, tint);
+    }
+    if (m_highlighted->Has(TreeItemModel::RowOf(index))) {
+        const QColor ground = m_highlighted->GetGround(option.palette);
+        row.palette.setColor(QPalette::Base, ground);
+        row.palette.setColor(QPalette::AlternateBase, ground);
+        painter->fillRect(option.rect, ground);
     }
     QTreeView::drawRow(painter, row, index);
     if (NameShift() != 0)

@@ -20,6 +20,7 @@ class TreeTableRow;
 
 namespace desktop {
 
+class HighlightedRows;
 class PanelHead;
 class RefusalNote;
 class TreeItemModel;
@@ -68,6 +69,7 @@ public:
     QModelIndex MenuCellOf(const QModelIndex& index) const;
     /// As a click on that box beside the name of the current row.
     void ClickAttribute(int columnId);
+    HighlightedRows& GetHighlighted() const { return *m_highlighted; }
 
     using QTreeView::edit;
 
@@ -177,6 +179,7 @@ private:
     RowDelegate* m_delegate;
     PanelHead* m_head;
     RefusalNote* m_refusalNote;
+    HighlightedRows* m_highlighted;
     QWidget* m_closing = nullptr;
     QPersistentModelIndex m_edited;
     /// Of the input that is being taken; empty when it was not refused.

@@ -2,6 +2,7 @@
 
 #include "desktop/dialogs/DialogDecisions.h"
 #include "desktop/editors/LocaleNumbers.h"
+#include "desktop/tree/HighlightedRows.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/AttributeActions.h"
@@ -176,6 +177,8 @@ QWidget* MainWindow::MakePanel() {
         ShowLevel();
         m_attributes->Show(m_session->GetView());
     });
+    connect(&m_tree->GetHighlighted(), &HighlightedRows::Ended, this,
+            [this] { m_session->EndHighlighting(); });
     connect(m_tree, &PanelTree::AssemblyOpened, this, &MainWindow::OpenAssembly);
     m_levels = new LevelBar;
     connect(m_levels, &LevelBar::Chosen, this, &MainWindow::GoBack);
@@ -265,6 +268,33 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     ShowCaption();
     ShowCounts();
     ShowState();
+}
+
+// In a queue: the panel is at work when it is told.
+void MainWindow::OnHighlightChanged() {
+    QMetaObject::invokeMethod(this, &MainWindow::ShowHighlight, Qt::QueuedConnection);
+}
+
+void MainWindow::ShowHighlight() {
+    if (!m_session)
+        return;
+    const std::optional<SharedText> name = m_session->GetHighlightedName();
+    if (!name) {
+        m_tree->GetHighlighted().Hide();
+        // What has ended it may have been told of already.
+        if (statusBar()->currentMessage() == m_highlightText)
+            statusBar()->clearMessage();
+        return;
+    }
+    m_tree->GetHighlighted().Show(
+        [this] { return m_session->FindHighlightedRows(m_session->GetView()); });
+    if (!m_tree->GetHighlighted().AreShown())
+        return;
+    m_tree->setFocus();
+    const QString shown = QString::fromStdWString(name->Str()).simplified();
+    m_highlightText =
+        tr("Highlighted: %1. Escape ends it.").arg(shown.isEmpty() ? tr("no name") : shown);
+    statusBar()->showMessage(m_highlightText);
 }
 
 void MainWindow::ShowCaption() {

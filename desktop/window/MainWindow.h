@@ -131,6 +131,8 @@ private:
     void OnInputAnswered(const platform::ColumnHead& column, const QVariant& input, bool isTaken);
     /// Tells of rows that did not take what others did.
     void OnHeadAnswered(const platform::ColumnHead& column, int takers, int rows);
+    void OnHighlightChanged() override;
+    void ShowHighlight();
     void OnMeasured(const step::Measures& measures);
 
     void ShowCaption();
@@ -145,6 +147,8 @@ private:
     FileWatch m_watch;
     /// Why the last input, or some of it, was not taken.
     QString m_refusal;
+    /// What the status line says of the highlight.
+    QString m_highlightText;
     struct Place {
         QStringList expanded;
         int scroll = 0;
