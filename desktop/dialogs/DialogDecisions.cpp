@@ -1,5 +1,6 @@
 #include "desktop/dialogs/DialogDecisions.h"
 
+#include "desktop/dialogs/ItemPropertiesDialog.h"
 #include "desktop/dialogs/ListDialog.h"
 #include "desktop/dialogs/ObjectDialog.h"
 #include "desktop/dialogs/PropertyDialog.h"
@@ -102,6 +103,12 @@ std::optional<std::vector<bool>>
 DialogDecisions::ChooseSeveral(const platform::ListRequest& request) {
     ListDialog dialog(request, &m_window);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetChosen()) : std::nullopt;
+}
+
+std::optional<std::vector<platform::ItemPropertyInput>>
+DialogDecisions::EditItemProperties(const platform::ItemPropertiesRequest& request) {
+    ItemPropertiesDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetInputs()) : std::nullopt;
 }
 
 void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {

@@ -22,6 +22,8 @@ public:
     std::optional<platform::SectionDecision>
     ChooseSection(const platform::SectionRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const platform::ListRequest& request) override;
+    std::optional<std::vector<platform::ItemPropertyInput>>
+    EditItemProperties(const platform::ItemPropertiesRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:

@@ -18,6 +18,9 @@ constexpr int c_longestText = 1'000'000;
 QString ToText(const QVariant& number) {
     if (!number.isValid())
         return {};
+    // What was typed for a number and is none.
+    if (number.typeId() == QMetaType::QString)
+        return number.toString();
     return number.typeId() == QMetaType::Int ? FormatNumber(number.toInt())
                                              : FormatNumber(number.toDouble());
 }

@@ -14,7 +14,8 @@ template <class T>
 std::optional<T> TakeFirst(std::deque<std::optional<T>>& script) {
     if (script.empty())
         return std::nullopt;
-    std::optional<T> answer = std::move(script.front());
+    std::optional<T> answer;
+    answer.swap(script.front());
     script.pop_front();
     return answer;
 }
@@ -70,6 +71,12 @@ std::optional<SectionDecision> ScriptedDecisions::ChooseSection(const SectionReq
 std::optional<std::vector<bool>> ScriptedDecisions::ChooseSeveral(const ListRequest& request) {
     m_listRequests.push_back(request);
     return TakeFirst(m_lines);
+}
+
+std::optional<std::vector<ItemPropertyInput>>
+ScriptedDecisions::EditItemProperties(const ItemPropertiesRequest& request) {
+    m_itemPropertiesRequests.push_back(request);
+    return TakeFirst(m_itemProperties);
 }
 
 void ScriptedDecisions::Tell(const SharedText& /*title*/, const SharedText& text) {

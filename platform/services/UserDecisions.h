@@ -1,7 +1,7 @@
 // How anything asks the user to decide: a question with buttons, a text to enter, a file to open or
-// to write, a property to link to, a section, a message to take note of. The program answers with
-// real dialogs, a test with a script. Code that needs a decision is given an IUserDecisions and
-// knows no dialog.
+// to write, a property to link to, a section, values of properties, a message to take note of. The
+// program answers with real dialogs, a test with a script. Code that needs a decision is given an
+// IUserDecisions and knows no dialog.
 #pragma once
 
 #include "host/SharedText.h"
@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 namespace platform {
@@ -113,6 +115,36 @@ struct ListRequest {
     std::vector<Line> lines;
 };
 
+/// The properties of one object, of which the user may change some.
+struct ItemPropertiesRequest {
+    enum class Kind { Text, Moment, Int, Double, Bool, List };
+    /// Nothing, a text or a moment in ISO 8601, a number as it is shown, a truth value, or the
+    /// place of one of a list. In place of a number also the text that was typed for one.
+    using Value = std::variant<std::monostate, SharedText, int, double, bool, std::size_t>;
+    struct Line {
+        /// With the unit in which the value is shown.
+        SharedText caption;
+        Kind kind = Kind::Text;
+        Value value;
+        /// What may be chosen, for a list.
+        std::vector<SharedText> list;
+        bool canChange = false;
+        /// Where the value comes from, in words.
+        SharedText source;
+        /// Why the value that stands here was not taken; empty for one that nobody has refused.
+        SharedText refusal;
+    };
+
+    SharedText title;
+    std::vector<Line> lines;
+};
+
+/// What the user has made of one of the lines, by its place.
+struct ItemPropertyInput {
+    std::size_t line = 0;
+    ItemPropertiesRequest::Value value;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -128,6 +160,9 @@ public:
     virtual std::optional<SectionDecision> ChooseSection(const SectionRequest& request) = 0;
     /// Which lines are chosen now, as many as were offered.
     virtual std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) = 0;
+    /// The lines that the user has changed; no value when he has cancelled.
+    virtual std::optional<std::vector<ItemPropertyInput>>
+    EditItemProperties(const ItemPropertiesRequest& request) = 0;
     /// Returns when the user has taken note.
     virtual void Tell(const SharedText& title, const SharedText& text) = 0;
 };
@@ -173,6 +208,10 @@ public:
         m_sections.push_back(decision);
     }
 
+    void EditNextItemProperties(std::optional<std::vector<ItemPropertyInput>> inputs) {
+        m_itemProperties.push_back(std::move(inputs));
+    }
+
     const std::vector<Question>& GetQuestions() const { return m_questions; }
     const std::vector<FileRequest>& GetFileRequests() const { return m_fileRequests; }
     const std::vector<TextRequest>& GetTextRequests() const { return m_textRequests; }
@@ -180,6 +219,9 @@ public:
     const std::vector<PropertyRequest>& GetPropertyRequests() const { return m_propertyRequests; }
     const std::vector<SectionRequest>& GetSectionRequests() const { return m_sectionRequests; }
     const std::vector<ListRequest>& GetListRequests() const { return m_listRequests; }
+    const std::vector<ItemPropertiesRequest>& GetItemPropertiesRequests() const {
+        return m_itemPropertiesRequests;
+    }
     const std::vector<SharedText>& GetMessages() const { return m_messages; }
 
     std::optional<std::size_t> Ask(const Question& question) override;
@@ -189,6 +231,8 @@ public:
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
     std::optional<SectionDecision> ChooseSection(const SectionRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) override;
+    std::optional<std::vector<ItemPropertyInput>>
+    EditItemProperties(const ItemPropertiesRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:
@@ -199,6 +243,7 @@ private:
     std::deque<std::optional<PropertyChoice>> m_properties;
     std::deque<std::optional<SectionDecision>> m_sections;
     std::deque<std::optional<std::vector<bool>>> m_lines;
+    std::deque<std::optional<std::vector<ItemPropertyInput>>> m_itemProperties;
     std::vector<Question> m_questions;
     std::vector<FileRequest> m_fileRequests;
     std::vector<TextRequest> m_textRequests;
@@ -206,6 +251,7 @@ private:
     std::vector<PropertyRequest> m_propertyRequests;
     std::vector<SectionRequest> m_sectionRequests;
     std::vector<ListRequest> m_listRequests;
+    std::vector<ItemPropertiesRequest> m_itemPropertiesRequests;
     std::vector<SharedText> m_messages;
 };
 

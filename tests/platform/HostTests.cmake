@@ -4,6 +4,7 @@ add_executable(hostTests
     AllocationCounter.cpp
     EventsBusTest.cpp
     GroupingComparatorTest.cpp
+    ItemPropertiesTest.cpp
     MarkingTest.cpp
     NaturalOrderTest.cpp
     ProductCountsTest.cpp

@@ -17,6 +17,7 @@
 namespace platform {
 
 class IUserDecisions;
+class ItemProperties;
 
 /// Whoever shows one of the looks at a document. Called at the end of what the product does, when
 /// it may be asked and changed again. A panel that is at work itself drops what it is told
@@ -314,6 +315,8 @@ private:
 
     /// Asks for the property that these are to show, which have a link or have none yet.
     bool ChooseLinks(const std::vector<PropertyRef>& refs, bool areNew);
+    /// Makes the part what the lines say. False, with the reasons in the lines, when it can't be.
+    bool CommitProperties(ItemProperties& properties);
 
     Entrance m_state;
 };

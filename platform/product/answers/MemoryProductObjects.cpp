@@ -159,12 +159,44 @@ bool MemoryProduct::CanShowItemProperties(const UniqueMetaObjectKey& key) const 
     return m_state->index.Find(key) != nullptr;
 }
 
+bool MemoryProduct::CommitProperties(ItemProperties& properties) {
+    const auto wanted = properties.MakeChanges();
+    if (!wanted)
+        return false;
+    ProductInfObjChangesResult changes;
+    for (const std::shared_ptr<const ProductChange>& change : *wanted) {
+        const ProductInfObjChangesResult made = m_state->MakeSet(change);
+        changes += made;
+        changes.changedProperties.insert(made.changedProperties.begin(),
+                                         made.changedProperties.end());
+    }
+    if (!changes.IsExistsChanges())
+        return true;
+    CommitChanges(changes);
+    if (!changes.IsExistsChanges())
+        properties.RefuseAll();
+    return changes.IsExistsChanges();
+}
+
 void MemoryProduct::ShowItemProperties(const UniqueMetaObjectKey& key) {
-    const PartEntry* const part = m_state->index.Find(key);
-    if (part && m_state->look->decisions)
-        m_state->look->decisions->Tell(
-            GetText(ProductText::ItemPropertiesTitle),
-            ListProperties(m_state->index, *m_state->descriptions, *part));
+    // Asked again with what was refused, until all is taken or the user gives up. The document may
+    // be another one after each answer, so that nothing of it is kept meanwhile.
+    std::vector<ItemPropertyInput> inputs;
+    for (bool isAnswered = false;; isAnswered = true) {
+        const PartEntry* const part = m_state->index.Find(key);
+        IUserDecisions* const decisions = m_state->look->decisions;
+        if (!part || !decisions)
+            return;
+        ItemProperties properties(m_state->GetRules(), *m_state->descriptions, *part,
+                                  GetCountKey(key, GetCurrentEmbodiments(), false));
+        properties.Take(inputs);
+        if (isAnswered && CommitProperties(properties))
+            return;
+        const auto answer = decisions->EditItemProperties(properties.GetRequest());
+        if (!answer)
+            return;
+        inputs.insert(inputs.end(), answer->begin(), answer->end());
+    }
 }
 
 // In a list of all parts, where a part stands in the structure is its assembly.
