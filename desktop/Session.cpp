@@ -354,8 +354,6 @@ void Session::FollowCommand() {
     if (!(level.assembly == m_way.back().assembly))
         m_way.push_back(level);
     FollowLevel();
-    if (m_product->IsRebuildRequired())
-        m_frame->TellDocumentChanged(true);
 }
 
 void Session::Undo() {

@@ -118,7 +118,7 @@ public:
     /// Where a column of counts stands for several embodiments: to which of them a count goes that
     /// is typed in that row. Empty in other columns.
     SharedText FindCountNote(const platform::TreeTableRow& row, const std::wstring& columnId) const;
-    /// A command of the panel has run: it may have opened an assembly, or chosen columns.
+    /// A command of the panel has run: it may have opened an assembly.
     void FollowCommand();
     /// Writes volumes and masses into the document, which is no step to undo.
     void TakeMeasures(const step::Measures& measures);

@@ -121,6 +121,7 @@ constexpr IconRow c_icons[] = {
     {7765, ArrowUp,       nullptr},
     {7789, ArrowDown,     nullptr},
     {7020, Assembly,      nullptr},
+    {7763, Complex,       nullptr},
     {5707, Drawing,       nullptr},
     {7790, Columns,       Cross},
     {7795, Columns,       SmallPencil},

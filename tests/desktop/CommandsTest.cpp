@@ -160,11 +160,11 @@ TEST_F(CommandsTest, ButtonsAndMenuEntriesAreOneAndShowWhatTheViewSays) {
     };
     EXPECT_EQ(state(), "Add part, Delete -, Highlight -, Number positions");
     Select({0});
-    EXPECT_EQ(state(), "Add part, Delete, Highlight -, Number positions");
+    EXPECT_EQ(state(), "Add part, Delete, Highlight, Number positions");
     m_decisions->ChooseNextSeveral(std::vector<bool>(100, false));
     Trigger("Choose Columns");
     EXPECT_EQ(Column("Pos."), -1);
-    EXPECT_EQ(state(), "Add part, Delete, Highlight -") << "there is no column of positions any more";
+    EXPECT_EQ(state(), "Add part, Delete, Highlight") << "there is no column of positions any more";
     auto& bar = *m_window->findChild<QToolBar*>("PRODUCT_TREE_ADDITIONAL_TOOLBAR");
     EXPECT_FALSE(bar.isVisible());
     bar.addAction("Something");
@@ -181,7 +181,7 @@ TEST_F(CommandsTest, MenusListTheSameByMouseAndByKeyAndSendTheChoiceWhenTheyHave
     Select({0, 2});
     RightClick(At({0, 1}));
     const QStringList one = Listed();
-    EXPECT_EQ(one.join(","), "Insert link,-,Add billet,-,Delete,-,Properties");
+    EXPECT_EQ(one.join(","), "Highlight,-,Insert link,-,Add billet,Convert to billet,-,Delete,-,Properties");
     EXPECT_EQ(Dump(), "Gearbox [Parts (x3) [a | >>b | c]]") << "the menu is that of the row that is selected";
     Close();
     for (const auto& [key, modifier] : {std::pair(Qt::Key_Menu, Qt::NoModifier), {Qt::Key_F10, Qt::ShiftModifier}}) {
