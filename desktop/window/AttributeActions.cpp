@@ -2,6 +2,7 @@
 
 #include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/PanelTree.h"
+#include "desktop/window/MenuLetters.h"
 #include "platform/view/TreeTableView.h"
 
 #include <QAction>
@@ -10,15 +11,13 @@
 namespace desktop {
 
 AttributeActions::AttributeActions(QMenu& edit, QMenu& view, PanelTree& tree) : m_tree(tree) {
-    const std::array clickTexts = {tr("&Aggregated into Product"),
-                                   tr("&Registered in Specification")};
     const std::array showTexts = {tr("Boxes Aggregated into &Product"),
                                   tr("Boxes Registered in &Specification")};
     edit.addSeparator();
     view.addSeparator();
     for (std::size_t i = 0; i < m_click.size(); ++i) {
         const int id = AttributeBoxes::GetIds()[i];
-        m_click[i] = edit.addAction(clickTexts[i]);
+        m_click[i] = edit.addAction(AttributeBoxes::CaptionOf(id));
         m_click[i]->setCheckable(true);
         m_click[i]->setShortcut(QKeySequence(Qt::CTRL | AttributeBoxes::KeyOf(id)));
         connect(m_click[i], &QAction::triggered, this, [this, id] {
@@ -31,6 +30,7 @@ AttributeActions::AttributeActions(QMenu& edit, QMenu& view, PanelTree& tree) : 
         connect(m_show[i], &QAction::triggered, this,
                 [this, id](bool on) { m_view->ShowAttributeColumnByUser(id, on); });
     }
+    MarkLetters(edit.actions());
 }
 
 void AttributeActions::Show(platform::TreeTableView& view) {
