@@ -100,6 +100,22 @@ TEST_F(HighlightTest, OutlivesNewRowsAndEndsWhenItsRowsAreGone) {
     QApplication::processEvents();
     EXPECT_FALSE(Rows().AreShown());
     EXPECT_EQ(m_window->statusBar()->currentMessage(), "");
+}
+
+TEST_F(HighlightTest, IsSeenInAllViewsOfTheProductAndEndsInAllOfThem) {
+    Highlight({});
+    Press(Qt::Key_Escape);
+    const std::unique_ptr<desktop::MainWindow> other(m_window->OpenView());
+    other->setAttribute(Qt::WA_DeleteOnClose, false);
+    m_view->RunCommandByUser(c_highlight);
+    QApplication::processEvents();
+    auto& tree = *other->findChild<desktop::PanelTree*>();
+    EXPECT_TRUE(Rows().AreShown());
+    EXPECT_TRUE(tree.GetHighlighted().AreShown());
+    QTest::keyClick(&tree, Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_FALSE(Rows().AreShown());
+    EXPECT_FALSE(tree.GetHighlighted().AreShown());
     // Another product comes into the window.
     Highlight({});
     Show(support::Product().Root(L"Hinge"));

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
@@ -33,8 +32,7 @@ ItemPropertiesRequest Request() {
 
 class ItemPropertiesDialogTest : public testing::Test {
 protected:
-    void Open(const ItemPropertiesRequest& request) {
-        m_dialog = std::make_unique<ItemPropertiesDialog>(request);
+    ItemPropertiesDialogTest() : m_dialog(std::make_unique<ItemPropertiesDialog>(Request())) {
         m_dialog->show();
         m_dialog->activateWindow();
         QApplication::processEvents();
@@ -65,7 +63,6 @@ protected:
 };
 
 TEST_F(ItemPropertiesDialogTest, GivesWhatWasChangedInTheEditorOfItsKind) {
-    Open(Request());
     EXPECT_TRUE(m_dialog->GetInputs().empty());
     Type(0, "Axle");
     Type(1, QLocale().toString(1.5));
@@ -90,7 +87,6 @@ TEST_F(ItemPropertiesDialogTest, GivesWhatWasChangedInTheEditorOfItsKind) {
 }
 
 TEST_F(ItemPropertiesDialogTest, BeginsWithWhatWasRefusedUntilItIsMended) {
-    Open(Request());
     EXPECT_EQ(m_table->currentRow(), 5);
     const auto note = [&] { return m_dialog->findChild<QLabel*>()->text(); };
     EXPECT_EQ(note(), "Teeth: not taken, a number is expected");
@@ -98,17 +94,6 @@ TEST_F(ItemPropertiesDialogTest, BeginsWithWhatWasRefusedUntilItIsMended) {
     Type(5, "17");
     EXPECT_EQ(note(), "");
     EXPECT_EQ(Input(5), Value(17));
-}
-
-TEST_F(ItemPropertiesDialogTest, OfWhatCannotBeChangedHasNothingToAccept) {
-    ItemPropertiesRequest request = Request();
-    for (ItemPropertiesRequest::Line& line : request.lines)
-        line.canChange = false;
-    Open(request);
-    const auto* const buttons = m_dialog->findChild<QDialogButtonBox*>();
-    EXPECT_FALSE(buttons->button(QDialogButtonBox::Ok));
-    QTest::keyClick(m_table, Qt::Key_Space);
-    EXPECT_TRUE(m_dialog->GetInputs().empty());
 }
 
 } // namespace

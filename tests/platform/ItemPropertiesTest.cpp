@@ -34,10 +34,7 @@ Product Shaft() {
 
 class ItemPropertiesTest : public testing::Test {
 protected:
-    explicit ItemPropertiesTest(platform::ProductModel model = Shaft())
-        : m_product(std::make_shared<platform::MemoryProduct>(std::move(model))) {
-        m_product->SetDecisions(&m_decisions);
-    }
+    ItemPropertiesTest() : m_product(Shaft().Make()) { m_product->SetDecisions(&m_decisions); }
 
     void Open() { m_product->ShowItemProperties(Key("shaft#1")); }
     const ItemPropertiesRequest& Request() const { return m_decisions.GetItemPropertiesRequests().back(); }
@@ -75,11 +72,14 @@ TEST_F(ItemPropertiesTest, AreShownInTheirUnitsWithWhereTheyComeFrom) {
         {L"Count", SharedText(L"1"), true, L"Counted in the product"},
     };
     for (const auto& line : expected) {
-        EXPECT_EQ(Line(line.caption).value, line.value) << SharedText(line.caption).Str().size();
+        EXPECT_EQ(Line(line.caption).value, line.value);
         EXPECT_EQ(Line(line.caption).canChange, line.canChange);
         EXPECT_EQ(Line(line.caption).source.Str(), line.source);
     }
     EXPECT_FALSE(m_product->CanUndo());
+    m_product->Change([](platform::ProductModel& model) { model.isReadOnly = true; });
+    Open();
+    EXPECT_TRUE(std::ranges::none_of(Request().lines, &ItemPropertiesRequest::Line::canChange));
 }
 
 TEST_F(ItemPropertiesTest, AllThatWasChangedIsOneStep) {
@@ -123,16 +123,6 @@ TEST_F(ItemPropertiesTest, WhatIsRefusedIsAskedAgainAndNothingIsTakenBefore) {
     EXPECT_EQ(Line(L"Mass, kg").refusal.Str(), L"0 or more is allowed");
     EXPECT_EQ(Value(L"comment"), L"Right");
     EXPECT_EQ(Value(L"mass"), L"2.5");
-}
-
-class ReadOnlyItemPropertiesTest : public ItemPropertiesTest {
-protected:
-    ReadOnlyItemPropertiesTest() : ItemPropertiesTest(Shaft().ReadOnly()) {}
-};
-
-TEST_F(ReadOnlyItemPropertiesTest, CannotBeChanged) {
-    Open();
-    EXPECT_TRUE(std::ranges::none_of(Request().lines, &ItemPropertiesRequest::Line::canChange));
 }
 
 } // namespace
