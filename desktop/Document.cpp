@@ -3,6 +3,7 @@
 #include "desktop/LevelChoice.h"
 #include "desktop/store/ProductFile.h"
 #include "platform/product/edits/MassRules.h"
+#include "platform/values/Utf8.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -50,9 +51,26 @@ std::variant<FileKind, FileError> TellKind(const std::filesystem::path& path) {
     return start.front() == '{' || start.front() == '[' ? FileKind::Product : FileKind::Unknown;
 }
 
+/// Notes where the product comes from. A path that can't be kept as text is forgotten.
+[[maybe_unused]] void NoteSource(Document& document, const std::optional<FileMark>& mark,
+                                 const std::string& encoding) {
+    std::error_code error;
+    const std::string path =
+        std::filesystem::absolute(document.path, error).lexically_normal().native();
+    if (!mark || error)
+        return;
+    if (!platform::FromUtf8(path)) {
+        document.notes.emplace_back("the path is no UTF-8, so that changes of the file are not "
+                                    "noticed");
+        return;
+    }
+    document.model.source = platform::SourceFile{path, mark->Get(), encoding, {}};
+}
+
 std::variant<Document, FileError> OpenStep(const std::filesystem::path& path,
                                            const step::StepOptions& options) {
 #ifdef PRODUCT_TREE_HAS_STEP
+    const std::optional<FileMark> mark = FileMark::Take(path);
     auto read = step::StepDocument::Read(path, options);
     if (auto* error = std::get_if<FileError>(&read))
         return std::move(*error);
@@ -61,6 +79,7 @@ std::variant<Document, FileError> OpenStep(const std::filesystem::path& path,
     document.step = std::get<std::unique_ptr<step::StepDocument>>(std::move(read));
     document.model = document.step->GetModel();
     document.notes = document.step->GetNotes();
+    NoteSource(document, mark, options.encoding);
     return document;
 #else
     static_cast<void>(path);

@@ -28,12 +28,13 @@ std::optional<FileMark> FileMark::Take(const std::filesystem::path& path) {
     if (!file)
         return std::nullopt;
     FileMark mark;
-    mark.m_hash = c_hashStart;
+    auto& [length, hash] = mark.m_contents;
+    hash = c_hashStart;
     std::array<unsigned char, c_blockSize> block{};
     while (const std::size_t size = std::fread(block.data(), 1, block.size(), file.get())) {
-        mark.m_size += size;
+        length += size;
         for (std::size_t i = 0; i < size; ++i)
-            mark.m_hash = (mark.m_hash ^ block[i]) * c_hashFactor;
+            hash = (hash ^ block[i]) * c_hashFactor;
     }
     if (std::ferror(file.get()))
         return std::nullopt;

@@ -2,7 +2,8 @@
 // told from a touch that leaves its contents alone.
 #pragma once
 
-#include <cstdint>
+#include "platform/product/model/ProductModel.h"
+
 #include <filesystem>
 #include <optional>
 
@@ -13,12 +14,14 @@ public:
     /// Reads the whole file. No value when it can't be read.
     static std::optional<FileMark> Take(const std::filesystem::path& path);
 
+    /// As a product keeps it of its source.
+    const platform::ContentsMark& Get() const { return m_contents; }
+
     /// By contents.
     friend bool operator==(const FileMark&, const FileMark&) = default;
 
 private:
-    std::uint64_t m_size = 0;
-    std::uint64_t m_hash = 0;
+    platform::ContentsMark m_contents;
 };
 
 } // namespace desktop

@@ -3,6 +3,8 @@
 #include "desktop/import/StandardParts.h"
 #include "host/ProductProperties.h"
 #include "platform/product/model/AssemblyLevels.h"
+#include "platform/product/model/SectionKinds.h"
+#include "platform/product/model/SourceProduct.h"
 
 #include <array>
 #include <utility>
@@ -11,20 +13,6 @@ namespace desktop::step {
 
 namespace {
 
-/// What a component is for the panel.
-struct ComponentKind {
-    PartKind kind;
-    int section;
-    int iconType;
-};
-
-constexpr ComponentKind assemblyKind{PartKindAssembly, 15, 0};
-constexpr ComponentKind detailKind{PartKindDetail, 20, 1};
-constexpr ComponentKind standardKind{PartKindStandard, 25, 2};
-
-constexpr const wchar_t* materialPath = L"material";
-constexpr const wchar_t* densityPath = L"material.density";
-
 /// What is shown of an assembly beside names and designations.
 constexpr std::array shownPaths = {L"position",         L"count", L"SPCSection", L"material",
                                    L"material.density", L"mass",  L"comment"};
@@ -32,11 +20,11 @@ constexpr std::array shownPaths = {L"position",         L"count", L"SPCSection",
 const char* const rootKey = "root";
 constexpr std::size_t c_noPlace = static_cast<std::size_t>(-1);
 
-ComponentKind KindOf(const Product& product, bool isAssembly) {
+PartKind KindOf(const Product& product, bool isAssembly) {
     if (isAssembly)
-        return assemblyKind;
+        return PartKindAssembly;
     const bool isStandard = NamesStandard(product.name) || NamesStandard(product.id);
-    return isStandard ? standardKind : detailKind;
+    return isStandard ? PartKindStandard : PartKindDetail;
 }
 
 ProductPart StandsIn(const platform::ProductModel& model) {
@@ -45,27 +33,12 @@ ProductPart StandsIn(const platform::ProductModel& model) {
     return part;
 }
 
-/// Name and designation; an id that only repeats the name is none.
-void SetTitle(platform::ObjectRecord& object, const Product& product) {
-    object.name = product.GetTitle();
-    if (product.id != product.GetTitle())
-        object.marking.SetBase(product.id);
-}
-
-void SetMaterial(platform::ObjectRecord& object, const Material& material) {
-    if (!material.name.empty())
-        object.properties.emplace_back(ProductProperties::GetPropId(materialPath),
-                                       PropValue(SimplePropVal(SharedText(material.name))));
-    if (material.density)
-        object.properties.emplace_back(ProductProperties::GetPropId(densityPath),
-                                       PropValue(SimplePropVal(*material.density)));
-}
-
 platform::ObjectRecord MakeObject(const ProductStructure& structure, const ProductObject& source,
                                   const ProductPart& part) {
     const Definition& definition = structure.definitions[source.definition];
     const Product& product = structure.GetProduct(source.definition);
-    const ComponentKind kind = KindOf(product, definition.IsAssembly());
+    const platform::SectionKind kind =
+        platform::FindUsualSection(KindOf(product, definition.IsAssembly()));
     platform::ObjectRecord object;
     object.key = source.key;
     object.kind = kind.kind;
@@ -74,8 +47,8 @@ platform::ObjectRecord MakeObject(const ProductStructure& structure, const Produ
     object.section.name = GetDefaultSectionNumbName(kind.section);
     object.iconType = kind.iconType;
     object.sumsPartMasses = definition.IsAssembly();
-    SetTitle(object, product);
-    SetMaterial(object, definition.material);
+    platform::TakeOver(
+        object, {product.id, product.name, definition.material.name, definition.material.density});
     return object;
 }
 
@@ -89,10 +62,10 @@ platform::ObjectRecord MakeRoot(const ProductStructure& structure, const FileRoo
         root.section = {};
         return root;
     }
-    root.kind = assemblyKind.kind;
-    root.iconType = assemblyKind.iconType;
+    root.kind = PartKindAssembly;
+    root.iconType = platform::FindUsualSection(PartKindAssembly).iconType;
     root.part = part;
-    root.name = title;
+    platform::TakeOver(root, {{}, title, {}, {}});
     return root;
 }
 
@@ -148,12 +121,7 @@ platform::ProductModel BuildModel(const ProductStructure& structure, const FileR
         model.objectsBelow[rootPlace] = std::move(root);
     else
         model.objectsBelow.push_back(std::move(root));
-    platform::TakeOut(model, platform::GetHome(model));
-    // Without assemblies in it there is one level, and nothing to be told of it.
-    if (model.assemblies.size() == 1) {
-        model.assemblies.clear();
-        model.level = {};
-    }
+    platform::TakeAllOut(model);
     model.isSimplified = true;
     for (const wchar_t* path : shownPaths)
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));

@@ -2,6 +2,7 @@
 
 #include "desktop/store/PropertyValues.h"
 #include "desktop/store/SectionNames.h"
+#include "desktop/store/SourceTexts.h"
 
 #include <algorithm>
 #include <fstream>
@@ -83,6 +84,28 @@ void MemberReader::Format(std::string_view name, std::string_view format) {
     if (!text || *text != format)
         Refuse(json ? json->at : m_json.at, {m_path, name},
                "\"" + std::string(format) + "\" is expected");
+}
+
+void MemberReader::Path(std::string_view name, std::string& path) {
+    const ModelPath place(m_path, name);
+    const JsonValue* const json = Take(name);
+    if (!json)
+        Refuse(m_json.at, place, "a path is needed");
+    Decode(*json, place, path);
+    path = FromStoredPath(path, m_context.folder);
+}
+
+void MemberReader::Contents(std::string_view name, platform::ContentsMark& contents) {
+    const ModelPath place(m_path, name);
+    const JsonValue* const json = Take(name);
+    std::string text;
+    if (json)
+        Decode(*json, place, text);
+    const std::optional<platform::ContentsMark> mark = ParseContents(text);
+    if (!mark)
+        Refuse(json ? json->at : m_json.at, place,
+               "a size and a hash are expected, as \"1024-00c0ffee00c0ffee\"");
+    contents = *mark;
 }
 
 void MemberReader::Property(std::string_view name, unsigned long& number) {

@@ -7,6 +7,7 @@
 #include "desktop/store/ProductFormat.h"
 #include "platform/product/validation/ModelPath.h"
 
+#include <filesystem>
 #include <set>
 #include <span>
 
@@ -28,6 +29,8 @@ std::size_t MostUses();
 
 /// What is known when objects are read.
 struct ReadContext {
+    /// Where the file stands; empty for a text of no file.
+    std::filesystem::path folder;
     ObjectsByKey objects;
     PropertyNames names;
     std::optional<platform::StyleRecord> style;
@@ -109,6 +112,9 @@ public:
     }
 
     void Format(std::string_view name, std::string_view format);
+    /// The path of a file, which may stand as seen from the product file.
+    void Path(std::string_view name, std::string& path);
+    void Contents(std::string_view name, platform::ContentsMark& contents);
     /// Where a member stands that is read later.
     void Place(std::string_view) {}
     void Property(std::string_view name, unsigned long& number);

@@ -3,6 +3,7 @@
 #include "desktop/store/MarkingParts.h"
 #include "desktop/store/PropertyValues.h"
 #include "desktop/store/SectionNames.h"
+#include "desktop/store/SourceTexts.h"
 #include "platform/values/Utf8.h"
 
 #include <algorithm>
@@ -81,6 +82,14 @@ void MemberWriter::Put(std::string_view name, JsonData data) {
         return;
     }
     m_object.push_back({{}, std::string(name), {{}, std::move(data)}});
+}
+
+void MemberWriter::Path(std::string_view name, const std::string& path) {
+    Put(name, ToStoredPath(path, m_context->folder));
+}
+
+void MemberWriter::Contents(std::string_view name, const platform::ContentsMark& contents) {
+    Put(name, FormatContents(contents));
 }
 
 void MemberWriter::Property(std::string_view name, unsigned long number) {

@@ -6,6 +6,7 @@
 #include "desktop/store/JsonDocument.h"
 #include "desktop/store/ProductFormat.h"
 
+#include <filesystem>
 #include <set>
 #include <span>
 
@@ -13,6 +14,8 @@ namespace desktop::store {
 
 /// What is known when objects are written.
 struct WriteContext {
+    /// Where the file is to stand; empty for a text of no file.
+    std::filesystem::path folder;
     ObjectsByKey objects;
     PropertyNames names;
     const std::optional<platform::StyleRecord>* style = nullptr;
@@ -73,6 +76,8 @@ public:
     }
 
     void Format(std::string_view name, std::string_view format) { Put(name, std::string(format)); }
+    void Path(std::string_view name, const std::string& path);
+    void Contents(std::string_view name, const platform::ContentsMark& contents);
     /// Keeps the place for a member that is written later.
     void Place(std::string_view name) { Put(name, std::monostate()); }
     void Property(std::string_view name, unsigned long number);

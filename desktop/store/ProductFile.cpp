@@ -21,7 +21,12 @@ struct FileCloser {
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };
 
-ReadResult ReadModel(const JsonResult& result) {
+std::filesystem::path FolderOf(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return std::filesystem::absolute(path, ignored).lexically_normal().parent_path();
+}
+
+ReadResult ReadModel(const JsonResult& result, const std::filesystem::path& folder) {
     if (const FileError* const error = std::get_if<FileError>(&result))
         return *error;
     const JsonValue& json = std::get<JsonValue>(result);
@@ -29,6 +34,7 @@ ReadResult ReadModel(const JsonResult& result) {
     try {
         const ModelPath path;
         ReadContext context;
+        context.folder = folder;
         MemberReader reader(json, path, context);
         Describe(reader, model);
         reader.Finish();
@@ -43,10 +49,18 @@ ReadResult ReadModel(const JsonResult& result) {
     return model;
 }
 
+std::string Format(const platform::ProductModel& model, const std::filesystem::path& folder) {
+    WriteContext context;
+    context.folder = folder;
+    MemberWriter writer(context);
+    Describe(writer, model);
+    return FormatJson(writer.TakeJson());
+}
+
 } // namespace
 
 ReadResult ParseProduct(std::string_view json) {
-    return ReadModel(ParseJson(json));
+    return ReadModel(ParseJson(json), {});
 }
 
 ReadResult ReadProductFile(const std::filesystem::path& path) {
@@ -56,14 +70,11 @@ ReadResult ReadProductFile(const std::filesystem::path& path) {
     const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rbe"));
     if (!file)
         return FileError{std::generic_category().message(errno)};
-    return ReadModel(ParseJson(*file));
+    return ReadModel(ParseJson(*file), FolderOf(path));
 }
 
 std::string FormatProduct(const platform::ProductModel& model) {
-    WriteContext context;
-    MemberWriter writer(context);
-    Describe(writer, model);
-    return FormatJson(writer.TakeJson());
+    return Format(model, {});
 }
 
 std::optional<FileError> WriteProductFile(const std::filesystem::path& path,
@@ -71,7 +82,7 @@ std::optional<FileError> WriteProductFile(const std::filesystem::path& path,
     if (const std::optional<platform::ModelFault> fault = platform::ValidateModel(model))
         return FileError{
             OneLine("the product can't be written: " + fault->path + ": " + fault->reason)};
-    return ReplaceFile(path, FormatProduct(model));
+    return ReplaceFile(path, Format(model, FolderOf(path)));
 }
 
 } // namespace desktop::store

@@ -155,6 +155,32 @@ void DescribePart(Archive& file, In<Archive, platform::PartRecord> part,
     file.Value("countMark", part.isCountMark, plain.isCountMark);
 }
 
+/// An id that is left out is that of a product whose id and name are the same.
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::SourceProduct> record) {
+    file.Value("name", record.name);
+    file.Value("id", record.id, SharedText(record.name));
+    file.Value("material", record.material);
+    file.Value("density", record.density);
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::DeletedUse> record) {
+    file.Value("assembly", record.assembly);
+    file.Value("object", record.object);
+    file.Value("use", record.use);
+    file.Value("name", record.name);
+    file.Value("id", record.id, SharedText(record.name));
+}
+
+template <class Archive>
+void Describe(Archive& file, In<Archive, platform::SourceFile> record) {
+    file.Path("file", record.path);
+    file.Contents("contents", record.contents);
+    file.Value("encoding", record.encoding);
+    file.Records("deleted", record.deletedUses);
+}
+
 /// A use is taken to be like its object.
 template <class Archive>
 void DescribeUse(Archive& file, In<Archive, platform::OccurrenceRecord> use,
@@ -189,6 +215,7 @@ void DescribeObject(Archive& file, In<Archive, platform::ObjectRecord> object,
     file.Value("nameLinkedToSection", object.isNameLinkedToSection);
     file.Value("volume", object.volume);
     file.Value("massOfParts", object.sumsPartMasses);
+    file.Record("source", object.source);
     file.Values("properties", object.properties);
     file.Properties("readOnlyProperties", object.readOnlyProperties);
     file.Links("links", object.links);
@@ -256,6 +283,7 @@ template <class Archive>
 void Describe(Archive& file, In<Archive, platform::ProductModel> model) {
     file.Format("format", c_format);
     file.Place("product");
+    file.Record("source", model.source);
     DescribeSettings(file, model);
     file.Object("product", model.root, PlainObject(model, c_rootKey));
     file.Objects("objects", model.objects, PlainObject(model));

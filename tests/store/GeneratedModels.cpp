@@ -125,6 +125,25 @@ void FillLinks(PartRecord& part, std::size_t after) {
                 {number, Key("o", after + 1 + static_cast<std::size_t>(Number(9))), c_properties[Number(7)]});
 }
 
+SourceProduct Source() {
+    SourceProduct product{Text(), Text(), Text(), {}};
+    if (Flag())
+        product.id = product.name;
+    if (Flag())
+        product.density = Real();
+    return product;
+}
+
+SourceFile File() {
+    SourceFile file{"/parts/\xC3\xA4 \"1\".stp",
+                    {*rc::gen::arbitrary<std::uint64_t>(), *rc::gen::arbitrary<std::uint64_t>()},
+                    Flag() ? "" : "GBK",
+                    {}};
+    for (int i = Number(3); i > 0; --i)
+        file.deletedUses.push_back({Key("o", 0), Key("o", 1), Key("use", 1), Text(), Text()});
+    return file;
+}
+
 void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t count) {
     object.name = Text();
     object.marking = Marking();
@@ -147,6 +166,8 @@ void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t cou
         object.volume = 1e-7;
     object.keepsOwnPosition = Flag();
     object.isNameLinkedToSection = Flag();
+    if (Flag())
+        object.source = Source();
     PartRecord plain;
     plain.part.used = meta_data::SPUsed({model.styleId});
     FillPart(object, plain, count);
@@ -235,6 +256,8 @@ ProductModel GenerateModel() {
     const auto objectCount = 1 + static_cast<std::size_t>(Number(5));
     const auto embodimentCount = static_cast<std::size_t>(Number(4));
     model.styleId = 1 + Number(3);
+    if (Flag())
+        model.source = File();
     model.isReadOnly = Flag();
     model.areSectionRowsShown = Flag();
     model.usesSectionIcons = Flag();

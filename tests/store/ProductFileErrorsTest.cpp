@@ -68,6 +68,12 @@ TEST(WrongMembers, OfTheWrongTypeAreRefused) {
         {R"("objects": [{"key": "a", "properties": {"comment": {"format": "x"}}}]})", "52: objects[0].properties.comment.value: a value is needed"},
         {R"("objects": [{"key": "a", "volume": "1"}]})", "36: objects[0].volume: a number is expected"},
         {R"("objects": [{"key": "a", "links": {"comment": "b"}}]})", "47: objects[0].links.comment: an object is expected"},
+        {R"("source": {"contents": "1-00000000000000ff"}})", "11: source.file: a path is needed"},
+        {R"("source": {"file": "a.stp"}})", "11: source.contents: a size and a hash are expected, as \"1024-00c0ffee00c0ffee\""},
+        {R"("source": {"file": "a.stp", "contents": "1-ff"}})", "41: source.contents: a size and a hash are expected, as \"1024-00c0ffee00c0ffee\""},
+        {R"("source": {"file": "", "contents": "1-00000000000000ff"}})", "20: source.file: a path is needed"},
+        {R"("source": {"file": "a", "contents": "1-00000000000000ff", "deleted": [{"assembly": "a", "object": "b"}]}})", "71: source.deleted[0].use: a key is expected"},
+        {R"("objects": [{"key": "a", "source": {"density": "1"}}]})", "48: objects[0].source.density: a number is expected"},
         {R"("product": []})", "12: product: an object is expected"}});
 }
 

@@ -2,6 +2,7 @@
 #include "host/ProductProperties.h"
 #include "platform/product/validation/ProductValidation.h"
 #include "tests/store/GeneratedModels.h"
+#include "tests/support/TestFolder.h"
 
 #include <algorithm>
 #include <boost/property_tree/ptree.hpp>
@@ -50,6 +51,26 @@ RC_GTEST_PROP(ProductFile, GivesEveryProductBackAsItWas, ()) {
     RC_LOG() << text;
     RC_ASSERT(std::get<ProductModel>(result) == model);
     RC_ASSERT(FormatProduct(std::get<ProductModel>(result)) == text);
+}
+
+TEST(ProductFile, NamesASourceBesideOrBelowAsSeenFromItself) {
+    const std::filesystem::path folder = support::GetTestFolder();
+    std::filesystem::create_directories(folder / "moved");
+    ProductModel model = ReadMembers("\"product\": {}");
+    const std::pair<std::string, std::string> cases[] = {
+        {folder / "a.stp", folder / "moved/a.stp"},
+        {folder / "parts/a.stp", folder / "moved/parts/a.stp"},
+        {"/elsewhere/a.stp", "/elsewhere/a.stp"},
+        {folder.string() + "-2/a.stp", folder.string() + "-2/a.stp"},
+    };
+    for (const auto& [path, moved] : cases) {
+        model.source = platform::SourceFile{path, {1, 2}, {}, {}};
+        ASSERT_FALSE(WriteProductFile(folder / "a.json", model));
+        EXPECT_EQ(std::get<ProductModel>(ReadProductFile(folder / "a.json")), model) << path;
+        std::filesystem::rename(folder / "a.json", folder / "moved/a.json");
+        EXPECT_EQ(std::get<ProductModel>(ReadProductFile(folder / "moved/a.json")).source->path, moved);
+    }
+    std::filesystem::remove_all(folder);
 }
 
 TEST(ProductFile, LeavesOutWhatGoesWithoutSaying) {

@@ -3,6 +3,7 @@
 #include "host/ProductProperties.h"
 #include "platform/product/answers/MemoryProductState.h"
 #include "platform/product/edits/FreeKeys.h"
+#include "platform/product/model/SectionKinds.h"
 #include "platform/services/UserDecisions.h"
 
 #include <algorithm>
@@ -13,31 +14,11 @@ namespace platform {
 
 namespace {
 
-// What a section is for: the kind of its parts and their icon.
-struct SectionKind {
-    int section;
-    PartKind kind;
-    int icon;
-};
-
-constexpr SectionKind c_sectionKinds[] = {
-    {5, PartKindDocument, 26}, {15, PartKindAssembly, 0}, {20, PartKindDetail, 1},
-    {25, PartKindStandard, 2}, {30, PartKindOther, 26},
-};
-constexpr SectionKind c_usualKind = c_sectionKinds[2];
-
-SectionKind FindKind(int section) {
-    const auto* const found = std::ranges::find(c_sectionKinds, section, &SectionKind::section);
-    return found == std::end(c_sectionKinds)
-               ? SectionKind{section, PartKindDetail, c_usualKind.icon}
-               : *found;
-}
-
 ObjectRecord MakeObject(UniqueMetaObjectKey key, const SPCSection& section, int styleId) {
-    const SectionKind kind = FindKind(section.numbers[0]);
+    const SectionKind kind = FindSectionKind(section.numbers[0]);
     ObjectRecord object;
     object.kind = kind.kind;
-    object.iconType = kind.icon;
+    object.iconType = kind.iconType;
     object.section = section;
     object.part.used = meta_data::SPUsed({styleId});
     OccurrenceRecord use;
@@ -137,7 +118,7 @@ UniqueMetaObjectKey MemoryProduct::AddObject() {
     const PartEntry* const beside =
         m_state->selected.empty() ? nullptr : m_state->index.Find(m_state->selected.front());
     SPCSection section;
-    section.numbers[0] = c_usualKind.section;
+    section.numbers[0] = c_usualSectionKind.section;
     std::size_t place = m_state->model.objects.size();
     if (beside && !beside->isRoot) {
         section = beside->object->record->section;

@@ -55,10 +55,6 @@ AssemblyRecord* FindAssembly(ProductModel& model, const UniqueMetaObjectKey& obj
     return found == model.assemblies.end() ? nullptr : &*found;
 }
 
-bool HasOwn(const OccurrenceRecord& use) {
-    return !use.properties.empty() || !use.links.empty() || !use.counts.empty();
-}
-
 /// Uses in the list of all parts are worked out each time; what they have of their own stays.
 void KeepWhatIsOwn(Records& parts) {
     for (ObjectRecord& part : parts)
@@ -258,23 +254,52 @@ LevelFault EnterLevel(ProductModel& model, const ProductLevel& level) {
     return LevelFault::None;
 }
 
+namespace {
+
+/// At the home.
+void DropUnused(ProductModel& model) {
+    Keys used;
+    for (const AssemblyRecord* const assembly : SortAssemblies(model, model.root.key)) {
+        used.insert(assembly->object);
+        for (const ObjectRecord& component : GetComponents(model, *assembly))
+            used.insert(component.key);
+    }
+    std::erase_if(model.assemblies,
+                  [&](const AssemblyRecord& assembly) { return !used.contains(assembly.object); });
+    const auto isUnused = [&](const ObjectRecord& object) { return !used.contains(object.key); };
+    std::erase_if(model.objectsBelow, isUnused);
+    for (AssemblyRecord& assembly : model.assemblies)
+        std::erase_if(assembly.allParts, isUnused);
+}
+
+} // namespace
+
+void PutAllBack(ProductModel& model) {
+    if (!HasLevels(model)) {
+        model.assemblies.push_back({model.root.key, {}, {}, {}});
+        model.level = {model.root.key, false};
+    }
+    EnterLevel(model, GetHome(model));
+    PutBack(model);
+    model.level = {};
+}
+
+void TakeAllOut(ProductModel& model) {
+    TakeOut(model, GetHome(model));
+    DropUnused(model);
+    // Without assemblies in it there is one level, and nothing to be told of it.
+    if (model.assemblies.size() == 1) {
+        model.assemblies.clear();
+        model.level = {};
+    }
+}
+
 ProductModel MakeSaved(const ProductModel& model) {
     ProductModel saved = model;
     if (!HasLevels(saved))
         return saved;
     EnterLevel(saved, GetHome(saved));
-    Keys used;
-    for (const AssemblyRecord* const assembly : SortAssemblies(saved, saved.root.key)) {
-        used.insert(assembly->object);
-        for (const ObjectRecord& component : GetComponents(saved, *assembly))
-            used.insert(component.key);
-    }
-    std::erase_if(saved.assemblies,
-                  [&](const AssemblyRecord& assembly) { return !used.contains(assembly.object); });
-    const auto isUnused = [&](const ObjectRecord& object) { return !used.contains(object.key); };
-    std::erase_if(saved.objectsBelow, isUnused);
-    for (AssemblyRecord& assembly : saved.assemblies)
-        std::erase_if(assembly.allParts, isUnused);
+    DropUnused(saved);
     const auto forgetSum = [](ObjectRecord& object) {
         if (object.sumsPartMasses)
             std::erase_if(object.properties,

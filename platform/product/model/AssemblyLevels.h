@@ -27,6 +27,10 @@ enum class LevelFault {
 inline bool HasLevels(const ProductModel& model) {
     return !model.assemblies.empty();
 }
+/// The use has something of its own in place of what it has from its object.
+inline bool HasOwn(const OccurrenceRecord& use) {
+    return !use.properties.empty() || !use.links.empty() || !use.counts.empty();
+}
 /// The object is an assembly of which the components are known.
 bool OpensLevel(const ProductModel& model, const UniqueMetaObjectKey& object);
 /// The assembly is the product itself, or a part of it at any depth.
@@ -39,6 +43,12 @@ ProductLevel GetHome(const ProductModel& model);
 void TakeOut(ProductModel& model, const ProductLevel& level);
 /// With a fault nothing has changed.
 LevelFault EnterLevel(ProductModel& model, const ProductLevel& level);
+
+/// All records are put back, also those of a model without assemblies, whose root is one then: the
+/// home's components stand in the first of the assemblies, and all objects in `objectsBelow`.
+void PutAllBack(ProductModel& model);
+/// The way back to the home, without what nothing uses.
+void TakeAllOut(ProductModel& model);
 
 /// The model at its home, without what nothing uses any more, and without sums.
 ProductModel MakeSaved(const ProductModel& model);

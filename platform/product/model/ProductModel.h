@@ -11,6 +11,7 @@
 #include "host/data/PartHandler.h"
 #include "host/data/PartKinds.h"
 
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
@@ -80,6 +81,19 @@ struct OccurrenceRecord : PartRecord {
     friend bool operator==(const OccurrenceRecord&, const OccurrenceRecord&) = default;
 };
 
+/// What the file that an object came from said of it when it was last read: what still equals that
+/// was not touched since, and follows the file.
+struct SourceProduct {
+    /// As the file writes them.
+    SharedText id;
+    SharedText name;
+    /// Empty and no value: the file says nothing of it.
+    SharedText material;
+    std::optional<double> density;
+
+    friend bool operator==(const SourceProduct&, const SourceProduct&) = default;
+};
+
 struct ObjectRecord : PartRecord {
     SharedText name;
     VariantMarking marking;
@@ -109,6 +123,8 @@ struct ObjectRecord : PartRecord {
     BilletKind billet = BilletKind::None;
     /// The object that a billet belongs to.
     UniqueMetaObjectKey billetOwner;
+    /// No value: it did not come from the product's source.
+    std::optional<SourceProduct> source;
 
     friend bool operator==(const ObjectRecord&, const ObjectRecord&) = default;
 };
@@ -202,6 +218,39 @@ struct StyleRecord {
     friend bool operator==(const StyleRecord&, const StyleRecord&) = default;
 };
 
+/// What a file held, told by its size and a hash of its bytes.
+struct ContentsMark {
+    std::uint64_t size = 0;
+    std::uint64_t hash = 0;
+
+    friend bool operator==(const ContentsMark&, const ContentsMark&) = default;
+};
+
+/// A use that the source has and the user has deleted: it does not come back with the next reading.
+struct DeletedUse {
+    UniqueMetaObjectKey assembly;
+    UniqueMetaObjectKey object;
+    UniqueMetaObjectKey use;
+    /// By which the object is known again when it is gone altogether.
+    SharedText id;
+    SharedText name;
+
+    friend bool operator==(const DeletedUse&, const DeletedUse&) = default;
+};
+
+/// The file that a product was imported from.
+struct SourceFile {
+    /// UTF-8, absolute.
+    std::string path;
+    /// When it was last read.
+    ContentsMark contents;
+    /// What it was read with; empty: the usual one.
+    std::string encoding;
+    std::vector<DeletedUse> deletedUses;
+
+    friend bool operator==(const SourceFile&, const SourceFile&) = default;
+};
+
 struct ProductModel {
     /// The object that the root row stands for: name, designation and values count, nothing else.
     ObjectRecord root;
@@ -237,6 +286,8 @@ struct ProductModel {
     std::vector<ObjectRecord> objectsBelow;
     /// What root and objects are. Counts where there are assemblies.
     ProductLevel level;
+    /// No value: the product came from nowhere else.
+    std::optional<SourceFile> source;
 
     friend bool operator==(const ProductModel&, const ProductModel&) = default;
 };

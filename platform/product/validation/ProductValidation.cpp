@@ -58,6 +58,8 @@ public:
         Check({product, "columnSet"}, !m_model.columnSetKey.empty(), "a text is needed");
         CheckDefinitions({product, "properties"});
         CheckColumns({product, "columns"});
+        if (m_model.source)
+            CheckSource({product, "source"}, *m_model.source);
         if (m_model.style)
             CheckStyle({product, "style"}, *m_model.style);
         CheckEmbodiments({product, "embodiments"});
@@ -274,6 +276,8 @@ private:
         if (object.volume)
             Check({path, "volume"}, std::isfinite(*object.volume) && *object.volume > 0,
                   "a positive number is expected");
+        if (object.source)
+            CheckSource({path, "source"}, *object.source);
         CheckValues({path, "properties"}, object.properties);
         for (const unsigned long number : object.readOnlyProperties)
             CheckProperty({path, "readOnlyProperties"}, number);
@@ -281,6 +285,34 @@ private:
         const ModelPath uses(path, "uses");
         for (std::size_t i = 0; i < object.occurrences.size(); ++i)
             CheckUse({uses, i}, object.occurrences[i]);
+    }
+
+    void CheckSource(const ModelPath& path, const SourceFile& source) {
+        const auto checkUtf8 = [&](const ModelPath& place, const std::string& text) {
+            Check(place, FromUtf8(text).has_value() && text.find('\0') == std::string::npos,
+                  "a UTF-8 text without null characters is expected");
+        };
+        Check({path, "file"}, !source.path.empty(), "a path is needed");
+        checkUtf8({path, "file"}, source.path);
+        checkUtf8({path, "encoding"}, source.encoding);
+        const ModelPath list(path, "deleted");
+        for (std::size_t i = 0; i < source.deletedUses.size(); ++i) {
+            const ModelPath place(list, i);
+            const DeletedUse& use = source.deletedUses[i];
+            for (const auto& [name, key] :
+                 {std::pair("assembly", &use.assembly), std::pair("object", &use.object),
+                  std::pair("use", &use.use)})
+                Check({place, name}, IsSoundKey(*key), "a key is expected");
+            CheckText({place, "id"}, use.id.Str());
+            CheckText({place, "name"}, use.name.Str());
+        }
+    }
+
+    void CheckSource(const ModelPath& path, const SourceProduct& source) {
+        CheckText({path, "id"}, source.id.Str());
+        CheckText({path, "name"}, source.name.Str());
+        CheckText({path, "material"}, source.material.Str());
+        CheckFinite({path, "density"}, source.density.value_or(0));
     }
 
     void CheckRoot(const ModelPath& path) {
