@@ -17,6 +17,7 @@ add_executable(hostTests
     PropertiesTest.cpp
     ResourcesTest.cpp
     ServicesTest.cpp
+    SourceUpdateTest.cpp
     ValuesTest.cpp)
 target_link_libraries(hostTests PRIVATE
     productTreeTestSupport productTreeProduct oHost rapidcheck GTest::gmock GTest::gtest_main

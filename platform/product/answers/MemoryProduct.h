@@ -3,8 +3,7 @@
 // products by. Each change that the user makes is one step, which can be undone by name.
 //
 // What comes by source is what an occurrence has from its object. A model holds no materials, no
-// features, no sources of objects and no designations to choose from: questions about them have the
-// neutral answers.
+// features and no designations to choose from: questions about them have the neutral answers.
 #pragma once
 
 #include "host/data/IfProductTreeData.h"
@@ -16,6 +15,7 @@
 
 namespace platform {
 
+class ISourceFiles;
 class IUserDecisions;
 class ItemProperties;
 
@@ -79,6 +79,14 @@ public:
     /// Who is asked where a command of this look needs an answer; null at first: nobody, and such a
     /// command does nothing. Must outlive the product.
     void SetDecisions(IUserDecisions* decisions);
+
+    /// Who gets at the file that the document was imported from; null, as at first: nobody. Must
+    /// outlive the document.
+    void SetSourceFiles(ISourceFiles* files);
+    /// What that file holds now, so that objects which came from it agree with it or not; no value
+    /// where that is not known. The change stamp moves when it makes a difference.
+    void NoteSource(const std::optional<ContentsMark>& onDisk);
+    bool IsSourceChanged() const;
 
     /// Of this look. Null at first and after the observer has gone: nothing can be highlighted
     /// then.
@@ -196,6 +204,7 @@ public:
     bool IsSelectableBillet(const UniqueMetaObjectKey& key) const override;
     bool IsSectionNameLinked(const UniqueMetaObjectKey& key) const override;
     int GetIconType(const UniqueMetaObjectKey& key) const override;
+    /// False for an object whose source has changed since it was last read.
     bool IsActual(const UniqueMetaObjectKey& key) const override;
     bool IsExcludedFromCount(const UniqueMetaObjectKey& key) const override;
 
@@ -214,7 +223,7 @@ public:
     bool CanAddBillet(const UniqueMetaObjectKey& key) const override;
     /// A manual billet in its owner's section, without name and designation.
     UniqueMetaObjectKey AddBillet(const UniqueMetaObjectKey& key) override;
-    /// The source of an assembly is its own level.
+    /// The source of an assembly is its own level, that of any other imported object its file.
     bool CanEditSource(const UniqueMetaObjectKey& key) const override;
     int GetEditSourceCommand(const UniqueMetaObjectKey& key) const override;
     void EditSource(const UniqueMetaObjectKey& key) override;
@@ -241,7 +250,9 @@ public:
     /// A part in the section of what is selected, behind it, with one use; of the kind that the
     /// section is for. The key is that of the use.
     UniqueMetaObjectKey AddObject() override;
-    /// Nothing: a model knows no sources.
+    /// Reads the source again and follows it, as one step that keeps all that the user has done
+    /// (SourceUpdate.h). Asks what is to become of parts that are gone; what can't be read is told
+    /// of and changes nothing.
     void UpdateAll() override;
     std::int64_t GetDocumentId() const override;
     bool RunPanelCommand() override;

@@ -136,8 +136,6 @@ UniqueMetaObjectKey MemoryProduct::AddObject() {
     return key;
 }
 
-void MemoryProduct::UpdateAll() {}
-
 std::int64_t MemoryProduct::GetDocumentId() const {
     return 0;
 }

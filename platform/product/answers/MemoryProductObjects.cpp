@@ -5,6 +5,7 @@
 #include "platform/product/edits/FreeKeys.h"
 #include "platform/product/edits/Positions.h"
 #include "platform/product/model/PropertyNumbers.h"
+#include "platform/product/model/SourceProduct.h"
 #include "platform/services/UserDecisions.h"
 
 #include <algorithm>
@@ -14,8 +15,6 @@ namespace platform {
 namespace {
 
 constexpr int c_otherIcon = 26;
-/// CM_2D_COMPONENT_EDIT_OUT_PLACE.
-constexpr int c_editInOwnWindow = 7020;
 
 ObjectRecord MakeBillet(const ObjectRecord& owner, UniqueMetaObjectKey key) {
     ObjectRecord billet;
@@ -48,13 +47,6 @@ ObjectRequest MakeOwnersRequest(const ProductModel& model, const ObjectRecord& b
     return request;
 }
 
-SharedText NameOf(const PartEntry& part) {
-    const SharedText name = part.object->record->name;
-    return name.IsEmpty()
-               ? part.object->record->marking.Make(VariantMarkingData::MakeAll, false, false)
-               : name;
-}
-
 } // namespace
 
 bool MemoryProduct::CanHighlight(const UniqueMetaObjectKey& key) const {
@@ -81,11 +73,6 @@ int MemoryProduct::GetIconType(const UniqueMetaObjectKey& key) const {
     return part ? part->iconType : c_otherIcon;
 }
 
-bool MemoryProduct::IsActual(const UniqueMetaObjectKey& key) const {
-    const PartEntry* const part = m_state->index.Find(key);
-    return !part || part->isActual;
-}
-
 bool MemoryProduct::IsExcludedFromCount(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
     return part && part->isExcludedFromCount;
@@ -96,7 +83,7 @@ DeleteInfo MemoryProduct::GetDeleteInfo(const std::set<UniqueMetaObjectKey>& key
     DeleteInfo info;
     info.count = static_cast<int>(deletion.GetRowCount());
     if (deletion.IsOneObject(keys))
-        info.name = NameOf(*deletion.GetObject());
+        info.name = TitleOf(*deletion.GetObject()->object->record);
     return info;
 }
 
@@ -108,9 +95,9 @@ bool MemoryProduct::DeleteObjects(const std::set<UniqueMetaObjectKey>& keys) {
         return false;
     SharedText name =
         deletion.IsOneObject(keys)
-            ? GetText(ProductText::Deletion, {NameOf(*deletion.GetObject())})
+            ? GetText(ProductText::Deletion, {TitleOf(*deletion.GetObject()->object->record)})
             : GetText(ProductText::Deletions, {std::to_wstring(deletion.GetRowCount())});
-    return m_state->Do({std::move(name), deletion.MakeEdits()});
+    return m_state->Do({std::move(name), deletion.MakeEdits(m_state->model.root.key)});
 }
 
 // What is used several times, built up of others or has a billet itself is none.
@@ -149,7 +136,7 @@ void MemoryProduct::ConvertToBillet(const UniqueMetaObjectKey& key) {
     StructureChange come;
     come.objects = RecordsSwap<ObjectRecord>(std::move(billet), ownerPlace + (isBefore ? 0 : 1));
     Step step;
-    step.name = GetText(ProductText::BilletConversion, {NameOf(*part)});
+    step.name = GetText(ProductText::BilletConversion, {TitleOf(*part->object->record)});
     step.edits.push_back(std::make_unique<StructureEdit>(std::move(gone)));
     step.edits.push_back(std::make_unique<StructureEdit>(std::move(come)));
     m_state->Do(std::move(step));
@@ -240,18 +227,6 @@ UniqueMetaObjectKey MemoryProduct::AddBillet(const UniqueMetaObjectKey& key) {
     step.edits.push_back(std::make_unique<StructureEdit>(std::move(change)));
     m_state->Do(std::move(step));
     return billet;
-}
-
-bool MemoryProduct::CanEditSource(const UniqueMetaObjectKey& key) const {
-    return !FindAssembly(key).IsEmpty();
-}
-
-int MemoryProduct::GetEditSourceCommand(const UniqueMetaObjectKey& /*key*/) const {
-    return c_editInOwnWindow;
-}
-
-void MemoryProduct::EditSource(const UniqueMetaObjectKey& key) {
-    EnterLevel({FindAssembly(key), false});
 }
 
 bool MemoryProduct::CanCalculatePositions() const {

@@ -6,6 +6,7 @@
 #include "platform/product/answers/MemoryProduct.h"
 #include "platform/product/edits/EditHistory.h"
 #include "platform/product/edits/ProductChanges.h"
+#include "platform/product/edits/SourceUpdate.h"
 #include "platform/product/model/AssemblyLevels.h"
 #include "platform/product/model/ModelEmbodiments.h"
 #include "platform/product/model/ProductTexts.h"
@@ -71,6 +72,9 @@ struct MemoryProduct::State {
     void TellOfLook() const;
     /// The observers of all looks hear of it.
     void TellAll(void (IProductObserver::*what)()) const;
+    /// The user of the present look. No value: nothing is to happen.
+    std::optional<GoneParts> AskAboutGone(const SourceFile& source,
+                                          const std::vector<GonePart>& gone);
 
     ProductModel model;
     ProductIndex index;
@@ -85,6 +89,8 @@ struct MemoryProduct::State {
     /// The present one; null before the first has come and after the present one has gone.
     Look* look = nullptr;
     std::vector<Look*> looks;
+    ISourceFiles* sourceFiles = nullptr;
+    std::optional<ContentsMark> sourceOnDisk;
     std::vector<UniqueMetaObjectKey> selected;
     std::optional<Highlighting> highlighting;
     std::weak_ptr<std::function<void()>> highlightDone;

@@ -130,8 +130,22 @@ std::vector<PartGroup> Deletion::FindGroups() const {
     return found;
 }
 
-std::vector<std::unique_ptr<IModelEdit>> Deletion::MakeEdits() const {
+std::vector<DeletedUse> Deletion::FindDeletedUses(const UniqueMetaObjectKey& assembly) const {
+    std::vector<DeletedUse> found;
+    for (const PartEntry& use : m_index.GetUses()) {
+        if (!use.hasSource || !m_gone.contains(&use))
+            continue;
+        const SourceProduct& product = *use.object->record->source;
+        found.push_back({assembly, use.owner->key, use.key, product.id, product.name});
+    }
+    return found;
+}
+
+std::vector<std::unique_ptr<IModelEdit>>
+Deletion::MakeEdits(const UniqueMetaObjectKey& assembly) const {
     std::vector<std::unique_ptr<IModelEdit>> edits;
+    if (std::vector<DeletedUse> uses = FindDeletedUses(assembly); !uses.empty())
+        edits.push_back(std::make_unique<DeletedUsesEdit>(std::move(uses)));
     if (std::vector<HeldValue> values = FindLastValues(); !values.empty())
         edits.push_back(std::make_unique<ValuesEdit>(std::move(values)));
     StructureChange change{FindReferences(), FindGroups(), m_uses, {}};

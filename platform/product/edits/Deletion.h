@@ -30,8 +30,8 @@ public:
     /// One of the objects that are deleted or lose occurrences; null when there is none.
     const PartEntry* GetObject() const { return m_object; }
 
-    /// To be swapped forth, in their order.
-    std::vector<std::unique_ptr<IModelEdit>> MakeEdits() const;
+    /// To be swapped forth, in their order. `assembly` is the one that is shown.
+    std::vector<std::unique_ptr<IModelEdit>> MakeEdits(const UniqueMetaObjectKey& assembly) const;
 
 private:
     using Parts = std::vector<const PartEntry*>;
@@ -42,6 +42,7 @@ private:
     std::vector<HeldValue> FindLastValues() const;
     std::vector<ObjectReferences> FindReferences() const;
     std::vector<PartGroup> FindGroups() const;
+    std::vector<DeletedUse> FindDeletedUses(const UniqueMetaObjectKey& assembly) const;
 
     const ProductIndex& m_index;
     const RowRules& m_rows;

@@ -26,10 +26,17 @@ PropValue MassOf(double volume, const PropValue& density) {
 }
 
 void ApplyVolume(ObjectRecord& object, double volume) {
-    object.volume = volume;
     const auto* const density = FindValue(object, number::density);
-    const PropValue mass = density ? MassOf(volume, density->second) : PropValue();
-    if (mass.IsEmpty())
+    const auto* const before = FindValue(object, number::mass);
+    const auto massOf = [&](double cubicMetres) {
+        return density ? MassOf(cubicMetres, density->second) : PropValue();
+    };
+    // A mass that does not follow from the volume was typed, and stays.
+    const bool isTyped = before && !before->second.IsEmpty() &&
+                         !(object.volume && before->second == massOf(*object.volume));
+    object.volume = volume;
+    const PropValue mass = massOf(volume);
+    if (mass.IsEmpty() || isTyped)
         return;
     if (auto* const present = FindValue(object, number::mass))
         present->second = mass;

@@ -157,6 +157,17 @@ void StructureEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
     editor.NoteStructure();
 }
 
+void DeletedUsesEdit::Swap(ModelEditor& editor, Direction direction) {
+    std::optional<SourceFile>& source = editor.GetModel().source;
+    if (!source)
+        return;
+    std::vector<DeletedUse>& deleted = source->deletedUses;
+    if (direction == Direction::Forth)
+        deleted.insert(deleted.end(), m_uses.begin(), m_uses.end());
+    else
+        deleted.resize(deleted.size() - std::min(deleted.size(), m_uses.size()));
+}
+
 void DocumentEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
     editor.Exchange(m_model);
 }

@@ -141,6 +141,17 @@ private:
     StructureChange m_change;
 };
 
+/// Uses that the source has are deleted, and don't come back with it.
+class DeletedUsesEdit final : public IModelEdit {
+public:
+    explicit DeletedUsesEdit(std::vector<DeletedUse> uses) : m_uses(std::move(uses)) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    std::vector<DeletedUse> m_uses;
+};
+
 /// The whole document, as it was read from elsewhere.
 class DocumentEdit final : public IModelEdit {
 public:

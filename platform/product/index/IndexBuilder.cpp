@@ -149,6 +149,7 @@ void IndexBuilder::ReadPart(PartEntry& part, const ObjectRecord& object) const {
     part.iconType = object.iconType;
     part.hasLockedMarkingParts = !object.lockedMarkingParts.empty();
     part.isActual = object.isActual;
+    part.hasSource = object.source.has_value();
     part.isExcludedFromCount = object.isExcludedFromCount;
     part.hasAggrIntoProduct = object.aggrIntoProduct.has_value();
     part.isAggrIntoProduct = object.aggrIntoProduct.value_or(false);

@@ -100,6 +100,7 @@ struct alignas(64) PartEntry {
     bool isInGroup : 1 = false;
     bool hasLockedMarkingParts : 1 = false;
     bool isActual : 1 = true;
+    bool hasSource : 1 = false;
     bool isExcludedFromCount : 1 = false;
     bool hasAggrIntoProduct : 1 = false;
     bool isAggrIntoProduct : 1 = false;
