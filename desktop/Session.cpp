@@ -8,6 +8,7 @@
 #include "items/ProductTreeItemData.h"
 #include "platform/product/answers/MemoryProduct.h"
 #include "platform/product/model/AssemblyLevels.h"
+#include "platform/product/model/SourceProduct.h"
 #include "platform/view/HostFrame.h"
 
 #include <algorithm>
@@ -29,9 +30,19 @@ bool IsNoLimit(double limit, unsigned type) {
     return std::abs(limit) >= last;
 }
 
-SharedText TitleOf(const platform::ObjectRecord& object) {
-    return object.name.IsEmpty() ? object.marking.Make(VariantMarkingData::MakeAll, false, false)
-                                 : object.name;
+/// A product file can name any file as its source. One that is so large and of another size than it
+/// should be is another one, and is not gone through.
+constexpr std::uintmax_t c_largestSource = std::uintmax_t{1} << 30U;
+
+std::optional<platform::ContentsMark> LookAt(const platform::SourceFile& source) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(source.path, error);
+    if (error)
+        return std::nullopt;
+    if (size > c_largestSource && size != source.contents.size)
+        return platform::ContentsMark{size, 0};
+    const std::optional<FileMark> mark = FileMark::Take(source.path);
+    return mark ? std::optional(mark->Get()) : std::nullopt;
 }
 
 void SetAllExpanded(platform::TreeTableRow& row, bool expanded) {
@@ -47,9 +58,10 @@ Session::Session(Document document)
               std::make_shared<platform::MemoryProduct>(std::move(document.model))) {
     m_file->path = std::move(document.path);
     m_file->notes = std::move(document.notes);
-    m_file->step = std::move(document.step);
+    m_file->source.Use(std::move(document.step), m_product->GetModel().source);
     m_file->mark = document.mark;
-    m_file->isProduct = !m_file->step && !document.isNew;
+    m_file->isProduct = !GetStep() && !document.isNew;
+    m_product->SetSourceFiles(&m_file->source);
 }
 
 Session::Session(std::shared_ptr<File> file, std::shared_ptr<platform::MemoryProduct> product)
@@ -62,6 +74,7 @@ Session::Session(std::shared_ptr<File> file, std::shared_ptr<platform::MemoryPro
 }
 
 Session::~Session() {
+    SetSourceDesk(nullptr);
     std::erase(m_file->views, this);
     m_product->SetObserver(nullptr);
     TellListeners();
@@ -83,7 +96,13 @@ std::unique_ptr<Session> Session::MakeView() const {
     return std::unique_ptr<Session>(new Session(m_file, m_product->MakeLook()));
 }
 
+void Session::SetSourceDesk(ISourceDesk* desk) {
+    m_file->source.RemoveDesk(std::exchange(m_desk, desk));
+    m_file->source.PutFirst(desk);
+}
+
 void Session::Activate() {
+    m_file->source.PutFirst(m_desk);
     m_frame->Activate();
 }
 
@@ -304,6 +323,11 @@ SharedText Session::FindCountNote(const platform::TreeTableRow& row,
 }
 
 void Session::TakeMeasures(const step::Measures& measures) {
+    if (const auto translated = m_file->source.Translate(m_product->GetModel(), measures))
+        Write(*translated);
+}
+
+void Session::Write(const step::Measures& measures) {
     m_product->Change([&](platform::ProductModel& model) { ApplyMeasures(model, measures); });
     m_file->hasUnsavedMeasures = m_file->isProduct;
 }
@@ -358,10 +382,17 @@ void Session::FollowCommand() {
 
 void Session::Undo() {
     m_product->Undo();
+    WriteKept();
 }
 
 void Session::Redo() {
     m_product->Redo();
+    WriteKept();
+}
+
+void Session::WriteKept() {
+    if (const auto kept = m_file->source.TakeKept(m_product->GetModel()))
+        Write(*kept);
 }
 
 bool Session::IsModified() const {
@@ -388,6 +419,31 @@ std::optional<FileError> Session::SaveAs(const std::filesystem::path& path) {
     m_product->MarkSaved();
     TellListeners();
     return std::nullopt;
+}
+
+std::filesystem::path Session::GetSourcePath() const {
+    const std::optional<platform::SourceFile>& source = m_product->GetModel().source;
+    return source ? std::filesystem::path(source->path) : std::filesystem::path();
+}
+
+SourceNews Session::NoticeSourceOnDisk() {
+    const std::filesystem::path path = GetSourcePath();
+    if (std::exchange(m_file->noticedSource, path) != path) {
+        m_product->NoteSource(std::nullopt);
+        m_file->isSourceGone = false;
+    }
+    if (path.empty())
+        return SourceNews::None;
+    const auto mark = LookAt(*m_product->GetModel().source);
+    const bool wasGone = std::exchange(m_file->isSourceGone, !mark);
+    if (!mark)
+        return wasGone ? SourceNews::None : SourceNews::Gone;
+    const bool wasChanged = m_product->IsSourceChanged();
+    m_product->NoteSource(mark);
+    const bool isChanged = m_product->IsSourceChanged();
+    if (isChanged == wasChanged)
+        return wasGone && !isChanged ? SourceNews::Agrees : SourceNews::None;
+    return isChanged ? SourceNews::Changed : SourceNews::Agrees;
 }
 
 FileNews Session::NoticeChangeOnDisk() {

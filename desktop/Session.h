@@ -4,6 +4,7 @@
 #pragma once
 
 #include "desktop/Document.h"
+#include "desktop/StepSource.h"
 #include "platform/product/answers/MemoryProduct.h"
 
 #include <memory>
@@ -47,6 +48,15 @@ enum class FileNews {
     Gone
 };
 
+enum class SourceNews {
+    None,
+    /// The product does not agree with its source any more, or does so again.
+    Changed,
+    Agrees,
+    /// It can't be looked at; nothing else is known of it.
+    Gone
+};
+
 class Session final : private platform::IProductObserver {
 public:
     /// The panel is built when this returns.
@@ -73,8 +83,16 @@ public:
     const platform::MemoryProduct& GetProduct() const { return *m_product; }
     const std::filesystem::path& GetPath() const { return m_file->path; }
     const std::vector<std::string>& GetNotes() const { return m_file->notes; }
-    /// Null for a product file.
-    step::StepDocument* GetStep() const { return m_file->step.get(); }
+    /// What was read of the STEP file last; null for a product file before it is brought up to date
+    /// with its source.
+    step::StepDocument* GetStep() const { return m_file->source.GetDocument(); }
+    /// Of the file that the product was imported from; empty for none.
+    std::filesystem::path GetSourcePath() const;
+    /// Who opens that file and hears that the product has followed it; null, as at first: nobody.
+    void SetSourceDesk(ISourceDesk* desk);
+    /// What has become of that file, each time once for all views. Rows show whether they agree
+    /// with it.
+    SourceNews NoticeSourceOnDisk();
     /// Who answers when the product or the panel asks; null, as at first: nobody does.
     void SetDecisions(platform::IUserDecisions* decisions);
     /// Who shows the panel's menus; null, as at first: there are none.
@@ -120,7 +138,8 @@ public:
     SharedText FindCountNote(const platform::TreeTableRow& row, const std::wstring& columnId) const;
     /// A command of the panel has run: it may have opened an assembly.
     void FollowCommand();
-    /// Writes volumes and masses into the document, which is no step to undo.
+    /// Writes volumes and masses into the document, which is no step to undo. Those of a reading
+    /// that was undone are kept until it is redone.
     void TakeMeasures(const step::Measures& measures);
 
     /// No value for a column without limits that bind.
@@ -160,7 +179,10 @@ private:
     struct File {
         std::filesystem::path path;
         std::vector<std::string> notes;
-        std::unique_ptr<step::StepDocument> step;
+        StepSource source;
+        /// The source that was looked at last.
+        std::filesystem::path noticedSource;
+        bool isSourceGone = false;
         /// The product file as it was last read or written.
         std::optional<FileMark> mark;
         bool isProduct = false;
@@ -179,6 +201,9 @@ private:
     void OnLookChanged() override;
     void OnSelectionChanged() override;
     void OnHighlightChanged() override;
+    void Write(const step::Measures& measures);
+    /// A step may come back to the reading that was measured meanwhile.
+    void WriteKept();
     bool Enter(const platform::ProductLevel& level);
     /// The level may be another one: undoing goes where it was done.
     void FollowLevel();
@@ -191,6 +216,7 @@ private:
     std::vector<platform::ProductLevel> m_way;
     std::unique_ptr<platform::HostFrame> m_frame;
     ISessionListener* m_listener = nullptr;
+    ISourceDesk* m_desk = nullptr;
 };
 
 } // namespace desktop

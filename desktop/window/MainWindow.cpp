@@ -87,7 +87,9 @@ void ShowStep(QAction& action, const QString& text, bool isPossible, const Share
 
 MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     : m_decisions(decisions ? std::move(decisions) : std::make_unique<DialogDecisions>(*this)),
-      m_slot(*m_decisions) {
+      m_slot(*m_decisions),
+      m_sourceDesk([this] { StopMeasuring(); },
+                   [this](const platform::SourceUpdate& update) { OnUpdated(update); }) {
     setCentralWidget(MakePanel());
     MakeCommands();
     MakeFileMenu();
@@ -102,6 +104,8 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
     });
     MakeStatusBar();
     connect(&m_watch, &FileWatch::Touched, this, &MainWindow::OnFileTouched);
+    connect(&m_sourceWatch, &FileWatch::Touched, this,
+            [this] { WhenIdle([this] { TakeSourceNews(); }); });
     resize(c_usualSize);
 }
 
@@ -247,6 +251,8 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     m_session->SetDecisions(m_decisions.get());
     m_session->SetListener(this);
     m_session->SetPopupMenus(m_menus);
+    m_session->SetSourceDesk(&m_sourceDesk);
+    m_watchedSource.clear();
     m_model = std::make_unique<TreeItemModel>(m_session->GetView());
     connect(m_model.get(), &TreeItemModel::PanelChanged, this, &MainWindow::ShowCaption);
     connect(m_model.get(), &TreeItemModel::RowStatesChanged, this, &MainWindow::ShowCounts);
@@ -331,6 +337,7 @@ void MainWindow::ShowState() {
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
     ShowLevel();
+    FollowSource();
 }
 
 void MainWindow::StartMasses() {

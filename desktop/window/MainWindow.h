@@ -6,6 +6,7 @@
 #include "desktop/Document.h"
 #include "desktop/Session.h"
 #include "desktop/window/FileWatch.h"
+#include "desktop/window/SourceDesk.h"
 #include "platform/services/UserDecisions.h"
 
 #include <QHash>
@@ -100,6 +101,12 @@ private:
     void HandOverMasses();
     void TellError(const QString& title, const std::filesystem::path& path, const FileError& error);
 
+    /// The product may have another source than before.
+    void FollowSource();
+    void TakeSourceNews();
+    void StopMeasuring();
+    void OnUpdated(const platform::SourceUpdate& update);
+
     void AddLevelActions(QMenu& view);
     void ShowLevel();
     /// Null for none.
@@ -142,9 +149,12 @@ private:
 
     std::unique_ptr<platform::IUserDecisions> m_decisions;
     platform::UserDecisionsSlot m_slot;
+    SourceDesk m_sourceDesk;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<TreeItemModel> m_model;
     FileWatch m_watch;
+    FileWatch m_sourceWatch;
+    std::filesystem::path m_watchedSource;
     /// Why the last input, or some of it, was not taken.
     QString m_refusal;
     /// What the status line says of the highlight.

@@ -32,6 +32,7 @@ protected:
         m_file = folder ? folder : PRODUCT_TREE_SOURCES "/../shared/assemblies";
         if (!std::filesystem::is_directory(m_file))
             GTEST_SKIP() << "no assemblies in " << m_file;
+        m_exports = m_file;
         std::filesystem::create_directories(m_folder);
     }
     void TearDown() override { std::filesystem::remove_all(m_folder); }
@@ -86,6 +87,7 @@ protected:
     }
 
     std::filesystem::path m_file;
+    std::filesystem::path m_exports;
     std::filesystem::path m_folder = support::GetTestFolder();
 };
 
@@ -249,6 +251,41 @@ TEST_F(AssemblyEditsTest, AnAssemblyIsSavedWithAllItsLevels) {
     EXPECT_EQ(Text(Find("rod", c_density)), "7850");
     EXPECT_EQ(Text(Find("bolt (x6)", "Count")), "6");
     EXPECT_TRUE(m_decisions->GetQuestions().empty());
+}
+
+TEST_F(AssemblyEditsTest, AnotherExportOfTheAssemblyKeepsWhatWasEdited) {
+    const std::filesystem::path step = m_folder / "as1.stp";
+    const std::filesystem::path product = m_folder / "as1.json";
+    std::filesystem::copy_file(m_file / "as1-oc-214.stp", step);
+    std::filesystem::permissions(step, std::filesystem::perms::owner_all);
+    m_file = m_folder;
+    Open("as1.stp");
+    Measure();
+    Edit(Find("plate", "Name"), "Base plate");
+    Edit(Find("Base plate", c_density), "7850");
+    m_decisions->ChooseNext(product);
+    Trigger("Save");
+
+    std::filesystem::copy_file(m_exports / "as1_pe_203.stp", step, std::filesystem::copy_options::overwrite_existing);
+    WaitForText("as1.stp has changed; Update all brings its parts up to date");
+    Shoot("sources-1-changed");
+    Trigger("Update all");
+    Trigger("Expand all");
+    Shoot("sources-2-updated");
+    EXPECT_TRUE(m_decisions->GetQuestions().empty()) << "all parts are there, under other names";
+    WaitForText("5 parts measured");
+    // Its numbers are those of the first, and its unit is the inch.
+    EXPECT_NEAR(MassOf("Base plate") / (7850 * c_plateVolume), 25.4 * 25.4 * 25.4, 1);
+    const std::string updated = Print("Base plate");
+    Shoot("sources-3-measured");
+    TriggerAll("Undo");
+    EXPECT_TRUE(Find("plate", "Name").isValid());
+    TriggerAll("Redo");
+    EXPECT_EQ(Print("Base plate"), updated);
+    Trigger("Save");
+    Open("as1.json");
+    EXPECT_EQ(Print("Base plate"), updated);
+    EXPECT_FALSE(Action("Update all")->isEnabled());
 }
 
 } // namespace
