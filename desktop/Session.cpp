@@ -150,7 +150,7 @@ Session::FindHighlightedRows(const platform::TreeTableView& view) const {
     const std::optional<platform::Highlighting>& highlighting = m_product->GetHighlighting();
     if (!highlighting)
         return {};
-    return FindRowsOf(m_product->GetModel(), highlighting->key, view.GetRoot());
+    return FindRowsOf(m_product->GetModel(), highlighting->object, view.GetRoot());
 }
 
 void Session::EndHighlighting() {

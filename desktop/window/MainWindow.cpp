@@ -292,8 +292,11 @@ void MainWindow::ShowHighlight() {
             statusBar()->clearMessage();
         return;
     }
-    m_tree->GetHighlighted().Show(
-        [this] { return m_session->FindHighlightedRows(m_session->GetView()); });
+    const auto find = [this] { return m_session->FindHighlightedRows(m_session->GetView()); };
+    // Another view shows it.
+    if (find().empty() && !m_session->IsAlone())
+        return;
+    m_tree->GetHighlighted().Show(find);
     if (!m_tree->GetHighlighted().AreShown())
         return;
     m_tree->setFocus();

@@ -92,7 +92,7 @@ void MemoryProduct::Highlight(const UniqueMetaObjectKey& key, const SharedText& 
                               std::weak_ptr<std::function<void()>> done) {
     if (!CanHighlight(key))
         return;
-    m_state->highlighting = Highlighting{key, name};
+    m_state->highlighting = Highlighting{key, m_state->index.Find(key)->owner->key, name};
     m_state->highlightDone = std::move(done);
     m_state->TellAll(&IProductObserver::OnHighlightChanged);
 }
