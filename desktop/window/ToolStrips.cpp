@@ -89,12 +89,12 @@ void ToolStrips::Fill(QToolBar& bar, const std::string& strip) const {
 void ToolStrips::ShowState(const platform::TreeTableView& view) {
     Fill(*m_main, view.GetPanel().toolbar);
     m_additional->setObjectName(QString::fromStdString(view.GetPanel().additionalToolbar));
-    for (QToolBar* const bar : {m_main, m_additional})
-        bar->setVisible(HasAnythingShown(*bar));
     for (auto action = m_actions.begin(); action != m_actions.end(); ++action) {
         (*action)->setVisible(view.IsCommandShown(action.key()));
         (*action)->setEnabled(view.IsCommandOffered(action.key()));
     }
+    for (QToolBar* const bar : {m_main, m_additional})
+        bar->setVisible(HasAnythingShown(*bar));
 }
 
 bool ToolStrips::eventFilter(QObject* watched, QEvent* event) {

@@ -223,7 +223,7 @@ TEST_F(CommandsTest, AMenuThatIsOpenWhenItsPanelGoesIsForgotten) {
     m_window->OpenFile(PRODUCT_TREE_SOURCES "/samples/reducer.json", {});
     QApplication::processEvents();
     EXPECT_FALSE(OpenMenu());
-    EXPECT_TRUE(m_decisions->GetMessages().empty()) << "the choice was for a panel that is gone";
+    EXPECT_TRUE(m_decisions->GetItemPropertiesRequests().empty()) << "the choice was for a panel that is gone";
 }
 
 TEST_F(CommandsTest, ARefusedEditorComesBeforeMenusAndCommands) {
