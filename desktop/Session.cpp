@@ -375,9 +375,13 @@ bool Session::CanRedo() const {
 void Session::FollowCommand() {
     // An assembly that was opened by a command stands below the one that it was opened from.
     const platform::ProductLevel& level = GetLevel();
+    const bool isElsewhere = !(level == m_way.back());
     if (!(level.assembly == m_way.back().assembly))
         m_way.push_back(level);
     FollowLevel();
+    // What the command has chosen there.
+    if (isElsewhere)
+        m_frame->GetTree().SetSelectionByDoc();
 }
 
 void Session::Undo() {

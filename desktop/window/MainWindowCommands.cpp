@@ -93,7 +93,11 @@ void MainWindow::RunCommand(unsigned command, const std::function<void()>& run) 
     run();
     m_session->FollowCommand();
     m_model->TellChanges();
+    const platform::TreeTableRow* const chosen =
+        before == m_session->GetLevel() ? nullptr : m_session->GetView().GetCurrent();
     TakeUpPlace(before);
+    if (chosen)
+        m_tree->setCurrentIndex(m_model->IndexOf(*chosen));
     if (place)
         m_tree->SelectAt(*place);
     const SharedText refusal = m_session->TakeRefusal();

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QTest>
 
 namespace {
@@ -88,6 +89,25 @@ TEST_F(LevelsTest, AllPartsAreShownAndTheirAssembliesReachedByKeysArrowAndLinks)
         emit label->linkActivated("0");
     EXPECT_EQ(Root(), "Car");
     EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(LevelsTest, APartOfAListOfAllPartsIsShownInItsAssembly) {
+    Trigger("All Parts");
+    Trigger("Expand all");
+    Tree().setCurrentIndex(Tree().model()->index(1, 0, Find("Tube (x2)")));
+    Press(Qt::Key_F10, Qt::ShiftModifier);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    for (QAction* const entry : menu->actions()) {
+        if (entry->text().remove('&').startsWith("Show in its assembly"))
+            entry->trigger();
+    }
+    menu->close();
+    QApplication::processEvents();
+    EXPECT_EQ(Root(), "Axle");
+    EXPECT_EQ(Current(), "Tube");
+    Trigger("Back Up");
+    EXPECT_EQ(Root(), "Car");
 }
 
 } // namespace
