@@ -91,6 +91,41 @@ protected:
     std::filesystem::path m_folder = support::GetTestFolder();
 };
 
+TEST_F(AssemblyEditsTest, APartIsAddedNamedSortedNumberedAndDeletedAndAllOfItUndone) {
+    for (const char* const file : {"as1-oc-214.stp", "cubefactory_01_00_00-shredder_unit.STEP"}) {
+        Open(file);
+        const auto print = [&] {
+            Trigger("Expand all");
+            Tree().setCurrentIndex(Tree().model()->index(0, 0));
+            return desktop::PrintJson(static_cast<desktop::TreeItemModel*>(Tree().model())->GetView());
+        };
+        const std::string untouched = print();
+        Tree().setCurrentIndex(Tree().model()->index(0, 0, Tree().model()->index(0, 0, Tree().model()->index(0, 0))));
+        Trigger("Add part");
+        ASSERT_TRUE(Tree().IsEditing()) << file << ": the new part wants a name";
+        Type("Brass washer");
+        Press(Qt::Key_Return);
+        const QString section = Text(Find("Brass washer", c_section)).c_str();
+        m_decisions->ChooseNextSection(platform::SectionDecision{5, false});
+        ClickLink(Find("Brass washer", c_section));
+        EXPECT_NE(Text(Find("Brass washer", c_section)), section.toStdString()) << file;
+        Trigger("Number positions");
+        EXPECT_NE(Text(Find("Brass washer", c_position)), "") << file;
+        Shoot("assembly-added");
+        Tree().setCurrentIndex(Find("Brass washer", "Name"));
+        m_decisions->AnswerNext(std::nullopt);
+        Trigger("Delete");
+        EXPECT_NE(Text(Find("Brass washer", "Name")), "") << "the question was cancelled";
+        m_decisions->AnswerNext(0);
+        Trigger("Delete");
+        const QAbstractItemModel& model = *Tree().model();
+        EXPECT_TRUE(model.match(model.index(0, 0), Qt::DisplayRole, "Brass washer", 1, Qt::MatchRecursive).isEmpty());
+        TriggerAll("Undo");
+        EXPECT_EQ(print(), untouched) << file;
+        EXPECT_FALSE(m_window->isWindowModified());
+    }
+}
+
 TEST_F(AssemblyEditsTest, AnEditedAssemblyIsUndoneRedoneSavedAndOpenedAgain) {
     Open();
     Measure();
