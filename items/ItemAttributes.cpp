@@ -4,7 +4,7 @@
 #include "items/ProductTreeItemImpl.h"
 #include "items/RowIdIndex.h"
 
-#include <set>
+#include <bit>
 
 namespace productTree {
 
@@ -114,17 +114,18 @@ ProductInfObjChangesResult SubTreeAttribute<Attribute>::MakeChanges(bool value, 
 
 template <class Attribute>
 void SubTreeAttribute<Attribute>::Update() {
-    std::set<int> states;
+    // A bit for each state that is there.
+    unsigned states = 0;
     ForEachChildRow(*this->m_row, [&](const ITreeTableRow& child) {
-        states.insert(Attribute::GetState(child));
+        states |= 1U << Attribute::GetState(child);
         return true;
     });
     int state = AttributeStateNone;
-    if (states.size() == 1)
-        state = *states.begin();
-    else if (states.contains(AttributeStateOn))
+    if (std::has_single_bit(states))
+        state = std::countr_zero(states);
+    else if (states & (1U << AttributeStateOn))
         state = AttributeStateOn;
-    else if (states.contains(AttributeStateOff))
+    else if (states & (1U << AttributeStateOff))
         state = AttributeStateOff;
     Attribute::SetState(*this->m_row, state);
 }

@@ -33,24 +33,16 @@ Product& Product::Object(std::string_view key, const std::wstring& name, const s
     return designation.empty() ? *this : Designation(designation);
 }
 
-Product& Product::Name(const std::wstring& name) {
-    CurrentObject().name = name;
-    return *this;
-}
+Product& Product::Name(const std::wstring& name) { return Set(CurrentObject().name, name); }
 
 Product& Product::Designation(const std::wstring& base) {
     CurrentObject().marking.SetBase(base);
     return *this;
 }
 
-Product& Product::Marking(const VariantMarking& marking) {
-    CurrentObject().marking = marking;
-    return *this;
-}
-
+Product& Product::Marking(const VariantMarking& marking) { return Set(CurrentObject().marking, marking); }
 Product& Product::LockedMarkingParts(std::initializer_list<int> parts) {
-    CurrentObject().lockedMarkingParts = parts;
-    return *this;
+    return Set(CurrentObject().lockedMarkingParts, parts);
 }
 
 Product& Product::Section(int number, const std::wstring& name) { return SectionNumbers({number}, name); }
@@ -79,40 +71,13 @@ Product& Product::ReadOnlyValue(const std::wstring& path) {
     return *this;
 }
 
-Product& Product::Volume(double volume) {
-    CurrentObject().volume = volume;
-    return *this;
-}
-
-Product& Product::KeepsPosition() {
-    CurrentObject().keepsOwnPosition = true;
-    return *this;
-}
-
-Product& Product::NameLinkedToSection() {
-    CurrentObject().isNameLinkedToSection = true;
-    return *this;
-}
-
-Product& Product::Icon(int type) {
-    CurrentObject().iconType = type;
-    return *this;
-}
-
-Product& Product::NotActual() {
-    CurrentObject().isActual = false;
-    return *this;
-}
-
-Product& Product::ExcludedFromCount() {
-    CurrentObject().isExcludedFromCount = true;
-    return *this;
-}
-
-Product& Product::AggrIntoProduct(bool on) {
-    CurrentObject().aggrIntoProduct = on;
-    return *this;
-}
+Product& Product::Volume(double volume) { return Set(CurrentObject().volume, volume); }
+Product& Product::KeepsPosition() { return Set(CurrentObject().keepsOwnPosition, true); }
+Product& Product::NameLinkedToSection() { return Set(CurrentObject().isNameLinkedToSection, true); }
+Product& Product::Icon(int type) { return Set(CurrentObject().iconType, type); }
+Product& Product::NotActual() { return Set(CurrentObject().isActual, false); }
+Product& Product::ExcludedFromCount() { return Set(CurrentObject().isExcludedFromCount, true); }
+Product& Product::AggrIntoProduct(bool on) { return Set(CurrentObject().aggrIntoProduct, on); }
 
 Product& Product::PartOf(std::string_view parent) {
     CurrentObject().parents.push_back(Key(parent));
@@ -169,6 +134,11 @@ Product& Product::ChangeParts(Change change) {
     return *this;
 }
 
+template <class Field, class Given>
+Product& Product::SetParts(Field PartRecord::*field, Given value) {
+    return ChangeParts([&](PartRecord& part) { part.*field = value; });
+}
+
 Product& Product::In(Keys embodiments) {
     return ChangeUses([&](OccurrenceRecord& use) {
         for (const std::string_view key : embodiments)
@@ -192,25 +162,15 @@ Product& Product::Link(const std::wstring& path, std::string_view target, const 
     });
 }
 
-Product& Product::Kind(int kind) {
-    return ChangeParts([kind](PartRecord& part) { part.kind = kind; });
-}
-
-Product& Product::Phantom() {
-    return ChangeParts([](PartRecord& part) { part.isPhantom = true; });
-}
-
-Product& Product::NoHandler() {
-    return ChangeParts([](PartRecord& part) { part.hasHandler = false; });
-}
+Product& Product::Kind(int kind) { return SetParts(&PartRecord::kind, kind); }
+Product& Product::Phantom() { return SetParts(&PartRecord::isPhantom, true); }
+Product& Product::NoHandler() { return SetParts(&PartRecord::hasHandler, false); }
 
 Product& Product::NotInProduct() {
     return ChangeParts([](PartRecord& part) { part.part.attributes.inProduct = false; });
 }
 
-Product& Product::CalculatedInProduct(bool inProduct) {
-    return ChangeParts([inProduct](PartRecord& part) { part.calculatedInProduct = inProduct; });
-}
+Product& Product::CalculatedInProduct(bool inProduct) { return SetParts(&PartRecord::calculatedInProduct, inProduct); }
 
 Product& Product::Separate() {
     return ChangeParts([](PartRecord& part) { part.part.attributes.separate = true; });
@@ -228,13 +188,8 @@ Product& Product::UsedIn(std::vector<meta_data::SP::StyleId> styles) {
     return ChangeParts([&styles](PartRecord& part) { part.part.used = meta_data::SPUsed(styles); });
 }
 
-Product& Product::InGroupOf(std::string_view groupKey) {
-    return ChangeParts([groupKey](PartRecord& part) { part.groupKey = Key(groupKey); });
-}
-
-Product& Product::CountMark() {
-    return ChangeParts([](PartRecord& part) { part.isCountMark = true; });
-}
+Product& Product::InGroupOf(std::string_view groupKey) { return SetParts(&PartRecord::groupKey, Key(groupKey)); }
+Product& Product::CountMark() { return SetParts(&PartRecord::isCountMark, true); }
 
 Product& Product::Count(std::string_view embodiment, const std::wstring& count) {
     return ChangeParts([&](PartRecord& part) { part.counts.push_back({Key(embodiment), SharedText(count)}); });
@@ -259,50 +214,20 @@ Product& Product::CurrentEmbodiments(Keys keys) {
     return *this;
 }
 
-Product& Product::ActiveEmbodiment(std::string_view key) {
-    m_model.activeEmbodiment = Key(key);
-    return *this;
-}
-
-Product& Product::EmbodimentMode(bool on) {
-    m_model.embodimentMode = on;
-    return *this;
-}
-
-Product& Product::NoSectionRows() {
-    m_model.areSectionRowsShown = false;
-    return *this;
-}
-
-Product& Product::NoSectionIcons() {
-    m_model.usesSectionIcons = false;
-    return *this;
-}
-
-Product& Product::ReadOnly() {
-    m_model.isReadOnly = true;
-    return *this;
-}
-
-Product& Product::Simplified() {
-    m_model.isSimplified = true;
-    return *this;
-}
-
-Product& Product::MassOfParts() {
-    m_model.root.sumsPartMasses = true;
-    return *this;
-}
+Product& Product::ActiveEmbodiment(std::string_view key) { return Set(m_model.activeEmbodiment, Key(key)); }
+Product& Product::EmbodimentMode(bool on) { return Set(m_model.embodimentMode, on); }
+Product& Product::NoSectionRows() { return Set(m_model.areSectionRowsShown, false); }
+Product& Product::NoSectionIcons() { return Set(m_model.usesSectionIcons, false); }
+Product& Product::ReadOnly() { return Set(m_model.isReadOnly, true); }
+Product& Product::Simplified() { return Set(m_model.isSimplified, true); }
+Product& Product::MassOfParts() { return Set(m_model.root.sumsPartMasses, true); }
 
 Product& Product::RootValue(const std::wstring& path, SimplePropVal value) {
     m_model.root.properties.emplace_back(ProductProperties::GetPropId(path), PropValue(std::move(value)));
     return *this;
 }
 
-Product& Product::Style(platform::StyleRecord style) {
-    m_model.style = std::move(style);
-    return *this;
-}
+Product& Product::Style(platform::StyleRecord style) { return Set(m_model.style, std::move(style)); }
 
 Product& Product::StyleSections(const std::vector<std::pair<int, std::wstring>>& sections) {
     platform::StyleRecord style;
@@ -321,10 +246,7 @@ Product& Product::Columns(std::initializer_list<std::wstring> paths) {
     return *this;
 }
 
-Product& Product::ColumnSet(const std::string& key) {
-    m_model.columnSetKey = key;
-    return *this;
-}
+Product& Product::ColumnSet(const std::string& key) { return Set(m_model.columnSetKey, key); }
 
 Product& Product::Property(platform::PropertyRecord record) {
     m_model.properties.push_back(std::move(record));
@@ -342,15 +264,8 @@ Product& Product::UserProperty(unsigned long number, const std::wstring& caption
     return Property(std::move(record));
 }
 
-Product& Product::LastPropertyReadOnly() {
-    m_model.properties.back().isReadOnly = true;
-    return *this;
-}
-
-Product& Product::LastPropertyVariable() {
-    m_model.properties.back().isVariable = true;
-    return *this;
-}
+Product& Product::LastPropertyReadOnly() { return Set(m_model.properties.back().isReadOnly, true); }
+Product& Product::LastPropertyVariable() { return Set(m_model.properties.back().isVariable, true); }
 
 Product& Product::LastPropertyUnit(const std::wstring& code, double coefficient) {
     m_model.properties.back().unitCode = code;
@@ -359,8 +274,7 @@ Product& Product::LastPropertyUnit(const std::wstring& code, double coefficient)
 }
 
 Product& Product::LastPropertyList(std::vector<SimplePropVal> list) {
-    m_model.properties.back().list = std::move(list);
-    return *this;
+    return Set(m_model.properties.back().list, std::move(list));
 }
 
 } // namespace support

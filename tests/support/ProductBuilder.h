@@ -121,9 +121,16 @@ public:
 private:
     platform::ObjectRecord& CurrentObject() { return m_model.objects.back(); }
     Product& ObjectValue(const std::wstring& path, SimplePropVal value);
+    template <class Field, class Given>
+    Product& Set(Field& field, Given&& value) {
+        field = std::forward<Given>(value);
+        return *this;
+    }
     platform::OccurrenceRecord& AddUse(UniqueMetaObjectKey key);
     template <class Change>
     Product& ChangeParts(Change change);
+    template <class Field, class Given>
+    Product& SetParts(Field platform::PartRecord::*field, Given value);
     template <class Change>
     Product& ChangeUses(Change change);
 

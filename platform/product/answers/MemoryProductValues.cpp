@@ -28,17 +28,19 @@ std::optional<ValueHolder> FindOwnValue(const EditRules& rules, const PartEntry&
 PropertyReading MemoryProduct::ReadProperty(const UniqueMetaObjectKey& objectKey,
                                             const SharedText& propertyId) const {
     static const PropValue none;
-    const PartEntry* const part = m_state->index.Find(objectKey);
+    // Turned to this look once, and not for each question.
+    State& state = *m_state.operator->();
+    const PartEntry* const part = state.index.Find(objectKey);
     if (!part)
         return {};
-    const PropertyTraits& property = m_state->properties.Get(propertyId);
+    const PropertyTraits& property = state.properties.Get(propertyId);
     if (!part->isPlain)
         return IfProductTreeData::ReadProperty(objectKey, propertyId);
     PropertyReading reading;
-    reading.kept = ShownValues(m_state->index).Find(*part, property.number);
+    reading.kept = ShownValues(state.index).Find(*part, property.number);
     if (!reading.kept)
         reading.kept = &none;
-    reading.isReadOnly = m_state->model.isReadOnly || property.isReadOnly;
+    reading.isReadOnly = state.model.isReadOnly || property.isReadOnly;
     if (part->isUse && !property.belongsToObject)
         reading.bySource = true;
     return reading;
