@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QPointer>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -113,6 +114,26 @@ TEST_F(SourcesTest, ThatChangedWhileTheProductWasClosedAreNoticedWhenItIsOpened)
     Trigger(c_update);
     EXPECT_EQ(m_decisions->GetMessages().back().Str(), L"no such file");
     EXPECT_TRUE(Find("lamp").isValid());
+}
+
+TEST_F(SourcesTest, AreFollowedInEachViewOfTheProduct) {
+    const QPointer<desktop::MainWindow> second = m_window->OpenView();
+    const auto& other = *second->findChild<desktop::PanelTree*>();
+    Write(Car(3));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Action(c_update)->isEnabled(); }, 60000)) << "told to one, seen in all";
+    Trigger(c_update);
+    const auto wheels = [](const QAbstractItemModel& model) {
+        return model.match(model.index(0, 0), Qt::DisplayRole, "wheel", -1, Qt::MatchExactly | Qt::MatchRecursive)
+            .size();
+    };
+    EXPECT_EQ(wheels(*other.model()), 3);
+    Trigger("Undo");
+    EXPECT_EQ(wheels(*other.model()), 2);
+    EXPECT_TRUE(Action(c_update)->isEnabled());
+    second->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Trigger("Redo");
+    EXPECT_EQ(CountRows("wheel"), 3);
 }
 
 TEST_F(SourcesTest, WaitForAnOpenEditor) {
