@@ -6,6 +6,8 @@
 #include "platform/view/HostFrame.h"
 #include "sorting/StyleBasedProductTreeSorter.h"
 
+#include <algorithm>
+
 namespace {
 
 using bench::GetProduct;
@@ -75,5 +77,28 @@ void Restore(benchmark::State& state) {
     });
 }
 BENCHMARK(Restore)->Apply(bench::Sizes);
+
+// Of 1,000 objects that the document has selected, all over the tree.
+void SelectByDocument(benchmark::State& state) {
+    const auto product = GetProduct(GetSize(state));
+    const platform::HostFrame frame(product);
+    constexpr std::size_t count = 1'000;
+    std::vector<UniqueMetaObjectKey> keys;
+    const std::vector<platform::ObjectRecord>& objects = product->GetModel().objects;
+    const std::size_t step = std::max<std::size_t>(1, objects.size() / count);
+    for (std::size_t i = 0; i < objects.size() && keys.size() < count; i += step) {
+        const auto& uses = objects[i].occurrences;
+        keys.push_back(uses.empty() ? objects[i].key : uses.front().key);
+    }
+    product->SetSelectedKeys(keys);
+    Measure(state, [&] {
+        frame.GetTree().SetSelectionByDoc();
+        return 0;
+    });
+    if (frame.GetView().GetSelectedRows().size() < keys.size() / 2)
+        state.SkipWithError("the rows of the selected objects were not found");
+    product->SetSelectedKeys({});
+}
+BENCHMARK(SelectByDocument)->Apply(bench::Sizes);
 
 } // namespace

@@ -17,6 +17,7 @@ RATIOS = (
     ("refresh / QStandardItemModel written again", "ms", "Refresh", "StandardItemModelRewrite", 0.4),
     ("head edit over a tenth of the rows / refresh", "ms", "HeadEdit", "Refresh", 2.0),
     ("edit of one cell / refresh", "ms", "CellEdit", "Refresh", None),
+    ("1,000 rows selected by the document / refresh", "ms", "SelectByDocument", "Refresh", 0.1),
     ("memory of the panel / QStandardItemModel", "bytes", "FirstBuild", "StandardItemModelFill", 0.6),
 )
 
