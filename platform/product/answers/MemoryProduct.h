@@ -38,8 +38,8 @@ public:
 };
 
 struct Highlighting {
-    /// The part that was chosen, and the object that it is or is a use of: another look may know the
-    /// object alone.
+    /// The part that was chosen, and the object that it is or is a use of: another look may know
+    /// the object alone.
     UniqueMetaObjectKey key;
     UniqueMetaObjectKey object;
     SharedText name;
