@@ -92,6 +92,7 @@ TEST_F(ViewsTest, ShareValuesSelectionAndStepsAndNothingElse) {
     EXPECT_FALSE(m_first->IsAlone());
     m_first.reset();
     EXPECT_TRUE(m_second->IsAlone());
+    EXPECT_EQ(m_second->GetProduct().GetVisiblePropertyIds().size(), 1U) << "its columns stay when the other goes";
     EXPECT_TRUE(m_second->CanRedo()) << "the document lives as long as the last view";
     m_second->Redo();
     EXPECT_TRUE(m_second->IsModified());

@@ -68,15 +68,14 @@ void MemoryProduct::State::Exchange(Look& other) {
 }
 
 void MemoryProduct::State::TurnTo(Look& wanted) {
-    if (look) {
-        look->level = model.level;
-        Exchange(*look);
-    }
     // The first look is as the model is.
-    const bool isFirst = looks.size() == 1;
-    look = &wanted;
-    if (isFirst)
+    if (!look) {
+        look = &wanted;
         return;
+    }
+    look->level = model.level;
+    Exchange(*look);
+    look = &wanted;
     Exchange(wanted);
     if (wanted.level == model.level)
         return;
