@@ -22,7 +22,7 @@ void StringGroupCellImpl::Update() {
         ShowLink(shown, GetSourceIcon());
     else
         m_row->SetTextCell(GetColumnId(), GetRawText(text), shown, IsEditable(), false,
-                           GetSourceIcon(), nullptr);
+                           GetSourceIcon(), GetPopupMenu());
     SetShownText(text);
 }
 
@@ -32,6 +32,10 @@ TreeActionResult StringGroupCellImpl::OnValueEdited() {
         const SharedText text = m_value.to_wstring();
         m_row->SetCellText(GetColumnId(), GetRawText(text), FormatLabelForDisplay(text));
     });
+}
+
+MenuPtr StringGroupCellImpl::GetPopupMenu() {
+    return nullptr;
 }
 
 SharedText StringGroupCellImpl::GetRawText(const SharedText& text) const {

@@ -15,6 +15,8 @@ public:
     void InitEditor() override;
     void Update() override;
     TreeActionResult OnValueEdited() override;
+    /// The menu at the cell; null for none.
+    virtual MenuPtr GetPopupMenu();
 
 private:
     /// What the editor starts from when that text is shown.

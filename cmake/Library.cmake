@@ -6,25 +6,35 @@ set(productTreeSources
     columns/ColumnInfo.cpp
     columns/DocumentColumnsInfo.cpp
     columns/headers/CountHeader.cpp
+    columns/headers/DesignationHeader.cpp
+    columns/headers/DialogHeaders.cpp
     columns/headers/PlainHeaders.cpp
+    columns/headers/PopupHeaders.cpp
     columns/headers/ProductTreeHeaderImpl.cpp
+    columns/headers/RoughnessHeaders.cpp
 
     sorting/PartRuns.cpp
     sorting/SortSections.cpp
     sorting/StyleBasedProductTreeSorter.cpp
 
     cells/CellArena.cpp
+    cells/CellMenus.cpp
     cells/CountCells.cpp
     cells/GroupCellImpl.cpp
-    cells/MarkingCells.cpp
     cells/LinkCommands.cpp
+    cells/MarkingCells.cpp
+    cells/MaterialCells.cpp
+    cells/MaterialGroupCells.cpp
     cells/NameCells.cpp
     cells/NumberAwareLess.cpp
     cells/PlainCells.cpp
+    cells/PopupCells.cpp
     cells/ProductTreeCellImpl.cpp
+    cells/RoughnessCells.cpp
     cells/RowCommands.cpp
     cells/SectionAndPositionCells.cpp
     cells/TypedGroupCells.cpp
+    cells/UserPopups.cpp
 
     items/BilletItemImpl.cpp
     items/ColumnTable.cpp

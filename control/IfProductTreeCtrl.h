@@ -52,12 +52,15 @@ public:
     virtual void OnAggrIntoProductClicked(ProductTreeItemData& item) = 0;
     virtual void OnRegWithDescClicked(ProductTreeItemData& item) = 0;
     virtual void OnMarkingEdited(ProductTreeItemData& item) = 0;
+    /// The user wants to choose the document code of all selected rows.
+    virtual void OnDesignationCodeCommand() = 0;
     /// The user wants to choose the document code of the row's designation.
     virtual void OnEditDocCode(ProductTreeItemData& item) = 0;
     virtual void OnNameEdited(ProductTreeItemData& item) = 0;
     /// The user has clicked the link in the cell.
     virtual void OnCellHypertextActivated(ProductTreeItemData& item,
                                           const std::wstring& columnId) = 0;
+    /// The user has clicked a column's head that is a link (ITreeViewHeads::InitLinkHeader).
     virtual void OnHeaderClicked(const std::wstring& columnId) = 0;
     virtual void OnCellSourceIconClicked(ProductTreeItemData& item,
                                          const std::wstring& columnId) = 0;

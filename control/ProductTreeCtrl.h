@@ -31,6 +31,7 @@ namespace productTree {
 
 class IProductTreeSorter;
 class ProductTreeCellImpl;
+class DesignationHeaderImpl;
 class ProductTreeHeaderImpl;
 class ProductTreeItemImpl;
 struct ProductTreeRowInfo;
@@ -68,6 +69,7 @@ public:
     void OnAggrIntoProductClicked(ProductTreeItemData& item) override;
     void OnRegWithDescClicked(ProductTreeItemData& item) override;
     void OnMarkingEdited(ProductTreeItemData& item) override;
+    void OnDesignationCodeCommand() override;
     void OnEditDocCode(ProductTreeItemData& item) override;
     void OnNameEdited(ProductTreeItemData& item) override;
     void OnCellHypertextActivated(ProductTreeItemData& item, const std::wstring& columnId) override;
@@ -191,7 +193,7 @@ private:
     std::map<std::string, DocumentColumnsInfo> m_columns;
     std::map<std::string, AttributeColumns> m_attributeColumns;
     std::shared_ptr<ProductTreeHeaderImpl> m_nameHeader;
-    std::shared_ptr<ProductTreeHeaderImpl> m_designationHeader;
+    std::shared_ptr<DesignationHeaderImpl> m_designationHeader;
     /// Of the other shown columns, in shown order.
     std::vector<std::shared_ptr<ProductTreeHeaderImpl>> m_headers;
     // The menu that was opened last: for which rows and which column. Without a column there is

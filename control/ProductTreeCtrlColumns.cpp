@@ -2,6 +2,7 @@
 // shown column gets its head, and the view's list of columns follows.
 
 #include "columns/PropertyKeys.h"
+#include "columns/headers/DesignationHeader.h"
 #include "columns/headers/PlainHeaders.h"
 #include "control/ProductTreeCtrl.h"
 #include "host/ProductProperties.h"

@@ -2,7 +2,7 @@
 // frame: guarded against the echo of its own write, then applied.
 
 #include "columns/PropertyKeys.h"
-#include "columns/headers/ProductTreeHeaderImpl.h"
+#include "columns/headers/DesignationHeader.h"
 #include "control/Bracket.h"
 #include "control/EditFrame.h"
 #include "control/GrProductTreeWrapper.h"
@@ -102,6 +102,11 @@ void ProductTreeCtrl::OnItemPopupCommand(ProductTreeItemData& item, const std::w
         [&] { return impl ? impl->OnCellPopupCommand(columnId, command) : TreeActionResult(); });
 }
 
+void ProductTreeCtrl::OnDesignationCodeCommand() {
+    if (m_designationHeader)
+        RunEdit([&] { return m_designationHeader->EditDocCode(); });
+}
+
 void ProductTreeCtrl::OnEditDocCode(ProductTreeItemData& item) {
     const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
     bool isChanged = false;
@@ -197,9 +202,10 @@ bool ProductTreeCtrl::SelectRowById(const ProductTreeItemId& id, ITreeTableRow& 
 }
 
 ProductTreeHeaderImpl* ProductTreeCtrl::FindHeader(const std::wstring& columnId) const {
-    for (const auto* fixed : {&m_nameHeader, &m_designationHeader}) {
-        if (*fixed && (*fixed)->IsColumn(columnId))
-            return fixed->get();
+    for (ProductTreeHeaderImpl* const fixed :
+         {m_nameHeader.get(), static_cast<ProductTreeHeaderImpl*>(m_designationHeader.get())}) {
+        if (fixed && fixed->IsColumn(columnId))
+            return fixed;
     }
     const auto found = std::ranges::find_if(
         m_headers, [&](const auto& header) { return header->IsColumn(columnId); });

@@ -2,13 +2,20 @@
 
 #include "cells/CountCells.h"
 #include "cells/MarkingCells.h"
+#include "cells/MaterialCells.h"
+#include "cells/MaterialGroupCells.h"
 #include "cells/NameCells.h"
 #include "cells/PlainCells.h"
+#include "cells/PopupCells.h"
+#include "cells/RoughnessCells.h"
 #include "cells/SectionAndPositionCells.h"
 #include "cells/TypedGroupCells.h"
 #include "columns/PropertyKeys.h"
 #include "columns/headers/CountHeader.h"
+#include "columns/headers/DialogHeaders.h"
 #include "columns/headers/PlainHeaders.h"
+#include "columns/headers/PopupHeaders.h"
+#include "columns/headers/RoughnessHeaders.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/MakerMemory.h"
 #include "items/ProductTreeItemImpl.h"
@@ -39,26 +46,26 @@ CellPtr MakeGroup(const ColumnInfo& column, const CellOrigin& origin) {
 
 constexpr auto c_all = GroupMode::AllValues;
 constexpr auto c_common = GroupMode::CommonValue;
+constexpr auto c_own = GroupMode::NoValue;
 
 template <class Header>
 HeaderPtr MakeHead(const ColumnInfo& column, IfProductTreeData* data, const ModelPtr& model) {
     return std::make_shared<Header>(column, data, model);
 }
 
-// Such a column is a plain value only where the product has no records of materials.
-template <class Cell>
-CellPtr MakeSimplified(const ColumnInfo& column, const CellOrigin& origin) {
-    return origin.data->IsSimplifiedMode() ? Make<Cell>(column, origin) : nullptr;
+// Where the product has no records of materials, mass, density and material are plain values.
+template <CellMaker plain, CellMaker linked>
+CellPtr MakeMip(const ColumnInfo& column, const CellOrigin& origin) {
+    return origin.data->IsSimplifiedMode() ? plain(column, origin) : linked(column, origin);
 }
 
-template <class Header>
-HeaderPtr MakeSimplifiedHead(const ColumnInfo& column, IfProductTreeData* data,
-                             const ModelPtr& model) {
-    return data->IsSimplifiedMode() ? MakeHead<Header>(column, data, model) : nullptr;
+template <class Plain>
+HeaderPtr MakeMipHead(const ColumnInfo& column, IfProductTreeData* data, const ModelPtr& model) {
+    return data->IsSimplifiedMode() ? MakeHead<Plain>(column, data, model)
+                                    : MakeHead<MIPHeaderImpl>(column, data, model);
 }
 
-// A plain cell would let the user type what only an editor made for the column may write. Without a
-// cell there is no head.
+// Of what no class knows how to show.
 CellPtr NoCell(const ColumnInfo&, const CellOrigin&) {
     return nullptr;
 }
@@ -105,15 +112,24 @@ constexpr HeaderMaker headByType = nullptr;
 constexpr CellMaker textsOfAll   = MakeGroup<StringGroupCellImpl, c_all>;
 constexpr CellMaker commonText   = MakeGroup<StringGroupCellImpl, c_common>;
 constexpr CellMaker commonShown  = MakeGroup<DisabledGroupCellImpl, c_common>;
+constexpr CellMaker person       = Make<ParticipantCellImpl>;
+constexpr CellMaker samePerson   = Make<ParticipantGroupCellImpl>;
+constexpr HeaderMaker personHead = MakeHead<ParticipantHeaderImpl>;
+constexpr CellMaker mass         = MakeMip<Make<DoubleCellImpl>, Make<MassCellImpl>>;
+constexpr CellMaker masses       = MakeMip<MakeGroup<MassSimplifiedGroupCellImpl, c_own>, MakeGroup<MassGroupCellImpl, c_own>>;
+constexpr CellMaker density      = MakeMip<Make<DoubleCellImpl>, Make<DensityCellImpl>>;
+constexpr CellMaker sameDensity  = MakeMip<MakeGroup<DensitySimplifiedGroupCellImpl, c_common>, MakeGroup<DensityGroupCellImpl, c_common>>;
+constexpr CellMaker material     = MakeMip<Make<MaterialSimplifiedCellImpl>, Make<MaterialNameCellImpl>>;
+constexpr CellMaker sameMaterial = MakeMip<MakeGroup<MaterialSimplifiedGroupCellImpl, c_common>, MakeGroup<MipGroupCellImpl, c_common>>;
 
 const ColumnTableRow c_columns[] = {
 //   column                   cell of an object             cell of a group                head
     {keys::name,             Make<NameCellImpl>,           Make<NameGroupCellImpl>,       headByType},
     {keys::marking,          Make<MarkingCellImpl>,        Make<MarkingGroupCellImpl>,    headByType},
-    {keys::mass,             MakeSimplified<DoubleCellImpl>, NoCell,                      MakeSimplifiedHead<DoubleHeaderImpl>},
-    {keys::material,         NoCell,                       NoCell,                        NoHead},
-    {keys::materialDensity,  MakeSimplified<DoubleCellImpl>, NoCell,                      MakeSimplifiedHead<DoubleHeaderImpl>},
-    {keys::SPCSection,       Make<SPCSectionCellImpl>,     Make<SpcSectionGroupCellImpl>, MakeHead<FeatureTypeHeaderImpl>},
+    {keys::mass,             mass,                         masses,                        MakeMipHead<DoubleHeaderImpl>},
+    {keys::material,         material,                     sameMaterial,                  MakeMipHead<SimplifiedMaterialHeaderImpl>},
+    {keys::materialDensity,  density,                      sameDensity,                   MakeMipHead<DoubleHeaderImpl>},
+    {keys::SPCSection,       Make<SPCSectionCellImpl>,     Make<SpcSectionGroupCellImpl>, MakeHead<SpcSectionHeaderImpl>},
     {keys::note,             byType,                       textsOfAll,                    headByType},
     {keys::zone,             byType,                       textsOfAll,                    headByType},
     {keys::format,           byType,                       textsOfAll,                    headByType},
@@ -123,17 +139,17 @@ const ColumnTableRow c_columns[] = {
     {keys::author,           byType,                       commonText,                    headByType},
     {keys::organization,     byType,                       commonText,                    headByType},
     {keys::position,         Make<PosCellImpl>,            Make<PosGroupCellImpl>,        MakeHead<StringHeaderImpl>},
-    {keys::notSected,        NoCell,                       NoCell,                        NoHead},
-    {keys::stampAuthor,      NoCell,                       NoCell,                        NoHead},
-    {keys::checkedBy,        NoCell,                       NoCell,                        NoHead},
-    {keys::approvedBy,       NoCell,                       NoCell,                        NoHead},
-    {keys::mfgApprovedBy,    NoCell,                       NoCell,                        NoHead},
-    {keys::rateOfInspection, NoCell,                       NoCell,                        NoHead},
-    {keys::signer,           NoCell,                       NoCell,                        NoHead},
-    {keys::revisionLetter,   NoCell,                       NoCell,                        NoHead},
+    {keys::notSected,        Make<NotSectedCellImpl>,      Make<NotSectedGroupCellImpl>,  MakeHead<NotSectedHeaderImpl>},
+    {keys::stampAuthor,      person,                       samePerson,                    personHead},
+    {keys::checkedBy,        person,                       samePerson,                    personHead},
+    {keys::approvedBy,       person,                       samePerson,                    personHead},
+    {keys::mfgApprovedBy,    person,                       samePerson,                    personHead},
+    {keys::rateOfInspection, person,                       samePerson,                    personHead},
+    {keys::signer,           person,                       samePerson,                    personHead},
+    {keys::revisionLetter,   Make<LiteraCellImpl>,         Make<LiteraGroupCellImpl>,     MakeHead<LiteraHeaderImpl>},
     {keys::featureType,      Make<FeatureTypeCellImpl>,    commonShown,                   MakeHead<FeatureTypeHeaderImpl>},
-    {keys::specRoughSign,    NoCell,                       commonShown,                   NoHead},
-    {keys::specRoughValue,   NoCell,                       commonShown,                   NoHead},
+    {keys::specRoughSign,    Make<RoughSignCellImpl>,      commonShown,                   MakeHead<RoughSignHeaderImpl>},
+    {keys::specRoughValue,   Make<RoughValueCellImpl>,     commonShown,                   MakeHead<RoughValueHeaderImpl>},
     {keys::count,            MakeCount,                    MakeGroupCount,                MakeHead<CountHeaderImpl>},
 };
 

@@ -54,11 +54,17 @@ void ListHeaderImpl::InitEditor() {
 }
 
 TreeActionResult ListHeaderImpl::OnValueEdited() {
-    const std::list<SimplePropVal>& list = m_column.GetStoredList();
-    const int index = m_model->GetHeaderListIndex(GetColumnId());
-    if (index < 0 || static_cast<std::size_t>(index) >= list.size())
+    const std::optional<int> place = FindChosenPlace();
+    if (!place)
         return {};
-    return ApplyValueToSelection(PropValue(*std::next(list.begin(), index)));
+    return ApplyValueToSelection(PropValue(*std::next(m_column.GetStoredList().begin(), *place)));
+}
+
+std::optional<int> ListHeaderImpl::FindChosenPlace() const {
+    const int place = m_model->GetHeaderListIndex(GetColumnId());
+    const bool isThere =
+        place >= 0 && static_cast<std::size_t>(place) < m_column.GetStoredList().size();
+    return isThere ? std::optional(place) : std::nullopt;
 }
 
 void FeatureTypeHeaderImpl::InitEditor() {
@@ -79,14 +85,6 @@ TreeActionResult NameHeaderImpl::OnValueEdited() {
     if (result.action != TreeActionResult::Nothing)
         result.action = TreeActionResult::Synchronise;
     return result;
-}
-
-void DesignationHeaderImpl::InitEditor() {
-    m_model->InitDesignationHeader(m_column);
-}
-
-TreeActionResult DesignationHeaderImpl::OnValueEdited() {
-    return {};
 }
 
 } // namespace productTree

@@ -1,5 +1,5 @@
-// Heads that know nothing of the meaning of their column: one for the name, one for the
-// designation, one for each type of value, one for the kind of an object.
+// Heads that know nothing of the meaning of their column: one for the name, one for each type of
+// value, one for the kind of an object.
 #pragma once
 
 #include "columns/headers/ProductTreeHeaderImpl.h"
@@ -49,10 +49,13 @@ public:
 
     void InitEditor() override;
     TreeActionResult OnValueEdited() override;
+
+protected:
+    /// The place that is chosen in the head; no value for none of the list.
+    std::optional<int> FindChosenPlace() const;
 };
 
-/// The kind of an object can't be chosen, and a section not for several rows: the head shows its
-/// caption.
+/// The kind of an object can't be chosen: the head shows its caption.
 class FeatureTypeHeaderImpl final : public ProductTreeHeaderImpl {
 public:
     using ProductTreeHeaderImpl::ProductTreeHeaderImpl;
@@ -67,15 +70,6 @@ public:
 
     void InitEditor() override;
     /// Changed names build the rows anew: they are sorted and grouped by them.
-    TreeActionResult OnValueEdited() override;
-};
-
-/// The head of the designations, which are edited row by row.
-class DesignationHeaderImpl final : public ProductTreeHeaderImpl {
-public:
-    using ProductTreeHeaderImpl::ProductTreeHeaderImpl;
-
-    void InitEditor() override;
     TreeActionResult OnValueEdited() override;
 };
 

@@ -36,21 +36,27 @@ TreeActionResult ProductTreeHeaderImpl::OnPopupCommand(int) {
     return {};
 }
 
-TreeActionResult ProductTreeHeaderImpl::ApplyValueToSelection(const PropValue& value) {
-    TreeActionResult result;
-    ProductInfObjChangesResult changes;
+void ProductTreeHeaderImpl::ForEachRowToApply(const RowCallback& callback) const {
     const std::vector<TreeRowPtr> rows = m_model->GetSelectedRows();
     const auto ids = GetIds(rows);
     const RowIdIndex selected(ids);
     for (const TreeRowPtr& row : rows) {
-        const ProductTreeItemImpl* const item = FindItemOfRow(*row);
+        ProductTreeItemImpl* const item = FindItemOfRow(*row);
         ProductTreeCellImpl* const cell = item ? item->FindCell(m_column.GetId()) : nullptr;
-        if (!cell || !IsRowToApply(*row, selected))
-            continue;
-        result.item = item->GetId();
-        if (cell->IsEditable())
-            MergeChanges(changes, cell->MakeChanges(value, std::nullopt));
+        if (cell && IsRowToApply(*row, selected) && !callback(*item, *cell))
+            return;
     }
+}
+
+TreeActionResult ProductTreeHeaderImpl::ApplyValueToSelection(const PropValue& value) {
+    TreeActionResult result;
+    ProductInfObjChangesResult changes;
+    ForEachRowToApply([&](const ProductTreeItemImpl& item, ProductTreeCellImpl& cell) {
+        result.item = item.GetId();
+        if (cell.IsEditable())
+            MergeChanges(changes, cell.MakeChanges(value, std::nullopt));
+        return true;
+    });
     m_data->CommitChanges(changes);
     if (changes.IsExistsChanges())
         result.action = TreeActionResult::ValuesChanged;

@@ -8,12 +8,15 @@
 #include "host/PropValue.h"
 #include "host/view/ITreeTableModel.h"
 
+#include <functional>
 #include <string>
 
 class IfProductTreeData;
 
 namespace productTree {
 
+class ProductTreeCellImpl;
+class ProductTreeItemImpl;
 class RowIdIndex;
 
 class ProductTreeHeaderImpl {
@@ -42,6 +45,10 @@ public:
     static bool IsRowToApply(const ITreeTableRow& row, const RowIdIndex& selected);
 
 protected:
+    /// Each selected row in turn that has a cell in the column and takes part, until `callback`
+    /// answers false.
+    using RowCallback = std::function<bool(ProductTreeItemImpl&, ProductTreeCellImpl&)>;
+    void ForEachRowToApply(const RowCallback& callback) const;
     const SharedText& GetColumnId() const { return m_column.GetSharedId(); }
 
     ColumnInfo m_column;

@@ -222,7 +222,7 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return head.kind == HeadKind::Name ? m_icons.Get(row.GetIcon()) : QVariant();
     case Qt::FontRole:
-        return row.HasSectionName() && head.kind == HeadKind::Name ? SectionFont() : QVariant();
+        return row.IsSectionNameStyle() && head.kind == HeadKind::Name ? SectionFont() : QVariant();
     case Qt::TextAlignmentRole:
         return QVariant(AlignmentOf(head));
     default:

@@ -143,8 +143,42 @@ public:
     virtual void
     TransmitToSource(const std::wstring& columnId,
                      const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) = 0;
-    /// Mass, density and material are plain values without a link to a material's record.
+};
+
+/// On what road the user has come to the dialog of mass, density and material.
+enum class MipSource : int {
+    /// A click on a link or on the head of a column.
+    Link = 0,
+    /// He wants to choose a material from the book of them.
+    FromBook = 1,
+    /// He wants to take the material away.
+    TakeAway = 2,
+};
+
+/// What is particular about mass, density and material. Their cells are links that lead to one
+/// dialog, or plain values.
+class IProductDataMaterials {
+public:
+    virtual ~IProductDataMaterials() = default;
+
+    /// They are plain values without a link to a material's record, and are typed.
     virtual bool IsSimplifiedMode() const = 0;
+    /// Lets the user choose mass, density and material of all these objects, which may be none and
+    /// may be read-only, and applies what he has chosen in one step. A key may stand there twice.
+    /// True when anything was changed.
+    virtual bool EditMip(const std::vector<UniqueMetaObjectKey>& keys, MipSource source) = 0;
+};
+
+/// What is particular about the roughness of a surface: "specRoughSign" is the place of a sign in
+/// the list of its property, "specRoughValue" a text.
+class IProductDataRoughness {
+public:
+    virtual ~IProductDataRoughness() = default;
+
+    /// Lets the user choose both in a dialog and adds what he has chosen to `changes`, which is
+    /// empty and may stay so; it changes nothing by itself. True when he has confirmed.
+    virtual bool EditRoughSign(const UniqueMetaObjectKey& key,
+                               ProductInfObjChangesResult& changes) = 0;
 };
 
 /// What is particular about designations.
@@ -422,6 +456,8 @@ class IfProductTreeData : public IProductDataRefresh,
                           public IProductDataStructure,
                           public IProductDataColumns,
                           public IProductDataValues,
+                          public IProductDataMaterials,
+                          public IProductDataRoughness,
                           public IProductDataMarking,
                           public IProductDataSections,
                           public IProductDataHypertext,

@@ -58,7 +58,13 @@ public:
     }
     void TransmitToSource(const std::wstring&,
                           const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>&) override {}
+
+    // There is no dialog of materials, and none of roughness.
     bool IsSimplifiedMode() const override { return true; }
+    bool EditMip(const std::vector<UniqueMetaObjectKey>&, MipSource) override { return false; }
+    bool EditRoughSign(const UniqueMetaObjectKey&, ProductInfObjChangesResult&) override {
+        return false;
+    }
 
     std::set<int> GetLockedMarkingParts(const UniqueMetaObjectKey&) const override { return {}; }
     bool IsMarkingChangeAllowed(const UniqueMetaObjectKey&, const PropValue&) const override {

@@ -3,6 +3,7 @@
 
 #include "host/RcBase.h"
 #include "host/SharedText.h"
+#include "host/view/IMenuItems.h"
 
 #include <cstdint>
 #include <vector>
@@ -60,6 +61,11 @@ public:
     virtual IGuiWindow* GetMainWindow() = 0;
     /// Null when no menu can be shown.
     virtual IPopupMenuTracker* GetPopupMenuTracker() { return nullptr; }
+    /// A new menu without entries, of which the library keeps some for as long as it is loaded.
+    /// `itemId` is the host's number of the menu; c_noMenuItem for one that has none. Null when
+    /// cells and heads can have no menus.
+    virtual boost::intrusive_ptr<IMenuItems> CreateMenu(int /*itemId*/) { return nullptr; }
+    static constexpr int c_noMenuItem = -1;
     /// Null when the application does nothing with documents.
     virtual IItApplication* GetItApplication() { return nullptr; }
 };

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/EventsBus.h"
+#include "host/MenuAction.h"
 #include "host/ResourceModule.h"
 #include "host/SharedText.h"
 
@@ -17,21 +18,6 @@ using SArray = std::vector<T>;
 
 /// The number of a resource in its module.
 using TResId = unsigned;
-
-/// What choosing an item sends.
-struct MenuAction {
-    /// That of a command: the receiver's OnCommand gets `first`, with the code 0. No other is sent.
-    static constexpr unsigned c_command = 273;
-
-    unsigned message = 0;
-    std::uint32_t first = 0;
-    std::uint32_t second = 0;
-    /// Who has asked for the menu, for the host's own use.
-    std::wstring source;
-    bool isQueued = false;
-    /// Not owned. It may be gone when the item is chosen: nothing is sent then.
-    LEventsHandler* target = nullptr;
-};
 
 class IContextMenuItem {
 public:
@@ -69,9 +55,9 @@ bool RunMenuAction(const MenuAction& action);
 void GetPopupMenuCommandArray(TResId menu, SArray<int>& commands,
                               const ResourceModuleHandle& module);
 
-/// Builds the menu without the commands of `removed`, which may be null, calls `prepare` with it and
-/// shows it. 0 when it was not shown: there is no such resource, nothing is left of it, or nobody
-/// shows menus.
+/// Builds the menu without the commands of `removed`, which may be null, calls `prepare` with it
+/// and shows it. 0 when it was not shown: there is no such resource, nothing is left of it, or
+/// nobody shows menus.
 int CreateAndTrackPopupMenu(TResId menu, const ResourceModuleHandle& module,
                             const std::function<void(IContextMenuModel*, TResId)>& prepare,
                             const SArray<unsigned>* removed);

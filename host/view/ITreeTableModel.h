@@ -82,6 +82,18 @@ public:
     virtual void SetColumnMark(const std::wstring& columnId, bool marked) = 0;
 };
 
+/// What the user has left in the parts of the designation's head. All selected rows get the
+/// designation that it makes: a part without a value is none, be it empty or not touched.
+struct HeaderMarkingParts {
+    std::optional<std::wstring> base = {};
+    std::optional<std::wstring> embodimentNum = {};
+    std::optional<std::wstring> additionalNum = {};
+    std::optional<std::wstring> code = {};
+    std::optional<wchar_t> embodimentNumDelim = {};
+    std::optional<wchar_t> additionalNumDelim = {};
+    std::optional<wchar_t> codeDelim = {};
+};
+
 /// The heads of the columns, each with an editor that gives all selected rows one value. Each
 /// Init... makes the head of one column behind those already there; the view reads from the column
 /// its id, caption, width, type, limits and list, and may keep a copy. The Get... operations answer
@@ -106,8 +118,11 @@ public:
     virtual void InitDoubleHeader(const productTree::ColumnInfo& column) = 0;
     virtual void InitListHeader(const productTree::ColumnInfo& column) = 0;
     virtual void InitBoolHeader(const productTree::ColumnInfo& column) = 0;
+    /// A head that can only be clicked: IfProductTreeCtrl::OnHeaderClicked.
+    virtual void InitLinkHeader(const productTree::ColumnInfo& column) = 0;
 
     virtual SharedText GetHeaderName() const = 0;
+    virtual HeaderMarkingParts GetHeaderMarking() const = 0;
     virtual SharedText GetHeaderText(const SharedText& columnId) const = 0;
     /// No value for an editor that the user has emptied or not touched, as in the next two.
     virtual std::optional<int> GetHeaderInt(const SharedText& columnId) const = 0;

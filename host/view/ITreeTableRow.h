@@ -198,6 +198,8 @@ public:
     virtual SharedText GetNameIcon() const = 0;
     /// Section rows show the name, and the row, in a style of their own.
     virtual void SetSectionNameStyle(bool section) = 0;
+    /// The style that was set last; false at first.
+    virtual bool IsSectionNameStyle() const = 0;
     virtual void SetSectionRowStyle(bool section) = 0;
 };
 

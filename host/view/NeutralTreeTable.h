@@ -67,6 +67,7 @@ public:
     void SetNameIcon(const SharedText&) override {}
     SharedText GetNameIcon() const override { return {}; }
     void SetSectionNameStyle(bool) override {}
+    bool IsSectionNameStyle() const override { return false; }
     void SetSectionRowStyle(bool) override {}
 
     void SetIcon(int, const SharedText&) override {}
@@ -126,7 +127,9 @@ public:
     void InitDoubleHeader(const productTree::ColumnInfo&) override {}
     void InitListHeader(const productTree::ColumnInfo&) override {}
     void InitBoolHeader(const productTree::ColumnInfo&) override {}
+    void InitLinkHeader(const productTree::ColumnInfo&) override {}
     SharedText GetHeaderName() const override { return {}; }
+    HeaderMarkingParts GetHeaderMarking() const override { return {}; }
     SharedText GetHeaderText(const SharedText&) const override { return {}; }
     std::optional<int> GetHeaderInt(const SharedText&) const override { return std::nullopt; }
     std::optional<double> GetHeaderDouble(const SharedText&) const override { return std::nullopt; }

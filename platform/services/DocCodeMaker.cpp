@@ -31,7 +31,9 @@ void TeDocCodeMaker::SetDocCode(SharedText& text, bool withDelimiter, bool onlyC
         marking.Parse(text);
     const std::optional<SharedText> code =
         decisions->EnterText(MakeRequest(marking, marking.GetCode()));
-    if (!code || *code == marking.GetCode())
+    // For several designations at once even no code is a choice.
+    const bool isForSeveral = !onlyCode && text.IsEmpty();
+    if (!code || (*code == marking.GetCode() && !isForSeveral))
         return;
     if (onlyCode) {
         text = *code;

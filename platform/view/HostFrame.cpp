@@ -5,6 +5,7 @@
 #include "host/frame/GuiApp.h"
 #include "host/frame/IfTreeManager.h"
 #include "platform/services/DecisionsQuestionBox.h"
+#include "platform/view/MemoryMenu.h"
 
 #include <optional>
 #include <stdexcept>
@@ -77,6 +78,7 @@ public:
     /// The decisions know in front of which window they ask.
     IGuiWindow* GetMainWindow() override { return nullptr; }
     IPopupMenuTracker* GetPopupMenuTracker() override { return m_menus; }
+    boost::intrusive_ptr<IMenuItems> CreateMenu(int) override { return new MemoryMenu; }
 
     void SetDecisions(IUserDecisions* decisions) {
         m_questions.reset();

@@ -12,9 +12,12 @@ public:
     void AddEntry(const MenuEntry& entry) override { m_entries.push_back(entry); }
     std::size_t GetEntryCount() const override { return m_entries.size(); }
     MenuEntry GetEntry(std::size_t place) const override { return m_entries[place]; }
+    void SetAction(std::size_t place, const MenuAction& action) override {
+        m_entries[place].action = action;
+    }
     void SetChecked(int command, bool isChecked) override {
         for (MenuEntry& entry : m_entries) {
-            if (entry.command == command)
+            if (entry.GetCommand() == command)
                 entry.isChecked = isChecked;
         }
     }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace platform {
@@ -14,7 +15,28 @@ bool IsFixed(HeadKind kind) {
     return kind == HeadKind::Name || kind == HeadKind::Designation;
 }
 
+// Some heads make their menu anew with each build.
+bool OfferTheSame(const IMenuItems* a, const IMenuItems* b) {
+    if (a == b || !a || !b)
+        return a == b;
+    if (a->GetEntryCount() != b->GetEntryCount())
+        return false;
+    for (std::size_t place = 0; place < a->GetEntryCount(); ++place) {
+        if (a->GetEntry(place) != b->GetEntry(place))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
+
+bool operator==(const ColumnHead& a, const ColumnHead& b) {
+    const auto rest = [](const ColumnHead& head) {
+        return std::tie(head.id, head.caption, head.width, head.kind, head.min, head.max, head.list,
+                        head.text, head.tag, head.isActive);
+    };
+    return rest(a) == rest(b) && OfferTheSame(a.popup.get(), b.popup.get());
+}
 
 bool ColumnHead::Accepts(const CellInput& input) const {
     if (!IsEditable())
@@ -22,6 +44,7 @@ bool ColumnHead::Accepts(const CellInput& input) const {
     const bool isEmptied = std::holds_alternative<std::monostate>(input);
     switch (kind) {
     case HeadKind::Designation:
+    case HeadKind::Link:
         return false;
     case HeadKind::Name:
     case HeadKind::Text:

@@ -19,7 +19,7 @@ class ColumnInfo;
 namespace platform {
 
 /// What a head offers for editing many rows at once. Name and designation stand first and stay.
-enum class HeadKind { Name, Designation, Text, Int, Double, List, Bool, Count };
+enum class HeadKind { Name, Designation, Text, Int, Double, List, Bool, Link, Count };
 
 struct ColumnHead {
     std::wstring id;
@@ -44,11 +44,13 @@ struct ColumnHead {
     /// Numbers stand at the right of their column.
     bool IsNumeric() const { return kind == HeadKind::Int || kind == HeadKind::Double; }
     bool HasLimits() const { return min != 0 || max != 0; }
-    /// Whether the user is offered an editor. Embodiments are counted row by row.
-    bool IsEditable() const { return kind != HeadKind::Designation && tag.empty(); }
+    /// Whether the user is offered an editor. Embodiments are counted row by row, and links lead
+    /// to a dialog.
+    bool IsEditable() const { return kind != HeadKind::Link && tag.empty(); }
     /// Whether a user can leave that in the head's editor. Numbers and truth values may be emptied.
+    /// The parts of a designation are no such input.
     bool Accepts(const CellInput& input) const;
-    friend bool operator==(const ColumnHead&, const ColumnHead&) = default;
+    friend bool operator==(const ColumnHead& a, const ColumnHead& b);
 };
 
 /// An entry of the list of properties that the user could show.

@@ -105,6 +105,7 @@ public:
     void SetNameIcon(const SharedText& name) override { ChangeName(m_nameIcon, name); }
     SharedText GetNameIcon() const override { return m_hub->NameOf(m_nameIcon); }
     void SetSectionNameStyle(bool section) override { SetFlag(Flag::SectionName, section); }
+    bool IsSectionNameStyle() const override { return HasFlag(Flag::SectionName); }
     void SetSectionRowStyle(bool section) override { SetFlag(Flag::SectionRow, section); }
 
     void SetIcon(int icon, const SharedText& tip) override;
@@ -142,7 +143,6 @@ public:
     bool IsNameHypertext() const { return HasFlag(Flag::NameHypertext); }
     int GetNameLinkStyle() const { return m_nameLinkStyle; }
     bool IsSection() const { return HasFlag(Flag::SectionRow); }
-    bool HasSectionName() const { return HasFlag(Flag::SectionName); }
     bool IsSelected() const { return m_selectionPlace != c_noPlace; }
     /// The row and all below it let go of what the library keeps at them. What it keeps there holds
     /// the row in turn, so that a row which leaves the tree would stay for ever.

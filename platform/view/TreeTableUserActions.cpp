@@ -38,6 +38,7 @@ public:
     ~ControlCall() {
         m_view->m_isInControl = false;
         m_view->m_headInput = nullptr;
+        m_view->m_headMarking = nullptr;
     }
     ControlCall(const ControlCall&) = delete;
     ControlCall& operator=(const ControlCall&) = delete;
@@ -141,6 +142,12 @@ bool TreeTableView::EditDocCodeByUser(TreeTableRow& row) {
     return CallControl(row, [](IfProductTreeCtrl& control, ProductTreeItemData& data) {
         control.OnEditDocCode(data);
     });
+}
+
+bool TreeTableView::EditDocCodesByUser() {
+    if (!CanCallControl() || m_panel.isReadOnly || !FindHead(HeadKind::Designation))
+        return false;
+    return CallControl([](IfProductTreeCtrl& control) { control.OnDesignationCodeCommand(); });
 }
 
 bool TreeTableView::ClickSourceIconByUser(TreeTableRow& row, const std::wstring& columnId) {
@@ -281,8 +288,22 @@ bool TreeTableView::EditHeadByUser(const std::wstring& columnId, const CellInput
     });
 }
 
+bool TreeTableView::EditMarkingHeadByUser(const HeaderMarkingParts& parts) {
+    const ColumnHead* const head = FindHead(HeadKind::Designation);
+    const bool isAnyThere = parts.base || parts.embodimentNum || parts.additionalNum ||
+                            parts.code || parts.embodimentNumDelim || parts.additionalNumDelim ||
+                            parts.codeDelim;
+    if (!CanCallControl() || m_panel.isReadOnly || !head || !isAnyThere)
+        return false;
+    return CallControl([&, id = head->id](IfProductTreeCtrl& control) {
+        m_headMarking = &parts;
+        control.OnHeaderEdited(id);
+    });
+}
+
 bool TreeTableView::ClickHeadByUser(const std::wstring& columnId) {
-    if (!CanCallControl() || !m_heads.Find(columnId))
+    const ColumnHead* const head = m_heads.Find(columnId);
+    if (!CanCallControl() || !head || head->kind != HeadKind::Link)
         return false;
     return CallControl(
         [id = columnId](IfProductTreeCtrl& control) { control.OnHeaderClicked(id); });
@@ -326,11 +347,19 @@ std::optional<Value> TreeTableView::GetHeadInput(const std::wstring& columnId) c
     return value ? std::optional(*value) : std::nullopt;
 }
 
-SharedText TreeTableView::GetHeaderName() const {
+const ColumnHead* TreeTableView::FindHead(HeadKind kind) const {
     const auto& heads = m_heads.GetHeads();
-    const bool hasName = !heads.empty() && heads.front().kind == HeadKind::Name;
-    return hasName ? GetHeadInput<SharedText>(heads.front().id).value_or(SharedText())
-                   : SharedText();
+    const auto head = std::ranges::find(heads, kind, &ColumnHead::kind);
+    return head == heads.end() ? nullptr : &*head;
+}
+
+SharedText TreeTableView::GetHeaderName() const {
+    const ColumnHead* const name = FindHead(HeadKind::Name);
+    return name ? GetHeadInput<SharedText>(name->id).value_or(SharedText()) : SharedText();
+}
+
+HeaderMarkingParts TreeTableView::GetHeaderMarking() const {
+    return m_headMarking ? *m_headMarking : HeaderMarkingParts();
 }
 
 SharedText TreeTableView::GetHeaderText(const SharedText& columnId) const {

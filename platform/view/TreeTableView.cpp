@@ -199,6 +199,10 @@ void TreeTableView::InitBoolHeader(const productTree::ColumnInfo& column) {
     InitHead(column, HeadKind::Bool);
 }
 
+void TreeTableView::InitLinkHeader(const productTree::ColumnInfo& column) {
+    InitHead(column, HeadKind::Link);
+}
+
 AttributeColumn TreeTableView::GetAttributeColumn(int id) const {
     const auto column = m_attributeColumns.find(id);
     return column == m_attributeColumns.end() ? AttributeColumn{} : column->second;

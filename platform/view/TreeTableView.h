@@ -106,7 +106,9 @@ public:
     void InitDoubleHeader(const productTree::ColumnInfo& column) override;
     void InitListHeader(const productTree::ColumnInfo& column) override;
     void InitBoolHeader(const productTree::ColumnInfo& column) override;
+    void InitLinkHeader(const productTree::ColumnInfo& column) override;
     SharedText GetHeaderName() const override;
+    HeaderMarkingParts GetHeaderMarking() const override;
     SharedText GetHeaderText(const SharedText& columnId) const override;
     std::optional<int> GetHeaderInt(const SharedText& columnId) const override;
     std::optional<double> GetHeaderDouble(const SharedText& columnId) const override;
@@ -187,6 +189,8 @@ public:
     bool EditMarkingByUser(TreeTableRow& row, const MarkingParts& parts);
     /// Opens the host's editor of document codes.
     bool EditDocCodeByUser(TreeTableRow& row);
+    /// The same for the designations of all selected rows.
+    bool EditDocCodesByUser();
     /// The column may be that of the name or the designation, too; so with a link.
     bool ClickSourceIconByUser(TreeTableRow& row, const std::wstring& columnId);
     /// Also in a read-only row.
@@ -212,6 +216,8 @@ public:
     /// The line of that text.
     bool CheckEmbodimentsByUser(const std::wstring& text, bool checked);
     bool EditHeadByUser(const std::wstring& columnId, const CellInput& input);
+    /// In the head of the designations. At least one part must have a value.
+    bool EditMarkingHeadByUser(const HeaderMarkingParts& parts);
     bool ClickHeadByUser(const std::wstring& columnId);
     bool HeadPopupCommandByUser(const std::wstring& columnId, int command);
     /// `place` is one among all heads. The front end is told of the heads as they are afterwards.
@@ -247,6 +253,7 @@ private:
     /// `call` gets the control and the row's data.
     template <class Call>
     bool CallControl(TreeTableRow& row, const Call& call);
+    const ColumnHead* FindHead(HeadKind kind) const;
     template <class Value>
     std::optional<Value> GetHeadInput(const std::wstring& columnId) const;
 
@@ -263,6 +270,7 @@ private:
                                                       {AttributeColumnRegWithDesc, {}}};
     /// What the user has left in a head, while the control looks at it.
     const HeadInput* m_headInput = nullptr;
+    const HeaderMarkingParts* m_headMarking = nullptr;
     bool m_isInControl = false;
     /// Whether it is enabled and whether it is shown; no value: nothing was said.
     struct CommandState {

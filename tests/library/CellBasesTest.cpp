@@ -41,13 +41,13 @@ TEST(CellBases, LetDerivedCellsHaveTheirIconMenuAndMode) {
     platform::TreeTableRow& groupRow = panel.View().GetRoot()->GetChildRow(0);
     platform::TreeTableRow& row = groupRow.GetChildRow(0);
     OwnCell cell(panel.data.get(), &row, column, support::Key("a#1"));
-    cell.menu->AddEntry({L"Choose", 7, false});
+    cell.menu->AddEntry({L"Choose", {MenuAction::c_command, 7}, false});
     cell.menu->SetChecked(7, true);
     cell.Update();
     const platform::TreeCell& shown = *row.FindCell(L"comment");
     EXPECT_EQ(row.GetIconOf(shown).Str(), L"OWN");
     ASSERT_EQ(shown.GetPopup()->GetEntryCount(), 1u);
-    EXPECT_EQ(shown.GetPopup()->GetEntry(0), (MenuEntry{L"Choose", 7, true}));
+    EXPECT_EQ(shown.GetPopup()->GetEntry(0), (MenuEntry{L"Choose", {MenuAction::c_command, 7}, true}));
 
     SwitchingGroup group(panel.data.get(), &groupRow, column, productTree::GroupMode::NoValue, support::Key("a"));
     group.Update();

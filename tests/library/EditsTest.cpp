@@ -437,6 +437,28 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
          }},
         {"a click on a head", [&](auto& view) { view.GetControl()->OnHeaderClicked(c_column); }},
         {"a menu of a head", [&](auto& view) { view.GetControl()->OnHeaderPopupCommand(c_column, 1); }},
+        {"a mass", [&](auto& view) { view.ClickLinkByUser(first(view), L"mass"); }},
+        {"a roughness", [&](auto& view) { view.PopupCommandByUser(first(view), L"specRoughValue", 7761); }},
+        {"the head of masses",
+         [&](auto& view) {
+             selectTwo(view);
+             view.ClickHeadByUser(L"mass");
+         }},
+        {"the head of sections",
+         [&](auto& view) {
+             selectTwo(view);
+             view.ClickHeadByUser(L"SPCSection");
+         }},
+        {"the head of designations",
+         [&](auto& view) {
+             selectTwo(view);
+             view.EditMarkingHeadByUser({.base = L"x"});
+         }},
+        {"document codes",
+         [&](auto& view) {
+             selectTwo(view);
+             view.EditDocCodesByUser();
+         }},
         {"columns", [&](auto& view) { view.GetControl()->OnColumnsChanged(); }},
         {"visible columns",
          [&](auto& view) {
@@ -449,9 +471,13 @@ TEST(Control, AHostThatThrowsInTheMiddleOfAnyOperationLeavesThePanelAlive) {
         for (std::size_t n = 1; isThrowing; ++n) {
             ASSERT_LT(n, 10'000U);
             auto data = std::make_shared<RecordingProductData>(
-                ThreeParts().Columns({c_column, L"position", L"SPCSection", L"count"}));
+                ThreeParts().Columns({c_column, L"position", L"SPCSection", L"count", L"mass", L"specRoughValue"}));
+            data->chooseMaterial = [](const auto&, MipSource) { return true; };
+            data->chooseRoughness = [](const auto&, auto&) { return true; };
             platform::ScriptedDecisions decisions;
+            const platform::UserDecisionsSlot slot(decisions);
             decisions.ChooseNextSection(platform::SectionDecision{4, false});
+            decisions.EnterNext(SharedText(L"E3"));
             data->Product().SetDecisions(&decisions);
             const platform::HostFrame frame(data);
             data->ThrowAt(n);

@@ -48,7 +48,7 @@ TEST(Rows, ARowThatIsUsedAgainShowsNothingOfWhatItWas) {
     panel.Change([](ProductModel& model) { model.areSectionRowsShown = false; });
     EXPECT_EQ(panel.Dump({.designations = true}), "r [a {AB.1-02.7 AD}]");
     EXPECT_FALSE(FirstRow(panel).IsSection());
-    EXPECT_FALSE(FirstRow(panel).HasSectionName());
+    EXPECT_FALSE(FirstRow(panel).IsSectionNameStyle());
 }
 
 TEST(Rows, AGroupShowsWhatItsMembersShare) {

@@ -3,12 +3,19 @@
 
 #include "cells/CountCells.h"
 #include "cells/MarkingCells.h"
+#include "cells/MaterialCells.h"
+#include "cells/MaterialGroupCells.h"
 #include "cells/NameCells.h"
 #include "cells/PlainCells.h"
+#include "cells/PopupCells.h"
+#include "cells/RoughnessCells.h"
 #include "cells/SectionAndPositionCells.h"
 #include "cells/TypedGroupCells.h"
 #include "columns/headers/CountHeader.h"
+#include "columns/headers/DialogHeaders.h"
 #include "columns/headers/PlainHeaders.h"
+#include "columns/headers/PopupHeaders.h"
+#include "columns/headers/RoughnessHeaders.h"
 #include "items/ColumnTable.h"
 #include "items/ProductTreeItemImpl.h"
 #include "tests/library/PanelTest.h"
@@ -48,23 +55,29 @@ constexpr GroupMode c_all = GroupMode::AllValues;
 constexpr GroupMode c_common = GroupMode::CommonValue;
 
 // clang-format off
+const TableRow c_mipLinks[] = {
+    {L"material.density", typeid(DensityCellImpl), typeid(DensityGroupCellImpl), typeid(MIPHeaderImpl), c_common},
+    {L"mass", typeid(MassCellImpl), typeid(MassGroupCellImpl), typeid(MIPHeaderImpl)},
+    {L"material", typeid(MaterialNameCellImpl), typeid(MipGroupCellImpl), typeid(MIPHeaderImpl), c_common},
+};
+
 const TableRow c_rows[] = {
-    {L"material.density", typeid(DoubleCellImpl), c_nothing, typeid(DoubleHeaderImpl)},
-    {L"mass", typeid(DoubleCellImpl), c_nothing, typeid(DoubleHeaderImpl)},
-    {L"notSected", c_nothing, c_nothing, c_nothing},
-    {L"material", c_nothing, c_nothing, c_nothing},
+    {L"material.density", typeid(DoubleCellImpl), typeid(DensitySimplifiedGroupCellImpl), typeid(DoubleHeaderImpl), c_common},
+    {L"mass", typeid(DoubleCellImpl), typeid(MassSimplifiedGroupCellImpl), typeid(DoubleHeaderImpl)},
+    {L"notSected", typeid(NotSectedCellImpl), typeid(NotSectedGroupCellImpl), typeid(NotSectedHeaderImpl), c_common},
+    {L"material", typeid(MaterialSimplifiedCellImpl), typeid(MaterialSimplifiedGroupCellImpl), typeid(SimplifiedMaterialHeaderImpl), c_common},
     {L"featureType", typeid(FeatureTypeCellImpl), typeid(DisabledGroupCellImpl), typeid(FeatureTypeHeaderImpl), c_common},
     {L"position", typeid(PosCellImpl), typeid(PosGroupCellImpl), typeid(StringHeaderImpl)},
-    {L"stampAuthor", c_nothing, c_nothing, c_nothing},
-    {L"checkedBy", c_nothing, c_nothing, c_nothing},
-    {L"approvedBy", c_nothing, c_nothing, c_nothing},
-    {L"mfgApprovedBy", c_nothing, c_nothing, c_nothing},
-    {L"rateOfInspection", c_nothing, c_nothing, c_nothing},
-    {L"signer", c_nothing, c_nothing, c_nothing},
-    {L"revisionLetter", c_nothing, c_nothing, c_nothing},
-    {L"SPCSection", typeid(SPCSectionCellImpl), typeid(SpcSectionGroupCellImpl), typeid(FeatureTypeHeaderImpl)},
-    {L"specRoughSign", c_nothing, typeid(DisabledGroupCellImpl), c_nothing, c_common},
-    {L"specRoughValue", c_nothing, typeid(DisabledGroupCellImpl), c_nothing, c_common},
+    {L"stampAuthor", typeid(ParticipantCellImpl), typeid(ParticipantGroupCellImpl), typeid(ParticipantHeaderImpl), c_common},
+    {L"checkedBy", typeid(ParticipantCellImpl), typeid(ParticipantGroupCellImpl), typeid(ParticipantHeaderImpl), c_common},
+    {L"approvedBy", typeid(ParticipantCellImpl), typeid(ParticipantGroupCellImpl), typeid(ParticipantHeaderImpl), c_common},
+    {L"mfgApprovedBy", typeid(ParticipantCellImpl), typeid(ParticipantGroupCellImpl), typeid(ParticipantHeaderImpl), c_common},
+    {L"rateOfInspection", typeid(ParticipantCellImpl), typeid(ParticipantGroupCellImpl), typeid(ParticipantHeaderImpl), c_common},
+    {L"signer", typeid(ParticipantCellImpl), typeid(ParticipantGroupCellImpl), typeid(ParticipantHeaderImpl), c_common},
+    {L"revisionLetter", typeid(LiteraCellImpl), typeid(LiteraGroupCellImpl), typeid(LiteraHeaderImpl), c_common},
+    {L"SPCSection", typeid(SPCSectionCellImpl), typeid(SpcSectionGroupCellImpl), typeid(SpcSectionHeaderImpl)},
+    {L"specRoughSign", typeid(RoughSignCellImpl), typeid(DisabledGroupCellImpl), typeid(RoughSignHeaderImpl), c_common},
+    {L"specRoughValue", typeid(RoughValueCellImpl), typeid(DisabledGroupCellImpl), typeid(RoughValueHeaderImpl), c_common},
     {L"count", typeid(CountCellImpl), typeid(CountGroupCellImpl), typeid(CountHeaderImpl)},
     {L"comment", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_all},
     {L"note", typeid(StringCellImpl), typeid(StringGroupCellImpl), typeid(StringHeaderImpl), c_all},
@@ -111,11 +124,7 @@ protected:
         return FindItemOfRow(row)->CreateCell(column);
     }
 
-    Panel m_panel{AllKindsOfRows()};
-};
-
-TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
-    for (const TableRow& row : c_rows) {
+    void ExpectMakers(const TableRow& row) {
         const ColumnInfo column = Column(row.columnId);
         const std::string id(column.GetId().begin(), column.GetId().end());
         EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), column)), row.objectCell) << id;
@@ -130,6 +139,16 @@ TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
         EXPECT_EQ(ClassOf(Make(Section(), column)), c_nothing) << id;
         EXPECT_EQ(ClassOf(CreateHeader(column, m_panel.data.get(), &m_panel.View())), row.head) << id;
     }
+
+    Panel m_panel{AllKindsOfRows()};
+};
+
+TEST_F(Tables, EachColumnHasItsCellsAndItsHead) {
+    for (const TableRow& row : c_rows)
+        ExpectMakers(row);
+    m_panel.Change([](platform::ProductModel& model) { model.isSimplified = false; });
+    for (const TableRow& row : c_mipLinks)
+        ExpectMakers(row);
     for (const wchar_t* id : {L"count|root", L"count|a|b"}) {
         const ColumnInfo column(id, {}, 0);
         EXPECT_EQ(ClassOf(Make(Group().GetChildRow(0), column)), typeid(CountCellImpl));
@@ -152,14 +171,6 @@ TEST_F(Tables, NoColumnIsForgottenHere) {
     for (const ColumnTableRow& row : GetColumnTable())
         EXPECT_TRUE(met.contains(row.columnId)) << std::string(row.columnId.begin(), row.columnId.end())
                                                 << ": say in c_rows which cells and head the column is to have";
-}
-
-TEST_F(Tables, MassAndDensityAreTypedOnlyWhereThereAreNoMaterials) {
-    m_panel.Change([](platform::ProductModel& model) { model.isSimplified = false; });
-    for (const wchar_t* id : {L"mass", L"material.density"}) {
-        EXPECT_FALSE(Make(Group().GetChildRow(0), Column(id)));
-        EXPECT_FALSE(CreateHeader(Column(id), m_panel.data.get(), &m_panel.View()));
-    }
 }
 
 TEST_F(Tables, EveryCellSurvivesReadingsEditsAndValuesOfAnyKind) {

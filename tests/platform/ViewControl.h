@@ -40,6 +40,7 @@ public:
     void OnCellEdited(Item&, const std::wstring& id) override { Note("cell", id); }
     void OnHeaderEdited(const std::wstring& id) override { Note("head", id); }
     void OnMarkingEdited(Item&) override { Note("marking"); }
+    void OnDesignationCodeCommand() override { Note("codes"); }
     void OnEditDocCode(Item&) override { Note("code"); }
     void OnNameEdited(Item&) override { Note("name"); }
     void OnCellHypertextActivated(Item&, const std::wstring& id) override { Note("link", id); }

@@ -5,6 +5,7 @@
 #include "platform/product/answers/MemoryProduct.h"
 
 #include <cstddef>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -39,6 +40,10 @@ public:
 
     /// The next operation that would change the document does nothing, and says so.
     void RefuseNext() { m_refusesNext = true; }
+
+    /// Answer the two dialogs in place of the product, where they are given.
+    std::function<bool(const std::vector<Key>& keys, MipSource source)> chooseMaterial;
+    std::function<bool(const Key& key, Changes& changes)> chooseRoughness;
 
     // clang-format off
     std::uint64_t GetChangeStamp() const override { return Note("GetChangeStamp"), m_product.GetChangeStamp(); }
@@ -88,6 +93,8 @@ public:
             m_product.TransmitToSource(id, values);
     }
     bool IsSimplifiedMode() const override { return Note("IsSimplifiedMode"), m_product.IsSimplifiedMode(); }
+    bool EditMip(const std::vector<Key>& keys, MipSource source) override { return Note("EditMip"), !Refuses() && (chooseMaterial ? chooseMaterial(keys, source) : m_product.EditMip(keys, source)); }
+    bool EditRoughSign(const Key& key, Changes& changes) override { return Note("EditRoughSign"), chooseRoughness ? chooseRoughness(key, changes) : m_product.EditRoughSign(key, changes); }
     std::set<int> GetLockedMarkingParts(const Key& key) const override { return Note("GetLockedMarkingParts"), m_product.GetLockedMarkingParts(key); }
     bool IsHypertext(const PropertyRef& ref) const override { return Note("IsHypertext"), m_product.IsHypertext(ref); }
     bool IsMarkingChangeAllowed(const Key& key, const PropValue& marking) const override { return Note("IsMarkingChangeAllowed"), m_product.IsMarkingChangeAllowed(key, marking); }

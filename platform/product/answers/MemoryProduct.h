@@ -173,7 +173,12 @@ public:
     void
     TransmitToSource(const std::wstring& columnId,
                      const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) override;
+
     bool IsSimplifiedMode() const override;
+    bool EditMip(const std::vector<UniqueMetaObjectKey>& keys, MipSource source) override;
+
+    bool EditRoughSign(const UniqueMetaObjectKey& key,
+                       ProductInfObjChangesResult& changes) override;
 
     std::set<int> GetLockedMarkingParts(const UniqueMetaObjectKey& key) const override;
     bool IsMarkingChangeAllowed(const UniqueMetaObjectKey& key,

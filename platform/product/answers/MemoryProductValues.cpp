@@ -146,10 +146,6 @@ void MemoryProduct::TransmitToSource(
         {GetText(ProductText::Transmission, {m_state->GetCaption(number)}), plan.MakeEdits()});
 }
 
-bool MemoryProduct::IsSimplifiedMode() const {
-    return m_state->model.isSimplified;
-}
-
 std::set<int> MemoryProduct::GetLockedMarkingParts(const UniqueMetaObjectKey& key) const {
     const PartEntry* const part = m_state->index.Find(key);
     if (!part || !part->hasLockedMarkingParts)
