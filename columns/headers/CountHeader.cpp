@@ -22,6 +22,7 @@ void CountHeaderImpl::InitEditor() {
             text += L' ' + m_column.GetHeader();
     }
     m_model->InitCountHeader(m_column, text, tag, isActive);
+    m_model->AddGroupEditProperty(m_column.GetId(), !m_data->IsEmbodimentMode());
 }
 
 TreeActionResult CountHeaderImpl::OnValueEdited() {

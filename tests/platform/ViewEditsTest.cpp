@@ -30,6 +30,7 @@ protected:
         m_view->InitIntHeader(ColumnInfo(L"count", L"Count", 60));
         m_view->InitDoubleHeader(ColumnInfo(L"mass", L"Mass", 60));
         m_view->InitBoolHeader(ColumnInfo(L"visible", L"Visible", 60));
+        m_view->InitLinkHeader(ColumnInfo(L"material", L"Material", 60));
         m_view->InitListHeader(ColumnInfo(L"section", L"Section", 60));
         m_row->SetData(new Control::Item(m_control, nullptr), L"name", L"marking");
         m_row->SetNameEditable(true);
@@ -131,7 +132,7 @@ TEST_F(ViewEdits, AControlThatThrowsLeavesTheOldValueAndAUsableView) {
         [&] { return m_view->EditNameByUser(*m_row, L"x"); },
         [&] { return m_view->EditMarkingByUser(*m_row, {L"x"}); },
         [&] { return m_view->EditHeadByUser(L"mass", 1.0); },
-        [&] { return m_view->ClickHeadByUser(L"mass"); },
+        [&] { return m_view->ClickHeadByUser(L"material"); },
     };
     for (const auto& act : acts) {
         m_control.during = [] { throw std::runtime_error("host"); };
@@ -176,7 +177,7 @@ TEST_F(ViewEdits, TheControlMayLetGoOfTheLastHolderOfRowAndView) {
 TEST_F(ViewEdits, NothingIsTakenWhileTheControlOrAnUpdateIsAtWork) {
     bool nested = true;
     m_control.during = [&] {
-        nested = m_view->EditNameByUser(*m_row, L"x") || m_view->ClickHeadByUser(L"mass") ||
+        nested = m_view->EditNameByUser(*m_row, L"x") || m_view->ClickHeadByUser(L"material") ||
                  m_view->MoveColumnByUser(L"mass", 2) || m_view->EditCellByUser(*m_row, L"mass", 5.0);
     };
     EXPECT_TRUE(m_view->EditCellByUser(*m_row, L"count", 7));
@@ -245,10 +246,11 @@ TEST_F(ViewEdits, AHeadHoldsItsInputWhileTheControlLooksAtIt) {
     EXPECT_FALSE(m_view->EditHeadByUser(L"mass", 1));
     EXPECT_FALSE(m_view->EditHeadByUser(L"section", ListIndex{0})) << "its list is empty";
     EXPECT_FALSE(m_view->EditHeadByUser(L"missing", 1));
-    EXPECT_TRUE(m_view->ClickHeadByUser(L"count"));
+    EXPECT_TRUE(m_view->ClickHeadByUser(L"material"));
+    EXPECT_FALSE(m_view->ClickHeadByUser(L"count"));
     EXPECT_TRUE(m_view->HeadPopupCommandByUser(L"note", 4));
     EXPECT_FALSE(m_view->HeadPopupCommandByUser(L"mass", 4));
-    EXPECT_EQ(m_control.TakeLog(), "head click count;head popup 4 note;");
+    EXPECT_EQ(m_control.TakeLog(), "head click material;head popup 4 note;");
 }
 
 TEST_F(ViewEdits, ColumnsMoveBehindNameAndDesignation) {
@@ -260,13 +262,13 @@ TEST_F(ViewEdits, ColumnsMoveBehindNameAndDesignation) {
     };
     static_cast<void>(m_view->TakeChanges());
     EXPECT_TRUE(m_view->MoveColumnByUser(L"mass", 2));
-    EXPECT_EQ(order(), L"name marking mass note count visible section ");
+    EXPECT_EQ(order(), L"name marking mass note count visible material section ");
     EXPECT_EQ(Take(*m_view), "columns");
-    EXPECT_TRUE(m_view->MoveColumnByUser(L"mass", 6));
-    EXPECT_EQ(order(), L"name marking note count visible section mass ");
+    EXPECT_TRUE(m_view->MoveColumnByUser(L"mass", 7));
+    EXPECT_EQ(order(), L"name marking note count visible material section mass ");
     EXPECT_EQ(m_control.TakeLog(), "columns;columns;");
     EXPECT_FALSE(m_view->MoveColumnByUser(L"mass", 1));
-    EXPECT_FALSE(m_view->MoveColumnByUser(L"mass", 7));
+    EXPECT_FALSE(m_view->MoveColumnByUser(L"mass", 8));
     EXPECT_FALSE(m_view->MoveColumnByUser(L"name", 3));
     EXPECT_FALSE(m_view->MoveColumnByUser(L"missing", 3));
     EXPECT_TRUE(m_view->SetColumnsVisibleByUser({{L"mass", 0}, {L"note", 1}}));
