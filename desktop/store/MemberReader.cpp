@@ -185,8 +185,10 @@ void MemberReader::Values(std::string_view name, platform::PropertyValues& value
     for (const JsonMember& member : ObjectOf(*json, path)) {
         const ModelPath place(path, member.name);
         const unsigned long number = PropertyNumber(m_context.names, member.name, member.at, place);
-        values.emplace_back(number,
-                            DecodeValue(member.value, place, m_context.names.TypeOf(number)));
+        const platform::PropertyRecord* const numbered = m_context.names.FindNumbered(number);
+        values.emplace_back(
+            number, numbered ? DecodeNumbered(member.value, place, *numbered)
+                             : DecodeValue(member.value, place, m_context.names.TypeOf(number)));
     }
 }
 

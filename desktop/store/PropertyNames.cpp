@@ -2,6 +2,8 @@
 
 #include "desktop/store/Texts.h"
 #include "host/ProductProperties.h"
+#include "platform/product/model/PropertyDescriptions.h"
+#include "platform/product/model/PropertyNumbers.h"
 #include "platform/product/model/SystemProperties.h"
 
 namespace desktop::store {
@@ -18,6 +20,9 @@ PropertyNames::PropertyNames(const std::vector<platform::PropertyRecord>& defini
     }
     for (const platform::PropertyRecord& record : platform::GetSystemProperties())
         m_types.emplace(record.number, static_cast<ValueType>(record.type));
+    const platform::PropertyDescriptions descriptions(definitions);
+    for (const unsigned long number : {platform::number::roughSign, platform::number::notSected})
+        m_numbered.emplace(number, *descriptions.FindRecord(number));
     for (const auto& [name, number] : m_numbers)
         if (number > ProductProperties::lastSystemId)
             m_names.emplace(number, name);
@@ -48,6 +53,11 @@ std::optional<ValueType> PropertyNames::TypeOf(unsigned long number) const {
     if (found == m_types.end())
         return std::nullopt;
     return found->second;
+}
+
+const platform::PropertyRecord* PropertyNames::FindNumbered(unsigned long number) const {
+    const auto found = m_numbered.find(number);
+    return found == m_numbered.end() ? nullptr : &found->second;
 }
 
 } // namespace desktop::store

@@ -30,11 +30,14 @@ public:
     unsigned long NumberOf(const std::string& name) const;
     /// No value: the property takes any.
     std::optional<ValueType> TypeOf(unsigned long number) const;
+    /// What stores numbers for the elements of its list; null for any other property.
+    const platform::PropertyRecord* FindNumbered(unsigned long number) const;
 
 private:
     std::unordered_map<std::string, unsigned long> m_numbers;
     std::unordered_map<unsigned long, std::string> m_names;
     std::unordered_map<unsigned long, ValueType> m_types;
+    std::unordered_map<unsigned long, platform::PropertyRecord> m_numbered;
 };
 
 } // namespace desktop::store

@@ -3,6 +3,7 @@
 #include "desktop/store/MemberReader.h"
 #include "desktop/store/MemberWriter.h"
 #include "desktop/store/Texts.h"
+#include "platform/product/model/ListValues.h"
 #include "platform/values/Moments.h"
 #include "platform/values/Utf8.h"
 
@@ -199,6 +200,25 @@ PropValue DecodeValue(const JsonValue& json, const ModelPath& path, std::optiona
         return PropValue(std::move(tree), std::move(format));
     }
     return PropValue(DecodeWithType(reader, json, path, type), std::move(format));
+}
+
+PropValue DecodeNumbered(const JsonValue& json, const ModelPath& path,
+                         const platform::PropertyRecord& property) {
+    const auto type = static_cast<ValueType>(property.type);
+    const bool isWord = json.As<std::string>() != nullptr;
+    const bool isNumber = json.As<std::int64_t>() != nullptr;
+    PropValue value = DecodeValue(json, path,
+                                  isWord     ? ValueType::Text
+                                  : isNumber ? ValueType::Integer
+                                             : type);
+    const SimplePropVal& simple = value.GetSimpleValue();
+    if (simple.GetType() != SimplePropVal::TypeText)
+        return value;
+    if (const std::optional<std::size_t> place = platform::FindListPlace(property, simple))
+        return PropValue(platform::GetListValue(property, *place), value.GetFormat());
+    if (isWord && type != ValueType::Text)
+        Refuse(json.at, path, "a text of the list or its number is expected");
+    return value;
 }
 
 JsonValue EncodeLiteral(const SimplePropVal& value, std::optional<ValueType> type) {

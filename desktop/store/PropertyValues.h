@@ -12,6 +12,10 @@ namespace desktop::store {
 /// No type: the property takes any. Throws ReadFault.
 PropValue DecodeValue(const JsonValue& json, const platform::ModelPath& path,
                       std::optional<ValueType> type);
+/// The same for a property that stores numbers for the elements of its list: older files have the
+/// texts of the elements, as people do who write a file by hand.
+PropValue DecodeNumbered(const JsonValue& json, const platform::ModelPath& path,
+                         const platform::PropertyRecord& property);
 SimplePropVal DecodeLiteral(const JsonValue& json, const platform::ModelPath& path,
                             std::optional<ValueType> type);
 

@@ -1,4 +1,5 @@
 // All properties of a part at once: what the user is shown of them, and what becomes of his answer.
+#include "platform/product/model/PropertyNumbers.h"
 #include "platform/services/UserDecisions.h"
 #include "tests/support/ProductBuilder.h"
 
@@ -123,6 +124,22 @@ TEST_F(ItemPropertiesTest, WhatIsRefusedIsAskedAgainAndNothingIsTakenBefore) {
     EXPECT_EQ(Line(L"Mass, kg").refusal.Str(), L"0 or more is allowed");
     EXPECT_EQ(Value(L"comment"), L"Right");
     EXPECT_EQ(Value(L"mass"), L"2.5");
+}
+
+TEST_F(ItemPropertiesTest, StoreTheNumbersThatStandForTheirWords) {
+    const auto stored = [&] { return m_product->GetValue({Key("shaft#1"), {}, L"notSected", {}}); };
+    for (const SimplePropVal& held : {SimplePropVal(753), SimplePropVal(L"No")}) {
+        m_product->Change([&](platform::ProductModel& model) {
+            model.objects[1].properties = {{platform::number::notSected, PropValue(held)}};
+        });
+        Open();
+        EXPECT_EQ(Line(L"Not cut in sections").value, ItemPropertiesRequest::Value(std::size_t{1}));
+    }
+    m_decisions.EditNextItemProperties({{{Place(L"Not cut in sections"), std::size_t{0}},
+                                         {Place(L"Roughness sign"), std::size_t{2}}}});
+    Open();
+    EXPECT_EQ(stored(), PropValue(SimplePropVal(752)));
+    EXPECT_EQ(Value(L"specRoughSign"), L"2");
 }
 
 } // namespace

@@ -47,6 +47,7 @@ TEST(ProductFileErrors, UsesAreCountedOnceAndEndBeforeMemoryDoes) {
 TEST(WrongMembers, OfTheWrongTypeAreRefused) {
     ExpectErrors({
         {R"("objects": [{"key": "a", "properties": {"mass": "1"}}]})", "49: objects[0].properties.mass: a number is expected"},
+        {R"("objects": [{"key": "a", "properties": {"notSected": "maybe"}}]})", "54: objects[0].properties.notSected: a text of the list or its number is expected"},
         {R"("objects": {}})", "12: objects: a list is expected"},
         {R"("objects": ["a"]})", "13: objects[0]: an object is expected"},
         {R"("objects": [{"key": 7}]})", "21: objects[0].key: a text is expected"},

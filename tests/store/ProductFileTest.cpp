@@ -164,6 +164,26 @@ TEST(ProductFile, ReadsValuesByTheTypeOfTheirProperty) {
     EXPECT_EQ(model.visibleProperties, (std::vector<unsigned long>{1000, mass, 1001}));
 }
 
+TEST(ProductFile, ReadsTheWordsOfListsThatAreStoredAsNumbers) {
+    const std::pair<const char*, SimplePropVal> cases[] = {
+        {R"("notSected": 753)", SimplePropVal(753)},
+        {R"("notSected": "Yes")", SimplePropVal(752)},
+        {R"("notSected": {"type": "text", "value": "No"})", SimplePropVal(753)},
+        {R"("notSected": {"type": "text", "value": "maybe"})", SimplePropVal(L"maybe")},
+        {R"("specRoughSign": 2)", SimplePropVal(2)},
+        {R"("specRoughSign": {"type": "text", "value": "Rolled"})", SimplePropVal(1)},
+    };
+    for (const auto& [member, value] : cases) {
+        // A list of the file's own holds for the sign; the other's is fixed.
+        const ProductModel model = ReadMembers(
+            R"("properties": [{"property": "notSected", "type": "integer", "list": [0, 1]},
+                {"property": "specRoughSign", "type": "text", "list": ["Cast", "Rolled"]}],
+               "objects": [{"key": "a", "properties": {)" + std::string(member) + "}}]");
+        EXPECT_EQ(model.objects.at(0).properties.at(0).second, PropValue(value)) << member;
+        EXPECT_EQ(Read(FormatProduct(model)), model);
+    }
+}
+
 TEST(ProductFile, KeepsEveryCharacter) {
     const ProductModel model =
         ReadMembers("\"product\": {\"name\": \"\\u0000\\t\\\"\\u00e4\xC3\xA4\\uD83D\\uDE00\xF0\x9F\x98\x80\"}");

@@ -3,6 +3,7 @@
 #include "host/MeasurementDataBase.h"
 #include "host/NumberTexts.h"
 #include "host/ProductProperties.h"
+#include "platform/product/model/ListValues.h"
 #include "platform/product/model/ProductTexts.h"
 
 #include <algorithm>
@@ -58,23 +59,16 @@ SharedText MarkingText(const PropValue& value) {
     return marking.Make(VariantMarkingData::MakeAll, false, false);
 }
 
-/// The place in the list by its text, which is what users see; nothing for what is not in it.
-ItemPropertiesRequest::Value FindInList(const PropertyRecord& record, const PropValue& value) {
-    const auto found =
-        std::ranges::find(record.list, value.to_wstring(), &SimplePropVal::to_wstring);
-    if (found == record.list.end())
-        return {};
-    return static_cast<std::size_t>(found - record.list.begin());
-}
-
 ItemPropertiesRequest::Value ToShown(const PropertyRecord& record, Kind kind,
                                      const PropValue& value) {
     if (value.IsEmpty())
         return {};
     const SimplePropVal::Type type = value.GetSimpleValue().GetType();
     const bool isNumber = type == SimplePropVal::TypeInt || type == SimplePropVal::TypeDouble;
-    if (kind == Kind::List)
-        return FindInList(record, value);
+    if (kind == Kind::List) {
+        const std::optional<std::size_t> place = FindListPlace(record, value.GetSimpleValue());
+        return place ? ItemPropertiesRequest::Value(*place) : ItemPropertiesRequest::Value();
+    }
     if (kind == Kind::Bool && type == SimplePropVal::TypeBool)
         return value.to_bool();
     if (kind == Kind::Int && isNumber)
@@ -202,7 +196,7 @@ std::optional<PropValue> ItemProperties::ToStored(std::size_t place) const {
         return std::nullopt;
     if (choice && record.number == number::section)
         return spc_section::ToPropValue(m_sections[*choice].section);
-    return choice ? PropValue(record.list[*choice]) : PropValue();
+    return choice ? PropValue(GetListValue(record, *choice)) : PropValue();
 }
 
 std::shared_ptr<const ProductChange> ItemProperties::MakeChange(std::size_t line) const {

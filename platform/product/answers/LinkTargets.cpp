@@ -2,6 +2,7 @@
 
 #include "host/IfPropertyDescription.h"
 #include "host/ProductProperties.h"
+#include "platform/product/model/ListValues.h"
 #include "platform/product/model/ProductTexts.h"
 #include "platform/services/UserDecisions.h"
 
@@ -53,8 +54,10 @@ bool CanBeLinked(const PropertyTraits& property) {
 
 bool LinkTargets::CanShow(const std::vector<ValueHolder>& holders,
                           const PropertyTraits& target) const {
-    // A count is worked out for a row in an embodiment: the object alone has none to show.
-    if (!target.record || IsStructured(target.number) || target.number == number::count)
+    // A count is worked out for a row in an embodiment: the object alone has none to show. A number
+    // that stands for a word says nothing elsewhere.
+    if (!target.record || IsStructured(target.number) || target.number == number::count ||
+        HasListNumbers(target.number))
         return false;
     return std::ranges::all_of(holders, [&](const ValueHolder& holder) {
         const PropertyRecord* const record = m_rules.properties.Get(holder.number).record;

@@ -1,6 +1,8 @@
 #include "platform/product/model/PropertyDescriptions.h"
 
 #include "host/ProductProperties.h"
+#include "platform/product/model/ListValues.h"
+#include "platform/product/model/PropertyNumbers.h"
 #include "platform/product/model/SystemProperties.h"
 
 namespace platform {
@@ -27,6 +29,17 @@ public:
 private:
     PropertyRecord m_record;
 };
+
+namespace {
+
+/// What is stored of "not cut in sections" means the system's list, and a roughness sign needs one.
+PropertyRecord WithList(PropertyRecord own, const PropertyRecord& system) {
+    if (own.number == number::notSected || own.list.empty())
+        own.list = system.list;
+    return own;
+}
+
+} // namespace
 
 PropertyDescriptions::PropertyDescriptions(const std::vector<PropertyRecord>& own) {
     for (const PropertyRecord& record : GetSystemProperties())
@@ -59,7 +72,10 @@ void PropertyDescriptions::Add(const PropertyRecord& record) {
     const auto [place, isNew] = m_places.try_emplace(record.number, m_descriptions.size());
     if (isNew)
         m_descriptions.emplace_back();
-    m_descriptions[place->second] = std::make_unique<Description>(record);
+    const PropertyRecord* const system = isNew ? nullptr : FindRecord(record.number);
+    const bool keepsList = system && HasListNumbers(record.number);
+    m_descriptions[place->second] =
+        std::make_unique<Description>(keepsList ? WithList(record, *system) : record);
 }
 
 } // namespace platform

@@ -10,5 +10,8 @@ inline constexpr unsigned long count = 6;
 inline constexpr unsigned long material = 8;
 inline constexpr unsigned long density = 9;
 inline constexpr unsigned long mass = 10;
+inline constexpr unsigned long roughSign = 29;
+inline constexpr unsigned long roughValue = 30;
+inline constexpr unsigned long notSected = 45;
 
 } // namespace platform::number

@@ -29,7 +29,8 @@ constexpr double c_lastInt = std::numeric_limits<int>::max();
 constexpr double c_anyPositive = std::numeric_limits<double>::max();
 
 // Masses are stored in kilograms and densities in kilograms per cubic metre, and shown so. Counts
-// are texts, since a count may be a mark or stand with a unit.
+// are texts, since a count may be a mark or stand with a unit. What is stored of roughness signs and
+// of "not cut in sections" follows from the order of their lists (ListValues.h).
 // clang-format off
 constexpr Row c_rows[] = {
     {L"marking",            L"Designation",           String},
@@ -46,7 +47,7 @@ constexpr Row c_rows[] = {
     {L"comment",            L"Comment",               String},
     {L"featureType",        L"Kind",                  String},
     {L"accuracyClass",      L"Accuracy class",        String},
-    {L"notSected",          L"Not cut in sections",   Integer, L"No|Yes"},
+    {L"notSected",          L"Not cut in sections",   Integer, L"Yes|No"},
     {L"specRoughSign",      L"Roughness sign",        Integer, L"Any process|Machined|Not machined"},
     {L"specRoughValue",     L"Roughness",             String},
     {L"revisionLetter",     L"Revision letter",       String},

@@ -2,6 +2,7 @@
 
 #include "host/IfPropertyDescription.h"
 #include "host/Numbers.h"
+#include "platform/product/model/ListValues.h"
 #include "platform/values/Moments.h"
 #include "platform/values/Utf8.h"
 
@@ -105,19 +106,6 @@ bool IsInRange(const PropertyRecord& property, const SimplePropVal& value) {
     return number >= property.min && number <= property.max;
 }
 
-/// Values of a list need not be of the property's own type, which has words for numbers.
-std::optional<SimplePropVal> FindInList(const PropertyRecord& property,
-                                        const SimplePropVal& value) {
-    const auto find = [&](const auto& isIt) -> std::optional<SimplePropVal> {
-        const auto found = std::ranges::find_if(property.list, isIt);
-        return found == property.list.end() ? std::nullopt : std::optional(*found);
-    };
-    if (auto equal = find([&](const SimplePropVal& item) { return item == value; }))
-        return equal;
-    const SharedText text = value.to_wstring();
-    return find([&](const SimplePropVal& item) { return item.to_wstring() == text; });
-}
-
 std::array<SharedText, 7> PartTexts(const VariantMarking& marking) {
     const auto delim = [](wchar_t c) {
         return c == 0 ? SharedText() : SharedText(std::wstring(1, c));
@@ -162,7 +150,7 @@ std::optional<PropValue> FitValue(const PropertyRecord& property, const PropValu
     if ((isText && !IsGoodText(simple.to_wstring())) || !IsGoodText(value.GetFormat()))
         return std::nullopt;
     const std::optional<SimplePropVal> fitted =
-        property.list.empty() ? ToType(property.type, simple) : FindInList(property, simple);
+        property.list.empty() ? ToType(property.type, simple) : FitToList(property, simple);
     if (!fitted || !IsInRange(property, *fitted))
         return std::nullopt;
     return PropValue(*fitted, value.GetFormat());
