@@ -4,6 +4,7 @@
 #include "desktop/dialogs/ListDialog.h"
 #include "desktop/dialogs/ObjectDialog.h"
 #include "desktop/dialogs/PropertyDialog.h"
+#include "desktop/dialogs/RoughnessDialog.h"
 #include "desktop/dialogs/SectionDialog.h"
 
 #include <QFile>
@@ -97,6 +98,12 @@ std::optional<platform::SectionDecision>
 DialogDecisions::ChooseSection(const platform::SectionRequest& request) {
     SectionDialog dialog(request, &m_window);
     return dialog.exec() == QDialog::Accepted ? dialog.GetDecision() : std::nullopt;
+}
+
+std::optional<platform::RoughnessDecision>
+DialogDecisions::ChooseRoughness(const platform::RoughnessRequest& request) {
+    RoughnessDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetDecision()) : std::nullopt;
 }
 
 std::optional<std::vector<bool>>

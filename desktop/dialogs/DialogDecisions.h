@@ -21,6 +21,8 @@ public:
     ChooseProperty(const platform::PropertyRequest& request) override;
     std::optional<platform::SectionDecision>
     ChooseSection(const platform::SectionRequest& request) override;
+    std::optional<platform::RoughnessDecision>
+    ChooseRoughness(const platform::RoughnessRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const platform::ListRequest& request) override;
     std::optional<std::vector<platform::ItemPropertyInput>>
     EditItemProperties(const platform::ItemPropertiesRequest& request) override;

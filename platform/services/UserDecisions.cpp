@@ -68,6 +68,12 @@ std::optional<SectionDecision> ScriptedDecisions::ChooseSection(const SectionReq
     return TakeFirst(m_sections);
 }
 
+std::optional<RoughnessDecision>
+ScriptedDecisions::ChooseRoughness(const RoughnessRequest& request) {
+    m_roughnessRequests.push_back(request);
+    return TakeFirst(m_roughness);
+}
+
 std::optional<std::vector<bool>> ScriptedDecisions::ChooseSeveral(const ListRequest& request) {
     m_listRequests.push_back(request);
     return TakeFirst(m_lines);

@@ -145,6 +145,30 @@ struct ItemPropertyInput {
     ItemPropertiesRequest::Value value;
 };
 
+struct RoughnessDecision {
+    /// The place of the sign in the list; no value: there is none.
+    std::optional<std::size_t> sign;
+    SharedText text;
+};
+
+/// The roughness of a surface is to be given: how it may be made, and its parameter with a value.
+struct RoughnessRequest {
+    enum class Process { Any, Machined, NotMachined, Other };
+    struct Sign {
+        SharedText text;
+        /// What the sign says; other ones have no picture.
+        Process process = Process::Other;
+    };
+
+    SharedText title;
+    std::vector<Sign> signs;
+    RoughnessDecision present;
+    bool canChangeSign = true;
+    bool canChangeText = true;
+    /// Why what stands here was not taken; empty for what nobody has refused.
+    SharedText refusal;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -158,6 +182,7 @@ public:
     virtual std::optional<UniqueMetaObjectKey> ChooseObject(const ObjectRequest& request) = 0;
     virtual std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) = 0;
     virtual std::optional<SectionDecision> ChooseSection(const SectionRequest& request) = 0;
+    virtual std::optional<RoughnessDecision> ChooseRoughness(const RoughnessRequest& request) = 0;
     /// Which lines are chosen now, as many as were offered.
     virtual std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) = 0;
     /// The lines that the user has changed; no value when he has cancelled.
@@ -207,6 +232,9 @@ public:
     void ChooseNextSection(std::optional<SectionDecision> decision) {
         m_sections.push_back(decision);
     }
+    void ChooseNextRoughness(std::optional<RoughnessDecision> decision) {
+        m_roughness.push_back(std::move(decision));
+    }
 
     void EditNextItemProperties(std::optional<std::vector<ItemPropertyInput>> inputs) {
         m_itemProperties.push_back(std::move(inputs));
@@ -218,6 +246,9 @@ public:
     const std::vector<ObjectRequest>& GetObjectRequests() const { return m_objectRequests; }
     const std::vector<PropertyRequest>& GetPropertyRequests() const { return m_propertyRequests; }
     const std::vector<SectionRequest>& GetSectionRequests() const { return m_sectionRequests; }
+    const std::vector<RoughnessRequest>& GetRoughnessRequests() const {
+        return m_roughnessRequests;
+    }
     const std::vector<ListRequest>& GetListRequests() const { return m_listRequests; }
     const std::vector<ItemPropertiesRequest>& GetItemPropertiesRequests() const {
         return m_itemPropertiesRequests;
@@ -230,6 +261,7 @@ public:
     std::optional<UniqueMetaObjectKey> ChooseObject(const ObjectRequest& request) override;
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
     std::optional<SectionDecision> ChooseSection(const SectionRequest& request) override;
+    std::optional<RoughnessDecision> ChooseRoughness(const RoughnessRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) override;
     std::optional<std::vector<ItemPropertyInput>>
     EditItemProperties(const ItemPropertiesRequest& request) override;
@@ -242,6 +274,7 @@ private:
     std::deque<std::optional<UniqueMetaObjectKey>> m_objects;
     std::deque<std::optional<PropertyChoice>> m_properties;
     std::deque<std::optional<SectionDecision>> m_sections;
+    std::deque<std::optional<RoughnessDecision>> m_roughness;
     std::deque<std::optional<std::vector<bool>>> m_lines;
     std::deque<std::optional<std::vector<ItemPropertyInput>>> m_itemProperties;
     std::vector<Question> m_questions;
@@ -250,6 +283,7 @@ private:
     std::vector<ObjectRequest> m_objectRequests;
     std::vector<PropertyRequest> m_propertyRequests;
     std::vector<SectionRequest> m_sectionRequests;
+    std::vector<RoughnessRequest> m_roughnessRequests;
     std::vector<ListRequest> m_listRequests;
     std::vector<ItemPropertiesRequest> m_itemPropertiesRequests;
     std::vector<SharedText> m_messages;

@@ -16,6 +16,7 @@ add_executable(hostTests
     ProductValuesTest.cpp
     PropertiesTest.cpp
     ResourcesTest.cpp
+    RoughnessTest.cpp
     ServicesTest.cpp
     SourceUpdateTest.cpp
     ValuesTest.cpp)

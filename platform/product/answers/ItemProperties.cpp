@@ -145,9 +145,7 @@ bool ItemProperties::CanChange(const PropertyRecord& record) const {
     // There is no count of the product itself.
     if (record.number == number::count && m_part.isRoot)
         return false;
-    const ShownValues shown(m_rules.index);
-    const bool isLinked = shown.FindLink(shown.FindHolder(m_part, record.number)) != nullptr;
-    return !isLinked && !m_rules.IsFixed(m_part, record.number);
+    return m_rules.CanChange(m_part, record.number);
 }
 
 SharedText ItemProperties::MakeSource(const PropertyRecord& record) const {

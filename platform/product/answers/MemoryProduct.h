@@ -177,6 +177,7 @@ public:
     bool IsSimplifiedMode() const override;
     bool EditMip(const std::vector<UniqueMetaObjectKey>& keys, MipSource source) override;
 
+    /// Asks for the sign and the text together. A part of which neither can be changed is refused.
     bool EditRoughSign(const UniqueMetaObjectKey& key,
                        ProductInfObjChangesResult& changes) override;
 

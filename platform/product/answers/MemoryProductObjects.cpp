@@ -150,13 +150,7 @@ bool MemoryProduct::CommitProperties(ItemProperties& properties) {
     const auto wanted = properties.MakeChanges();
     if (!wanted)
         return false;
-    ProductInfObjChangesResult changes;
-    for (const std::shared_ptr<const ProductChange>& change : *wanted) {
-        const ProductInfObjChangesResult made = m_state->MakeSet(change);
-        changes += made;
-        changes.changedProperties.insert(made.changedProperties.begin(),
-                                         made.changedProperties.end());
-    }
+    ProductInfObjChangesResult changes = m_state->MakeSet(*wanted);
     if (!changes.IsExistsChanges())
         return true;
     CommitChanges(changes);

@@ -147,6 +147,18 @@ MemoryProduct::State::MakeSet(std::shared_ptr<const ProductChange> change) const
     return changes;
 }
 
+ProductInfObjChangesResult MemoryProduct::State::MakeSet(
+    const std::vector<std::shared_ptr<const ProductChange>>& wanted) const {
+    ProductInfObjChangesResult changes;
+    for (const std::shared_ptr<const ProductChange>& change : wanted) {
+        const ProductInfObjChangesResult made = MakeSet(change);
+        changes += made;
+        changes.changedProperties.insert(made.changedProperties.begin(),
+                                         made.changedProperties.end());
+    }
+    return changes;
+}
+
 bool MemoryProduct::State::Do(Step step) {
     step.level = model.level;
     ModelEditor editor(model, index);

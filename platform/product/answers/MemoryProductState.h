@@ -51,6 +51,9 @@ struct MemoryProduct::State {
     }
     /// The set that holds the change, when there is something to change.
     ProductInfObjChangesResult MakeSet(std::shared_ptr<const ProductChange> change) const;
+    /// The same with several changes.
+    ProductInfObjChangesResult
+    MakeSet(const std::vector<std::shared_ptr<const ProductChange>>& wanted) const;
 
     /// From now on the model is as that look has it.
     void TurnTo(Look& wanted);

@@ -29,6 +29,12 @@ void Put(ValuePlan& plan, const ValueHolder& holder, const PropValue& value) {
 
 } // namespace
 
+bool EditRules::CanChange(const PartEntry& part, unsigned long number) const {
+    const ShownValues shown(index);
+    const bool isLinked = shown.FindLink(shown.FindHolder(part, number)) != nullptr;
+    return !isLinked && !IsFixed(part, number);
+}
+
 bool EditRules::IsFixedAt(const PartEntry& part, unsigned long number) {
     const ObjectRecord& object = *part.object->record;
     if (part.hasReadOnlyProperties && object.readOnlyProperties.contains(number))

@@ -30,6 +30,8 @@ struct EditRules {
     bool IsFixed(const PartEntry& part, unsigned long number) const {
         return IsFixed(part, properties.Get(number));
     }
+    /// The user can give the property of that part another value: it is neither fixed nor a link.
+    bool CanChange(const PartEntry& part, unsigned long number) const;
 
 private:
     static bool IsFixedAt(const PartEntry& part, unsigned long number);

@@ -37,6 +37,7 @@ enum class ProductText : unsigned {
     RefusedBelow = 1231,
     RefusedAbove = 1232,
     RefusedValue = 1233,
+    RefusedReadOnly = 1236,
     UpdateReadOnly = 1241,
     UpdateCycle = 1242,
     UpdateEmbodiments = 1243,
@@ -65,6 +66,7 @@ enum class ProductText : unsigned {
     GoneKeep = 1338,
     GoneCancel = 1339,
     OpenRefused = 1340,
+    RoughnessTitle = 1361,
 };
 
 /// Empty when the text asks for another number of arguments.
