@@ -4,6 +4,7 @@
 #include "desktop/Headless.h"
 #include "desktop/SampleFile.h"
 #include "desktop/Session.h"
+#include "desktop/books/UserLists.h"
 #include "desktop/window/WindowProgram.h"
 
 #include <cstdio>
@@ -61,11 +62,14 @@ int RunHeadless(std::unique_ptr<Session> session, CommandLine options) {
 int Run(const CommandLine& options, const std::filesystem::path& file) {
     const bool isWindowWanted =
         options.print == PrintForm::None && options.screenshot.empty() && HasDisplay();
+    // A panel asks for its lists as soon as it is there.
+    UserLists lists(UserLists::GetUsualFile());
+    const platform::UserListsSlot slot(lists);
     auto opened = OpenDocument(file, options.step);
     if (const auto* error = std::get_if<FileError>(&opened)) {
         Complain(file, error->reason);
         if (isWindowWanted)
-            RunEmptyWindow(file, *error);
+            RunEmptyWindow(file, *error, lists);
         return c_fileError;
     }
     auto document = std::get<Document>(std::move(opened));
@@ -79,7 +83,7 @@ int Run(const CommandLine& options, const std::filesystem::path& file) {
         return RunHeadless(std::move(session), options);
     if (options.showsAllRows)
         session->ExpandAll();
-    return RunWindow(std::move(session));
+    return RunWindow(std::move(session), lists);
 }
 
 } // namespace

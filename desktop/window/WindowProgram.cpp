@@ -1,14 +1,17 @@
 #include "desktop/window/WindowProgram.h"
 
+#include "desktop/books/UserLists.h"
 #include "desktop/icons/RowIcons.h"
 #include "desktop/window/MainWindow.h"
 #include "desktop/window/WindowMemory.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -55,10 +58,26 @@ MainWindow& MakeWindow(std::unique_ptr<Session> session) {
     return *window;
 }
 
+/// In front of the window that the user works in, when what is being done is over.
+void TellUnreadable(const QString& fault) {
+    QTimer::singleShot(0, qApp, [fault] {
+        auto* const box = new QMessageBox(
+            QMessageBox::Warning, MainWindow::tr("Lists of texts"),
+            fault + QLatin1Char('\n') +
+                MainWindow::tr("Revision letters and names are typed until the program is started "
+                               "again."),
+            QMessageBox::Ok, QApplication::activeWindow());
+        box->setTextFormat(Qt::PlainText);
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->open();
+    });
+}
+
 } // namespace
 
-int RunWindow(std::unique_ptr<Session> session) {
+int RunWindow(std::unique_ptr<Session> session, UserLists& lists) {
     Application application;
+    lists.SetListener(TellUnreadable);
     MainWindow& window = MakeWindow(std::move(session));
     // A screen may be small, or scaled.
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
@@ -72,8 +91,9 @@ int RunWindow(std::unique_ptr<Session> session) {
     return application.Run();
 }
 
-void RunEmptyWindow(const std::filesystem::path& path, const FileError& error) {
+void RunEmptyWindow(const std::filesystem::path& path, const FileError& error, UserLists& lists) {
     Application application;
+    lists.SetListener(TellUnreadable);
     MainWindow& window = MakeWindow(std::make_unique<Session>(MakeEmptyDocument()));
     window.show();
     window.TellUnopened(path, error);

@@ -8,11 +8,13 @@
 
 namespace desktop {
 
+class UserLists;
+
 /// Runs until the user closes the window. The program's exit status.
-int RunWindow(std::unique_ptr<Session> session);
+int RunWindow(std::unique_ptr<Session> session, UserLists& lists);
 
 /// The same with a window that is empty but for the message that the file can't be opened.
-void RunEmptyWindow(const std::filesystem::path& path, const FileError& error);
+void RunEmptyWindow(const std::filesystem::path& path, const FileError& error, UserLists& lists);
 
 /// Draws the window without a display and writes it as a PNG file. False when that can't be
 /// written.

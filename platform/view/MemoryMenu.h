@@ -1,13 +1,14 @@
 // A popup menu in memory, which a front end shows as it is.
 #pragma once
 
-#include "host/view/IMenuItems.h"
+#include "platform/services/UserPopupMenus.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace platform {
 
-class MemoryMenu final : public RcBase<IMenuItems> {
+class MemoryMenu final : public RcBase<IMenuItems>, public IRefillableMenu {
 public:
     void AddEntry(const MenuEntry& entry) override { m_entries.push_back(entry); }
     std::size_t GetEntryCount() const override { return m_entries.size(); }
@@ -20,6 +21,9 @@ public:
             if (entry.GetCommand() == command)
                 entry.isChecked = isChecked;
         }
+    }
+    void DropEntries(std::size_t place) override {
+        m_entries.resize(std::min(place, m_entries.size()));
     }
 
 private:

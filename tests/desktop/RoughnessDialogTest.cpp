@@ -21,9 +21,8 @@ protected:
     void Open(const RoughnessDecision& present) {
         RoughnessRequest request;
         request.title = L"Roughness of a surface";
-        request.signs = {{L"Any process", Process::Any},
-                         {L"Machined", Process::Machined},
-                         {L"Not machined", Process::NotMachined}};
+        request.signs = {
+            {L"Any process", Process::Any}, {L"Machined", Process::Machined}, {L"Not machined", Process::NotMachined}};
         request.present = present;
         m_dialog = std::make_unique<RoughnessDialog>(request);
         m_dialog->show();

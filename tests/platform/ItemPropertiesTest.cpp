@@ -135,8 +135,8 @@ TEST_F(ItemPropertiesTest, StoreTheNumbersThatStandForTheirWords) {
         Open();
         EXPECT_EQ(Line(L"Not cut in sections").value, ItemPropertiesRequest::Value(std::size_t{1}));
     }
-    m_decisions.EditNextItemProperties({{{Place(L"Not cut in sections"), std::size_t{0}},
-                                         {Place(L"Roughness sign"), std::size_t{2}}}});
+    m_decisions.EditNextItemProperties(
+        {{{Place(L"Not cut in sections"), std::size_t{0}}, {Place(L"Roughness sign"), std::size_t{2}}}});
     Open();
     EXPECT_EQ(stored(), PropValue(SimplePropVal(752)));
     EXPECT_EQ(Value(L"specRoughSign"), L"2");

@@ -178,7 +178,8 @@ TEST(ProductFile, ReadsTheWordsOfListsThatAreStoredAsNumbers) {
         const ProductModel model = ReadMembers(
             R"("properties": [{"property": "notSected", "type": "integer", "list": [0, 1]},
                 {"property": "specRoughSign", "type": "text", "list": ["Cast", "Rolled"]}],
-               "objects": [{"key": "a", "properties": {)" + std::string(member) + "}}]");
+               "objects": [{"key": "a", "properties": {)" +
+            std::string(member) + "}}]");
         EXPECT_EQ(model.objects.at(0).properties.at(0).second, PropValue(value)) << member;
         EXPECT_EQ(Read(FormatProduct(model)), model);
     }

@@ -29,8 +29,8 @@ constexpr double c_lastInt = std::numeric_limits<int>::max();
 constexpr double c_anyPositive = std::numeric_limits<double>::max();
 
 // Masses are stored in kilograms and densities in kilograms per cubic metre, and shown so. Counts
-// are texts, since a count may be a mark or stand with a unit. What is stored of roughness signs and
-// of "not cut in sections" follows from the order of their lists (ListValues.h).
+// are texts, since a count may be a mark or stand with a unit. What is stored of roughness signs
+// and of "not cut in sections" follows from the order of their lists (ListValues.h).
 // clang-format off
 constexpr Row c_rows[] = {
     {L"marking",            L"Designation",           String},
