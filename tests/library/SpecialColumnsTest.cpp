@@ -238,6 +238,21 @@ Product Rough() {
     return product;
 }
 
+TEST(RoughnessColumns, HoldThePlaceOfTheSign) {
+    SpecialPanel panel(Rough());
+    EXPECT_EQ(panel.Cell(panel.Member(), L"specRoughSign").GetListIndex(), 2);
+    EXPECT_EQ(panel.Cell(panel.Member(), L"specRoughSign").GetList().size(), 3U);
+    EXPECT_TRUE(panel.Cell(panel.Member(1), L"specRoughSign").GetList().empty());
+    EXPECT_EQ(panel.Cell(panel.Member(1), L"specRoughSign").GetListIndex(), -1);
+    EXPECT_TRUE(panel.View().EditCellByUser(panel.Member(), L"specRoughSign", ListIndex{0}));
+    EXPECT_EQ(panel.Stored("a#1", L"specRoughSign"), PropValue(SimplePropVal(0)));
+    EXPECT_EQ(panel.Cell(panel.Member(), L"specRoughSign").GetListIndex(), 0);
+    EXPECT_FALSE(panel.View().EditCellByUser(panel.Group(), L"specRoughSign", ListIndex{1}));
+    panel.View().SelectByUser({&panel.Member(), &panel.Member(1)}, nullptr);
+    EXPECT_TRUE(panel.View().EditHeadByUser(L"specRoughSign", ListIndex{1}));
+    EXPECT_EQ(panel.Stored("b#1", L"specRoughSign"), PropValue(SimplePropVal(1)));
+}
+
 TEST(RoughnessColumns, TheDialogIsCommittedOnlyWhenConfirmed) {
     SpecialPanel panel(Rough());
     for (const bool isConfirmed : {false, true}) {
@@ -260,6 +275,37 @@ TEST(RoughnessColumns, TheDialogIsCommittedOnlyWhenConfirmed) {
     EXPECT_TRUE(panel.View().EditCellByUser(panel.Member(), L"specRoughValue", SharedText(L"as you like")));
     panel.Change([](platform::ProductModel& model) { model.isReadOnly = true; });
     EXPECT_FALSE(panel.Cell(panel.Member(), L"specRoughValue").GetPopup());
+}
+
+TEST(NotSected, IsYesOrNoInNumbersOfItsOwn) {
+    const struct {
+        SimplePropVal stored;
+        int place;
+    } cases[] = {{{}, -1}, {SimplePropVal(752), 0}, {SimplePropVal(753), 1}};
+    for (const auto& c : cases) {
+        Product product = Rough();
+        product.Object("c", L"m", L"2");
+        if (!c.stored.IsEmpty())
+            product.Value(L"notSected", c.stored);
+        SpecialPanel panel(product.Uses());
+        const auto& root = *panel.View().GetRoot();
+        const TreeTableRow& row = root.GetChildRow(0).GetChildCount() > 0 ? root.GetChildRow(1) : root.GetChildRow(0);
+        EXPECT_EQ(row.FindCell(L"notSected")->GetListIndex(), c.place);
+    }
+    SpecialPanel panel(Rough());
+    platform::TreeTableView& view = panel.View();
+    const auto place = [&](const TreeTableRow& row) { return panel.Cell(row, L"notSected").GetListIndex(); };
+    EXPECT_TRUE(view.EditCellByUser(panel.Member(), L"notSected", ListIndex{0}));
+    EXPECT_EQ(panel.Stored("a#1", L"notSected"), PropValue(SimplePropVal(752)));
+    EXPECT_EQ(place(panel.Group()), -1) << "one has none";
+    view.EditCellByUser(panel.Group(), L"notSected", ListIndex{1});
+    EXPECT_EQ(panel.Stored("b#1", L"notSected"), PropValue(SimplePropVal(753)));
+    EXPECT_EQ(place(panel.Group()), 1);
+    view.SelectByUser({&panel.Member(), &panel.Member(1)}, nullptr);
+    view.EditHeadByUser(L"notSected", ListIndex{0});
+    EXPECT_EQ(place(panel.Group()), 0);
+    view.EditCellByUser(panel.Member(), L"notSected", ListIndex{});
+    EXPECT_TRUE(panel.Stored("a#1", L"notSected").IsEmpty());
 }
 
 Product Sections(std::initializer_list<std::pair<int, bool>> sections) {
