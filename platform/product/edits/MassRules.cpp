@@ -20,16 +20,11 @@ PropertyValues::value_type* FindValue(ObjectRecord& object, unsigned long number
     return found == object.properties.end() ? nullptr : &*found;
 }
 
-PropValue MassOf(double volume, const PropValue& density) {
-    const double mass = volume * density.to_double();
-    return density.IsEmpty() || !std::isfinite(mass) ? PropValue() : PropValue(SimplePropVal(mass));
-}
-
 void ApplyVolume(ObjectRecord& object, double volume) {
     const auto* const density = FindValue(object, number::density);
     const auto* const before = FindValue(object, number::mass);
     const auto massOf = [&](double cubicMetres) {
-        return density ? MassOf(cubicMetres, density->second) : PropValue();
+        return density ? MakeMass(cubicMetres, density->second) : PropValue();
     };
     // A mass that does not follow from the volume was typed, and stays.
     const bool isTyped = before && !before->second.IsEmpty() &&
@@ -118,6 +113,11 @@ Masses SumAssemblies(const ProductModel& model) {
 
 } // namespace
 
+PropValue MakeMass(double volume, const PropValue& density) {
+    const double mass = volume * density.to_double();
+    return density.IsEmpty() || !std::isfinite(mass) ? PropValue() : PropValue(SimplePropVal(mass));
+}
+
 void ApplyVolumes(ProductModel& model, const PartVolumes& volumes) {
     const std::unordered_map<UniqueMetaObjectKey, double> byKey(volumes.begin(), volumes.end());
     const auto apply = [&](ObjectRecord& object) {
@@ -139,7 +139,7 @@ std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor) {
         const ShownValues shown(editor.GetIndex());
         const ValueHolder mass{part, number::mass};
         const PropValue wanted =
-            MassOf(*part->object->record->volume, shown.Get(*part, number::density));
+            MakeMass(*part->object->record->volume, shown.Get(*part, number::density));
         // Also a mass that stays belongs to the step: the way back must not work it out anew.
         if (shown.FindLink(mass))
             continue;
