@@ -31,6 +31,7 @@ declare -A rooms=(
     [desktop]="host platform exported desktop/messages desktop/store desktop/import desktop/window"
     [desktop/icons]="host"
     [desktop/editors]="host desktop/icons"
+    [desktop/books]="platform/services desktop/store desktop/editors"
     [desktop/dialogs]="platform/services desktop desktop/import desktop/editors"
     [desktop/help]=""
     [desktop/tree]="host platform/view exported desktop/icons desktop/editors"
