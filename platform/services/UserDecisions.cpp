@@ -68,6 +68,11 @@ std::optional<SectionDecision> ScriptedDecisions::ChooseSection(const SectionReq
     return TakeFirst(m_sections);
 }
 
+std::optional<MaterialDecision> ScriptedDecisions::ChooseMaterial(const MaterialRequest& request) {
+    m_materialRequests.push_back(request);
+    return TakeFirst(m_materials);
+}
+
 std::optional<std::vector<bool>> ScriptedDecisions::ChooseSeveral(const ListRequest& request) {
     m_listRequests.push_back(request);
     return TakeFirst(m_lines);

@@ -23,6 +23,10 @@ enum class ProductText : unsigned {
     Aggregation = 1211,
     Registration = 1212,
     BilletConversion = 1213,
+    MaterialOf = 1214,
+    MaterialOfSeveral = 1215,
+    MaterialRemoval = 1216,
+    MaterialRemovals = 1217,
     Update = 1219,
     RefusedCount = 1221,
     RefusedMoment = 1222,
@@ -37,6 +41,9 @@ enum class ProductText : unsigned {
     RefusedBelow = 1231,
     RefusedAbove = 1232,
     RefusedValue = 1233,
+    RefusedFixed = 1234,
+    RefusedNoObjects = 1235,
+    RefusedNoMaterial = 1236,
     UpdateReadOnly = 1241,
     UpdateCycle = 1242,
     UpdateEmbodiments = 1243,
@@ -65,6 +72,9 @@ enum class ProductText : unsigned {
     GoneKeep = 1338,
     GoneCancel = 1339,
     OpenRefused = 1340,
+    MaterialKept = 1341,
+    MaterialAnd = 1342,
+    MaterialList = 1343,
 };
 
 /// Empty when the text asks for another number of arguments.
