@@ -2,12 +2,15 @@
 #include "desktop/books/MaterialBook.h"
 #include "desktop/books/MaterialEntryDialog.h"
 #include "desktop/editors/LocaleNumbers.h"
+#include "tests/desktop/WindowFixture.h"
+#include "tests/support/ProductBuilder.h"
 #include "tests/support/TestFolder.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -148,6 +151,27 @@ TEST_F(MaterialDialogTest, AddsToTheUsersBookWithKeysAlone) {
     Press(Qt::Key_Space);
     EXPECT_EQ(Fields(), "PA 6 black|1.14|1.14");
     EXPECT_EQ(m_book->GetMaterials().back().name, "PA 6 black");
+}
+
+using MaterialLinksTest = window_tests::WindowFixture;
+
+TEST_F(MaterialLinksTest, LeadToTheDialogOrSayWhyNot) {
+    const support::Product product =
+        support::Product().Object("pin", L"Pin").Volume(0.001).Mass(1).Uses(2).Columns({L"mass"});
+    const auto follow = [&] {
+        Tree().expandAll();
+        Tree().setCurrentIndex(At({0, 0}, Column("Mass, kg")));
+        Press(Qt::Key_Return);
+    };
+    Show(product);
+    m_decisions->ChooseNextMaterial(platform::MaterialDecision{{}, std::optional(7850.0), {}});
+    follow();
+    EXPECT_EQ(m_decisions->GetMaterialRequests().back().title.Str(), L"Material of Pin");
+    EXPECT_EQ(TextAt({0, 0}, Column("Mass, kg")), "15.7") << "of both";
+    EXPECT_TRUE(Action("Undo Density of Pin"));
+    Show(support::Product(product).ReadOnly());
+    follow();
+    EXPECT_EQ(m_window->statusBar()->currentMessage(), "Nothing was changed: the product can't be changed");
 }
 
 } // namespace

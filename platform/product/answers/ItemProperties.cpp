@@ -4,6 +4,7 @@
 #include "host/ProductProperties.h"
 #include "platform/product/answers/UserWords.h"
 #include "platform/product/model/ProductTexts.h"
+#include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
 #include <cmath>

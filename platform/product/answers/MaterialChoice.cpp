@@ -3,6 +3,7 @@
 #include "platform/product/answers/UserWords.h"
 #include "platform/product/edits/MassRules.h"
 #include "platform/product/model/AssemblyLevels.h"
+#include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
 #include <map>
@@ -270,10 +271,10 @@ std::optional<Step> MaterialChoice::MakeStep(const MaterialDecision& decision) {
         m_refused = draft.GetRefusal().value_or(ProductText::RefusedValue);
         return std::nullopt;
     }
-    const std::set<unsigned long>& changed = draft.GetChanged();
-    const bool isOne = changed.size() == 1;
-    return draft.MakeStep(ProductText::MaterialOf, ProductText::MaterialOfSeveral,
-                          CaptionOf(isOne ? *changed.begin() : number::material));
+    unsigned long what = number::material;
+    if (!decision.name && decision.density.has_value() != decision.mass.has_value())
+        what = decision.density ? number::density : number::mass;
+    return draft.MakeStep(ProductText::MaterialOf, ProductText::MaterialOfSeveral, CaptionOf(what));
 }
 
 bool MaterialChoice::WeighAnew(const MaterialDecision& decision, Draft& draft) const {

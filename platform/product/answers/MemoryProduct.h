@@ -175,8 +175,8 @@ public:
                      const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) override;
 
     bool IsSimplifiedMode() const override;
-    /// Objects whose values can't be changed keep them; where that goes for all, nobody is asked. The
-    /// density goes with the material.
+    /// Objects whose values can't be changed keep them; where that goes for all, nobody is asked.
+    /// The density goes with the material.
     bool EditMip(const std::vector<UniqueMetaObjectKey>& keys, MipSource source) override;
 
     bool EditRoughSign(const UniqueMetaObjectKey& key,

@@ -3,17 +3,7 @@
 #include "host/MeasurementDataBase.h"
 #include "host/ProductProperties.h"
 
-#include <array>
-#include <charconv>
-
 namespace platform {
-
-namespace {
-
-/// As many decimal digits as any double keeps.
-constexpr int c_digits = 15;
-
-} // namespace
 
 SharedText NameOf(const ShownValues& shown, const PartEntry& part) {
     const SharedText name = shown.Get(part, ProductProperties::nameId).to_wstring();
@@ -39,15 +29,6 @@ SharedText CaptionOf(const PropertyRecord& record) {
 
 double CoefficientOf(const PropertyRecord& record) {
     return record.unitCoefficient == 0 ? 1 : record.unitCoefficient;
-}
-
-double Rounded(double value) {
-    std::array<char, 32> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::scientific, c_digits - 1);
-    double rounded = value;
-    std::from_chars(text.data(), end.ptr, rounded);
-    return rounded;
 }
 
 } // namespace platform

@@ -1,5 +1,5 @@
-// How names, units and numbers of a product are put to its user, and how numbers come back from
-// him. Used by the questions that show properties as plain data.
+// How names and units of a product are put to its user. Used by the questions that show properties
+// as plain data.
 #pragma once
 
 #include "platform/product/index/ShownValues.h"
@@ -18,7 +18,5 @@ SharedText CaptionOf(const PropertyRecord& record);
 
 /// What a stored number is multiplied with to be shown.
 double CoefficientOf(const PropertyRecord& record);
-/// Without what binary makes of a decimal fraction.
-double Rounded(double value);
 
 } // namespace platform

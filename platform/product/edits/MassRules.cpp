@@ -2,9 +2,11 @@
 
 #include "platform/product/model/AssemblyLevels.h"
 #include "platform/product/model/PropertyNumbers.h"
+#include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -20,6 +22,11 @@ PropertyValues::value_type* FindValue(ObjectRecord& object, unsigned long number
     return found == object.properties.end() ? nullptr : &*found;
 }
 
+/// Older files have masses with all that binary makes of them.
+PropValue RoundedMass(const PropValue& mass) {
+    return PropValue(SimplePropVal(Rounded(mass.to_double())));
+}
+
 void ApplyVolume(ObjectRecord& object, double volume) {
     const auto* const density = FindValue(object, number::density);
     const auto* const before = FindValue(object, number::mass);
@@ -28,7 +35,7 @@ void ApplyVolume(ObjectRecord& object, double volume) {
     };
     // A mass that does not follow from the volume was typed, and stays.
     const bool isTyped = before && !before->second.IsEmpty() &&
-                         !(object.volume && before->second == massOf(*object.volume));
+                         !(object.volume && RoundedMass(before->second) == massOf(*object.volume));
     object.volume = volume;
     const PropValue mass = massOf(volume);
     if (mass.IsEmpty() || isTyped)
@@ -68,7 +75,8 @@ std::optional<double> SumPartMasses(const ProductModel& model, const ProductInde
             return std::nullopt;
         sum += mass.to_double() * object.object->useCount;
     }
-    return model.objects.empty() || !std::isfinite(sum) ? std::nullopt : std::optional(sum);
+    return model.objects.empty() || !std::isfinite(sum) ? std::nullopt
+                                                        : std::optional(Rounded(sum));
 }
 
 using Masses = std::unordered_map<UniqueMetaObjectKey, std::optional<double>>;
@@ -106,7 +114,8 @@ Masses SumAssemblies(const ProductModel& model) {
             }
             sum = sum.value_or(0) + *mass * static_cast<double>(component.occurrences.size());
         }
-        masses[(*assembly)->object] = sum && std::isfinite(*sum) ? sum : std::nullopt;
+        const double whole = Rounded(sum.value_or(std::numeric_limits<double>::infinity()));
+        masses[(*assembly)->object] = std::isfinite(whole) ? std::optional(whole) : std::nullopt;
     }
     return masses;
 }
@@ -114,7 +123,7 @@ Masses SumAssemblies(const ProductModel& model) {
 } // namespace
 
 PropValue MakeMass(double volume, const PropValue& density) {
-    const double mass = volume * density.to_double();
+    const double mass = Rounded(volume * density.to_double());
     return density.IsEmpty() || !std::isfinite(mass) ? PropValue() : PropValue(SimplePropVal(mass));
 }
 
