@@ -96,7 +96,7 @@ QString FindFault(const Material& material) {
         return Tr("the density must be more than 0");
     for (const QString* const text :
          {&material.name, &material.standard, &material.classPath, &material.source}) {
-        if (const QString fault = FindFaultOfText(*text); !fault.isEmpty())
+        if (QString fault = FindFaultOfText(*text); !fault.isEmpty())
             return fault;
     }
     return {};
@@ -127,7 +127,7 @@ QByteArray MaterialBook::Load() {
         m_fault = file.errorString();
     if (!m_fault.isEmpty())
         return c_materialTable;
-    const QByteArray text = file.read(c_largestFile);
+    QByteArray text = file.read(c_largestFile);
     if (file.error() == QFileDevice::NoError)
         return text;
     m_fault = file.errorString();

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 using platform::MaterialDecision;
@@ -73,45 +75,36 @@ TEST_F(ProductMaterialsTest, TheUserIsShownWhatTheObjectsHaveInCommon) {
         std::vector<const char*> keys;
         const wchar_t* title;
         const wchar_t* material;
-        std::optional<double> density;
-        std::optional<double> mass;
+        std::optional<double> density, mass;
         MaterialRequest::Volumes volumes;
         std::optional<double> volume;
-        std::size_t mixedCount;
-        std::vector<const wchar_t*> notes;
+        int mixedCount;
+        const wchar_t* notes;
     } const cases[] = {
-        {{"shaft#1", "shaft#2", "shaft"}, L"Material of Shaft", L"C45", 7850, 3925, All, 0.5, 0, {}},
-        {{"shaft", "pin#1"}, L"Material of 2 objects", L"C45", 7850, {}, All, {}, 1, {}},
-        {{"grease#1"}, L"Material of Grease", L"", {}, 0.5, None, {}, 0, {}},
-        {{"shaft", "grease", "bush"},
-         L"Material of 3 objects",
-         L"",
-         {},
-         {},
-         Some,
-         {},
-         3,
-         {L"Material: 1 of 3 objects keep what they have, it can't be changed",
-          L"Density: 1 of 3 objects keep what they have, the value is linked"}},
+        // clang-format off
+        {{"shaft#1", "shaft#2", "shaft"}, L"Material of Shaft", L"C45", 7850, 3925, All, 0.5, 0, L""},
+        {{"shaft", "pin#1"}, L"Material of 2 objects", L"C45", 7850, {}, All, {}, 1, L""},
+        {{"grease#1"}, L"Material of Grease", L"", {}, 0.5, None, {}, 0, L""},
+        {{"shaft", "grease", "bush"}, L"Material of 3 objects", L"", {}, {}, Some, {}, 3,
+         L"Material: 1 of 3 objects keep what they have, it can't be changed."
+         L"Density: 1 of 3 objects keep what they have, the value is linked."},
+        // clang-format on
     };
     for (const auto& one : cases) {
         std::vector<UniqueMetaObjectKey> keys;
         for (const char* key : one.keys)
             keys.push_back(Key(key));
         EXPECT_FALSE(m_product->EditMip(keys, MipSource::FromBook)) << "the user has given up";
-        EXPECT_EQ(Request().title.Str(), one.title);
-        EXPECT_EQ(Request().materialName.Str(), one.material) << one.title;
-        EXPECT_EQ(Request().density.value, one.density) << one.title;
-        EXPECT_EQ(Request().mass.value, one.mass) << one.title;
-        EXPECT_EQ(Request().volumes, one.volumes) << one.title;
-        EXPECT_EQ(Request().volume, one.volume) << one.title;
-        EXPECT_EQ(std::size_t{0} + Request().material.isMixed + Request().density.isMixed + Request().mass.isMixed,
-                  one.mixedCount);
-        std::vector<const wchar_t*> notes;
-        for (const SharedText& note : Request().notes)
-            notes.push_back(note.Str().c_str());
-        EXPECT_EQ(std::vector<std::wstring>(notes.begin(), notes.end()),
-                  std::vector<std::wstring>(one.notes.begin(), one.notes.end()));
+        const MaterialRequest& request = Request();
+        EXPECT_EQ(request.title.Str(), one.title);
+        EXPECT_EQ(request.materialName.Str(), one.material) << one.title;
+        EXPECT_EQ(std::tie(request.density.value, request.mass.value), std::tie(one.density, one.mass)) << one.title;
+        EXPECT_EQ(std::tie(request.volumes, request.volume), std::tie(one.volumes, one.volume)) << one.title;
+        EXPECT_EQ(request.material.isMixed + request.density.isMixed + request.mass.isMixed, one.mixedCount);
+        std::wstring notes;
+        for (const SharedText& note : request.notes)
+            notes += note.Str() + L".";
+        EXPECT_EQ(notes, one.notes);
     }
     EXPECT_EQ(Request().density.unit.Str(), L"kg/m\u00B3");
     EXPECT_EQ(Request().fromFile, (std::vector<MaterialRequest::Material>{{L"Bronze", 7850.0}, {L"C45", 7850.0}}));
@@ -122,32 +115,24 @@ TEST_F(ProductMaterialsTest, MassesFollowFromVolumesAndDensitiesInOneStep) {
     const std::optional<std::optional<double>> none(std::in_place);
     struct {
         const wchar_t* name;
-        std::optional<std::optional<double>> density;
-        std::optional<std::optional<double>> mass;
+        std::optional<std::optional<double>> density, mass;
         const wchar_t* step;
-        std::vector<const wchar_t*> values;
+        const wchar_t* values;
     } const cases[] = {
-        {L"PA 6",
-         1140.0,
-         {},
-         L"Material of 3 objects",
-         {L"PA 6|1140|570|", L"PA 6|1140|285|", L"PA 6|1140|0.5|", L"Bronze|1140||"}},
-        {L"PA 6",
-         1140.0,
-         3.0,
-         L"Material of 4 objects",
-         {L"PA 6|1140|3|", L"PA 6|1140|3|", L"PA 6|1140|3|", L"Bronze|1140|3|"}},
+        // clang-format off
+        {L"PA 6", 1140.0, {}, L"Material of 3 objects", L"PA 6|1140|570| PA 6|1140|285| PA 6|1140|0.5| Bronze|1140|| "},
+        {L"PA 6", 1140.0, 3.0, L"Material of 4 objects", L"PA 6|1140|3| PA 6|1140|3| PA 6|1140|3| Bronze|1140|3| "},
         // The mass that was typed for the pin comes from its volume again.
-        {nullptr, {}, none, L"Mass of 2 objects", {L"C45|7850|3925|", L"C45|7850|1962.5|", L"|||", L"Bronze|7850||"}},
-        {nullptr, none, {}, L"Density of 2 objects", {L"C45|||", L"C45|||", L"||0.5|", L"Bronze|||"}},
-        {L"", {}, {}, L"Material of 2 objects", {L"|7850|3925|", L"|7850|1|", L"||0.5|", L"Bronze|7850||"}},
+        {nullptr, {}, none, L"Mass of 2 objects", L"C45|7850|3925| C45|7850|1962.5| ||| Bronze|7850|| "},
+        {nullptr, none, {}, L"Density of 2 objects", L"C45||| C45||| ||0.5| Bronze||| "},
+        {L"", {}, {}, L"Material of 2 objects", L"|7850|3925| |7850|1| ||0.5| Bronze|7850|| "},
         // A mass is said where it stays the same.
-        {nullptr,
-         1000.0,
-         1.0,
-         L"Material of 4 objects",
-         {L"C45|1000|1|", L"C45|1000|1|", L"|1000|1|", L"Bronze|1000|1|"}},
-        {nullptr, {}, {}, L"", {}},
+        {nullptr, 1000.0, 1.0, L"Material of 4 objects", L"C45|1000|1| C45|1000|1| |1000|1| Bronze|1000|1| "},
+        {nullptr, {}, {}, L"", L"C45|7850|3925| C45|7850|1| ||0.5| Bronze|7850|| "},
+        // clang-format on
+    };
+    const auto all = [&] {
+        return Values("shaft") + L" " + Values("pin") + L" " + Values("grease") + L" " + Values("bush") + L" ";
     };
     for (const auto& one : cases) {
         Make(Parts());
@@ -155,21 +140,14 @@ TEST_F(ProductMaterialsTest, MassesFollowFromVolumesAndDensitiesInOneStep) {
         if (one.name)
             decision.name = SharedText(one.name);
         const platform::ProductModel before = m_product->GetModel();
-        EXPECT_EQ(Choose({"shaft#1", "pin#1", "grease#1", "bush#1"}, decision), !one.values.empty());
+        EXPECT_EQ(Choose({"shaft#1", "pin#1", "grease#1", "bush#1"}, decision), *one.step != 0);
         EXPECT_EQ(m_product->GetUndoName().Str(), one.step);
-        std::vector<std::wstring> values;
-        for (const char* key : {"shaft", "pin", "grease", "bush"})
-            values.push_back(Values(key));
-        const std::vector<std::wstring> expected(one.values.begin(), one.values.end());
-        if (!expected.empty()) {
-            EXPECT_EQ(values, expected) << one.step;
-        }
+        EXPECT_EQ(all(), one.values) << one.step;
         m_product->Undo();
         EXPECT_FALSE(m_product->CanUndo());
         EXPECT_TRUE(m_product->GetModel() == before) << "the way back";
         m_product->Redo();
-        for (std::size_t i = 0; i < expected.size(); ++i)
-            EXPECT_EQ(Values(std::array{"shaft", "pin", "grease", "bush"}[i]), expected[i]) << "forth again";
+        EXPECT_EQ(all(), one.values) << "forth again";
     }
 }
 
@@ -186,18 +164,16 @@ TEST_F(ProductMaterialsTest, AMassThatIsASumStaysOne) {
 TEST_F(ProductMaterialsTest, AMaterialGoesWithItsDensityAndWhatFollowsFromIt) {
     struct {
         std::initializer_list<const char*> keys;
-        const wchar_t* step;
-        const wchar_t* refusal;
-        const wchar_t* note;
+        const wchar_t *step, *refusal, *note;
     } const cases[] = {
+        // clang-format off
         {{"shaft#1"}, L"Removal of Material, Density and Mass of Shaft", L"", L""},
-        {{"shaft", "pin", "grease", "bush"},
-         L"Removal of Material, Density and Mass of 2 objects",
-         L"",
+        {{"shaft", "pin", "grease", "bush"}, L"Removal of Material, Density and Mass of 2 objects", L"",
          L"Material: 1 of 4 objects keep what they have, it can't be changed"},
         {{"grease"}, L"", L"there is no material", L""},
         {{"bush", "grease"}, L"", L"it can't be changed", L""},
         {{}, L"", L"no object is selected", L""},
+        // clang-format on
     };
     for (const auto& one : cases) {
         Make(Parts());

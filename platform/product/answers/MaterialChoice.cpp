@@ -249,6 +249,7 @@ std::vector<MaterialRequest::Material> MaterialChoice::ListMaterials() const {
         add(held(number::material), held(number::density));
     }
     std::vector<MaterialRequest::Material> materials;
+    materials.reserve(found.size());
     for (const auto& [name, density] : found)
         materials.push_back({SharedText(name), density});
     return materials;
