@@ -1,5 +1,7 @@
 #include "desktop/dialogs/DialogDecisions.h"
 
+#include "desktop/books/MaterialBook.h"
+#include "desktop/books/MaterialDialog.h"
 #include "desktop/dialogs/ItemPropertiesDialog.h"
 #include "desktop/dialogs/ListDialog.h"
 #include "desktop/dialogs/ObjectDialog.h"
@@ -34,6 +36,10 @@ QString FilterOf(const std::vector<std::wstring>& patterns) {
 }
 
 } // namespace
+
+DialogDecisions::DialogDecisions(QWidget& window) : m_window(window) {}
+
+DialogDecisions::~DialogDecisions() = default;
 
 std::optional<std::size_t> DialogDecisions::Ask(const platform::Question& question) {
     QMessageBox box(QMessageBox::Question, ToQString(question.title), ToQString(question.text),
@@ -103,6 +109,14 @@ DialogDecisions::ChooseSection(const platform::SectionRequest& request) {
 std::optional<platform::RoughnessDecision>
 DialogDecisions::ChooseRoughness(const platform::RoughnessRequest& request) {
     RoughnessDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetDecision()) : std::nullopt;
+}
+
+std::optional<platform::MaterialDecision>
+DialogDecisions::ChooseMaterial(const platform::MaterialRequest& request) {
+    if (!m_materials)
+        m_materials = std::make_unique<MaterialBook>(MaterialBook::GetUsualFile());
+    MaterialDialog dialog(request, *m_materials, &m_window);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetDecision()) : std::nullopt;
 }
 

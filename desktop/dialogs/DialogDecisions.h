@@ -3,14 +3,19 @@
 
 #include "platform/services/UserDecisions.h"
 
+#include <memory>
+
 class QWidget;
 
 namespace desktop {
 
+class MaterialBook;
+
 class DialogDecisions final : public platform::IUserDecisions {
 public:
     /// Dialogs stand in front of the window, which must outlive this.
-    explicit DialogDecisions(QWidget& window) : m_window(window) {}
+    explicit DialogDecisions(QWidget& window);
+    ~DialogDecisions() override;
 
     std::optional<std::size_t> Ask(const platform::Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const platform::FileRequest& request) override;
@@ -23,6 +28,8 @@ public:
     ChooseSection(const platform::SectionRequest& request) override;
     std::optional<platform::RoughnessDecision>
     ChooseRoughness(const platform::RoughnessRequest& request) override;
+    std::optional<platform::MaterialDecision>
+    ChooseMaterial(const platform::MaterialRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const platform::ListRequest& request) override;
     std::optional<std::vector<platform::ItemPropertyInput>>
     EditItemProperties(const platform::ItemPropertiesRequest& request) override;
@@ -30,6 +37,8 @@ public:
 
 private:
     QWidget& m_window;
+    /// Null until somebody looks into it.
+    std::unique_ptr<MaterialBook> m_materials;
 };
 
 } // namespace desktop

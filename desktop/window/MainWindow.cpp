@@ -190,6 +190,11 @@ QWidget* MainWindow::MakePanel() {
         // What was said of the time before is no news any more.
         m_note->clear();
         ShowState();
+        // A link that was clicked has no editor to tell why nothing came of it.
+        if (const SharedText refusal = m_session->TakeRefusal(); !refusal.IsEmpty())
+            statusBar()->showMessage(
+                tr("Nothing was changed: %1").arg(QString::fromStdWString(refusal.Str())),
+                c_messageMilliseconds);
     });
     connect(m_tree, &PanelTree::EditorLeft, this, &MainWindow::DoWhatWaits, Qt::QueuedConnection);
     connect(m_tree, &PanelTree::TypedInVain, this, [this](const QString& column) {

@@ -105,6 +105,8 @@ void MainWindow::RunCommand(unsigned command, const std::function<void()>& run) 
         statusBar()->showMessage(
             QStringLiteral("%1: %2").arg(TextOf(command), QString::fromStdWString(refusal.Str())),
             c_messageMilliseconds);
+    else if (const SharedText note = m_session->TakeNote(); !note.IsEmpty())
+        statusBar()->showMessage(QString::fromStdWString(note.Str()), c_messageMilliseconds);
     m_note->clear();
     ShowState();
 }

@@ -74,6 +74,11 @@ ScriptedDecisions::ChooseRoughness(const RoughnessRequest& request) {
     return TakeFirst(m_roughness);
 }
 
+std::optional<MaterialDecision> ScriptedDecisions::ChooseMaterial(const MaterialRequest& request) {
+    m_materialRequests.push_back(request);
+    return TakeFirst(m_materials);
+}
+
 std::optional<std::vector<bool>> ScriptedDecisions::ChooseSeveral(const ListRequest& request) {
     m_listRequests.push_back(request);
     return TakeFirst(m_lines);

@@ -1,5 +1,6 @@
 // How anything asks the user to decide: a question with buttons, a text to enter, a file to open or
-// to write, a property to link to, a section, a roughness, values of properties, a message to take
+// to write, a property to link to, a section, a roughness, a material, values of properties,
+// a message to take
 // note of. The program answers with real dialogs, a test with a script. Code that needs a decision
 // is given an IUserDecisions and knows no dialog.
 #pragma once
@@ -169,6 +170,62 @@ struct RoughnessRequest {
     SharedText refusal;
 };
 
+/// Material, density and mass of some objects are to be chosen together. Numbers are as they are
+/// shown.
+struct MaterialRequest {
+    struct Material {
+        /// As it stands in the column.
+        SharedText name;
+        std::optional<double> density;
+
+        friend bool operator==(const Material&, const Material&) = default;
+    };
+    /// What can be said of one property of all the objects.
+    struct Field {
+        /// Why it can't be changed for any of them; empty where it can.
+        SharedText fixed;
+        /// They have different values.
+        bool isMixed = false;
+    };
+    struct Number : Field {
+        /// What all of them have; no value: they have none, or not the same.
+        std::optional<double> value;
+        SharedText unit;
+        /// What is multiplied with a number of kg or kg/m3 to be shown.
+        double coefficient = 1;
+        /// What is allowed.
+        double min = 0;
+        double max = 0;
+    };
+    /// For how many of the objects a volume is known.
+    enum class Volumes { None, Some, All };
+
+    SharedText title;
+    std::size_t objectCount = 0;
+    Field material;
+    /// What all of them have; empty: none, or not the same.
+    SharedText materialName;
+    Number density;
+    Number mass;
+    Volumes volumes = Volumes::None;
+    /// In cubic metres, where all of them have the same.
+    std::optional<double> volume;
+    /// What the user should know beforehand, a sentence each: what some of the objects keep.
+    std::vector<SharedText> notes;
+    /// The materials that stand in the product, each of them once.
+    std::vector<Material> fromFile;
+};
+
+/// What of it is to be set. No value: it stays as it is.
+struct MaterialDecision {
+    /// Empty: there is to be none.
+    std::optional<SharedText> name;
+    /// An inner no value: there is to be none. Of the mass also: it follows from volume and density
+    /// where it can.
+    std::optional<std::optional<double>> density;
+    std::optional<std::optional<double>> mass;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -183,6 +240,7 @@ public:
     virtual std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) = 0;
     virtual std::optional<SectionDecision> ChooseSection(const SectionRequest& request) = 0;
     virtual std::optional<RoughnessDecision> ChooseRoughness(const RoughnessRequest& request) = 0;
+    virtual std::optional<MaterialDecision> ChooseMaterial(const MaterialRequest& request) = 0;
     /// Which lines are chosen now, as many as were offered.
     virtual std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) = 0;
     /// The lines that the user has changed; no value when he has cancelled.
@@ -236,6 +294,10 @@ public:
         m_roughness.push_back(std::move(decision));
     }
 
+    void ChooseNextMaterial(std::optional<MaterialDecision> decision) {
+        m_materials.push_back(std::move(decision));
+    }
+
     void EditNextItemProperties(std::optional<std::vector<ItemPropertyInput>> inputs) {
         m_itemProperties.push_back(std::move(inputs));
     }
@@ -249,6 +311,7 @@ public:
     const std::vector<RoughnessRequest>& GetRoughnessRequests() const {
         return m_roughnessRequests;
     }
+    const std::vector<MaterialRequest>& GetMaterialRequests() const { return m_materialRequests; }
     const std::vector<ListRequest>& GetListRequests() const { return m_listRequests; }
     const std::vector<ItemPropertiesRequest>& GetItemPropertiesRequests() const {
         return m_itemPropertiesRequests;
@@ -262,6 +325,7 @@ public:
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
     std::optional<SectionDecision> ChooseSection(const SectionRequest& request) override;
     std::optional<RoughnessDecision> ChooseRoughness(const RoughnessRequest& request) override;
+    std::optional<MaterialDecision> ChooseMaterial(const MaterialRequest& request) override;
     std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) override;
     std::optional<std::vector<ItemPropertyInput>>
     EditItemProperties(const ItemPropertiesRequest& request) override;
@@ -275,6 +339,7 @@ private:
     std::deque<std::optional<PropertyChoice>> m_properties;
     std::deque<std::optional<SectionDecision>> m_sections;
     std::deque<std::optional<RoughnessDecision>> m_roughness;
+    std::deque<std::optional<MaterialDecision>> m_materials;
     std::deque<std::optional<std::vector<bool>>> m_lines;
     std::deque<std::optional<std::vector<ItemPropertyInput>>> m_itemProperties;
     std::vector<Question> m_questions;
@@ -284,6 +349,7 @@ private:
     std::vector<PropertyRequest> m_propertyRequests;
     std::vector<SectionRequest> m_sectionRequests;
     std::vector<RoughnessRequest> m_roughnessRequests;
+    std::vector<MaterialRequest> m_materialRequests;
     std::vector<ListRequest> m_listRequests;
     std::vector<ItemPropertiesRequest> m_itemPropertiesRequests;
     std::vector<SharedText> m_messages;

@@ -11,6 +11,7 @@ add_executable(hostTests
     ProductHistoryTest.cpp
     ProductIndexTest.cpp
     ProductLinksTest.cpp
+    ProductMaterialsTest.cpp
     ProductQuestionsTest.cpp
     ProductStructureTest.cpp
     ProductValuesTest.cpp

@@ -1,14 +1,13 @@
 #include "platform/product/answers/ItemProperties.h"
 
-#include "host/MeasurementDataBase.h"
 #include "host/NumberTexts.h"
 #include "host/ProductProperties.h"
+#include "platform/product/answers/UserWords.h"
 #include "platform/product/model/ListValues.h"
 #include "platform/product/model/ProductTexts.h"
+#include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -18,23 +17,7 @@ namespace {
 
 using Kind = ItemPropertiesRequest::Kind;
 
-/// As many decimal digits as any double keeps.
-constexpr int c_digits = 15;
 constexpr int c_limitDigits = 6;
-
-/// Without what binary makes of a decimal fraction.
-double Rounded(double value) {
-    std::array<char, 32> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::scientific, c_digits - 1);
-    double rounded = value;
-    std::from_chars(text.data(), end.ptr, rounded);
-    return rounded;
-}
-
-double CoefficientOf(const PropertyRecord& record) {
-    return record.unitCoefficient == 0 ? 1 : record.unitCoefficient;
-}
 
 Kind KindOf(const PropertyRecord& record, const PropValue& value) {
     if (value.GetSimpleValue().GetType() == SimplePropVal::TypeDateTime)
@@ -51,12 +34,6 @@ Kind KindOf(const PropertyRecord& record, const PropValue& value) {
     default:
         return Kind::Text;
     }
-}
-
-SharedText MarkingText(const PropValue& value) {
-    VariantMarking marking;
-    marking.FromPropertyTree(value.GetPropertyTree());
-    return marking.Make(VariantMarkingData::MakeAll, false, false);
 }
 
 ItemPropertiesRequest::Value ToShown(const PropertyRecord& record, Kind kind,
@@ -76,17 +53,6 @@ ItemPropertiesRequest::Value ToShown(const PropertyRecord& record, Kind kind,
     if (kind == Kind::Double && isNumber)
         return Rounded(value.to_double() * CoefficientOf(record));
     return record.number == ProductProperties::markingId ? MarkingText(value) : value.to_wstring();
-}
-
-SharedText CaptionOf(const PropertyRecord& record) {
-    const IfMeasurementDataBaseMng* const units = GetMeasurementDataBaseMng();
-    const std::wstring unit = units ? units->GetUnitName(record.unitCode) : L"";
-    return unit.empty() ? SharedText(record.caption) : SharedText(record.caption + L", " + unit);
-}
-
-SharedText NameOf(const ShownValues& shown, const PartEntry& part) {
-    const SharedText name = shown.Get(part, ProductProperties::nameId).to_wstring();
-    return name.IsEmpty() ? MarkingText(shown.Get(part, ProductProperties::markingId)) : name;
 }
 
 } // namespace

@@ -175,6 +175,8 @@ public:
                      const std::vector<std::pair<UniqueMetaObjectKey, PropValue>>& values) override;
 
     bool IsSimplifiedMode() const override;
+    /// Objects whose values can't be changed keep them; where that goes for all, nobody is asked.
+    /// The density goes with the material.
     bool EditMip(const std::vector<UniqueMetaObjectKey>& keys, MipSource source) override;
 
     /// Asks for the sign and the text together. A part of which neither can be changed is refused.
@@ -335,6 +337,8 @@ private:
 
     /// Asks for the property that these are to show, which have a link or have none yet.
     bool ChooseLinks(const std::vector<PropertyRef>& refs, bool areNew);
+    bool ChooseMaterial(const std::vector<UniqueMetaObjectKey>& keys);
+    bool TakeMaterialsAway(const std::vector<UniqueMetaObjectKey>& keys);
     /// Makes the part what the lines say. False, with the reasons in the lines, when it can't be.
     bool CommitProperties(ItemProperties& properties);
 

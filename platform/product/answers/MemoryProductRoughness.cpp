@@ -80,7 +80,7 @@ bool MemoryProduct::EditRoughSign(const UniqueMetaObjectKey& key,
             return false;
         RoughnessRequest request = MakeRequest(m_state->GetRules(), *part);
         if (!request.canChangeSign && !request.canChangeText) {
-            m_state->refusal = ProductText::RefusedReadOnly;
+            m_state->refusal = ProductText::RefusedFixed;
             return false;
         }
         if (wanted) {

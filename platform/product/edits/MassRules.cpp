@@ -2,9 +2,11 @@
 
 #include "platform/product/model/AssemblyLevels.h"
 #include "platform/product/model/PropertyNumbers.h"
+#include "platform/product/model/ValueFitting.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -20,20 +22,20 @@ PropertyValues::value_type* FindValue(ObjectRecord& object, unsigned long number
     return found == object.properties.end() ? nullptr : &*found;
 }
 
-PropValue MassOf(double volume, const PropValue& density) {
-    const double mass = volume * density.to_double();
-    return density.IsEmpty() || !std::isfinite(mass) ? PropValue() : PropValue(SimplePropVal(mass));
+/// Older files have masses with all that binary makes of them.
+PropValue RoundedMass(const PropValue& mass) {
+    return PropValue(SimplePropVal(Rounded(mass.to_double())));
 }
 
 void ApplyVolume(ObjectRecord& object, double volume) {
     const auto* const density = FindValue(object, number::density);
     const auto* const before = FindValue(object, number::mass);
     const auto massOf = [&](double cubicMetres) {
-        return density ? MassOf(cubicMetres, density->second) : PropValue();
+        return density ? MakeMass(cubicMetres, density->second) : PropValue();
     };
     // A mass that does not follow from the volume was typed, and stays.
     const bool isTyped = before && !before->second.IsEmpty() &&
-                         !(object.volume && before->second == massOf(*object.volume));
+                         !(object.volume && RoundedMass(before->second) == massOf(*object.volume));
     object.volume = volume;
     const PropValue mass = massOf(volume);
     if (mass.IsEmpty() || isTyped)
@@ -73,7 +75,8 @@ std::optional<double> SumPartMasses(const ProductModel& model, const ProductInde
             return std::nullopt;
         sum += mass.to_double() * object.object->useCount;
     }
-    return model.objects.empty() || !std::isfinite(sum) ? std::nullopt : std::optional(sum);
+    return model.objects.empty() || !std::isfinite(sum) ? std::nullopt
+                                                        : std::optional(Rounded(sum));
 }
 
 using Masses = std::unordered_map<UniqueMetaObjectKey, std::optional<double>>;
@@ -111,12 +114,18 @@ Masses SumAssemblies(const ProductModel& model) {
             }
             sum = sum.value_or(0) + *mass * static_cast<double>(component.occurrences.size());
         }
-        masses[(*assembly)->object] = sum && std::isfinite(*sum) ? sum : std::nullopt;
+        const double whole = Rounded(sum.value_or(std::numeric_limits<double>::infinity()));
+        masses[(*assembly)->object] = std::isfinite(whole) ? std::optional(whole) : std::nullopt;
     }
     return masses;
 }
 
 } // namespace
+
+PropValue MakeMass(double volume, const PropValue& density) {
+    const double mass = Rounded(volume * density.to_double());
+    return density.IsEmpty() || !std::isfinite(mass) ? PropValue() : PropValue(SimplePropVal(mass));
+}
 
 void ApplyVolumes(ProductModel& model, const PartVolumes& volumes) {
     const std::unordered_map<UniqueMetaObjectKey, double> byKey(volumes.begin(), volumes.end());
@@ -139,7 +148,7 @@ std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor) {
         const ShownValues shown(editor.GetIndex());
         const ValueHolder mass{part, number::mass};
         const PropValue wanted =
-            MassOf(*part->object->record->volume, shown.Get(*part, number::density));
+            MakeMass(*part->object->record->volume, shown.Get(*part, number::density));
         // Also a mass that stays belongs to the step: the way back must not work it out anew.
         if (shown.FindLink(mass))
             continue;

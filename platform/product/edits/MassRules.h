@@ -13,6 +13,9 @@ namespace platform {
 /// By objects' keys, in cubic metres.
 using PartVolumes = std::vector<std::pair<UniqueMetaObjectKey, double>>;
 
+/// What an object of that volume and density weighs; an empty value without a density.
+PropValue MakeMass(double volume, const PropValue& density);
+
 /// Notes the volumes, and gives the objects that have a density their masses. The product's own is
 /// worked out by MemoryProduct, where it is a sum. Objects that the model does not have are
 /// ignored, and so are volumes that are no positive numbers.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <boost/property_tree/ptree.hpp>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <sstream>
@@ -22,6 +23,9 @@ using namespace value_type;
 
 /// Between the values that a group shows together.
 constexpr wchar_t c_listSeparator = L';';
+
+/// As many decimal digits as any double keeps.
+constexpr int c_digits = 15;
 
 bool IsGoodCharacter(wchar_t c) {
     return c != 0 && IsCodePoint(static_cast<char32_t>(c));
@@ -138,6 +142,15 @@ std::optional<double> FindNumber(const SimplePropVal& value) {
     default:
         return std::nullopt;
     }
+}
+
+double Rounded(double value) {
+    std::array<char, 32> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, c_digits - 1);
+    double rounded = value;
+    std::from_chars(text.data(), end.ptr, rounded);
+    return rounded;
 }
 
 std::optional<PropValue> FitValue(const PropertyRecord& property, const PropValue& value) {

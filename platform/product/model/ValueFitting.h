@@ -14,6 +14,9 @@ inline constexpr std::size_t c_maxTextSize = 10'000;
 /// The number that a number or a text is; no value for any other value or text.
 std::optional<double> FindNumber(const SimplePropVal& value);
 
+/// Without what binary makes of a decimal fraction.
+double Rounded(double value);
+
 /// The value in the property's type; an empty one for no value, also for an empty text. No value:
 /// it is refused, being of another kind, not in the list, not in the range where that is binding,
 /// no finite number, or a text that is too long, not Unicode or holds a null character.
