@@ -136,6 +136,15 @@ public:
     /// Where a column of counts stands for several embodiments: to which of them a count goes that
     /// is typed in that row. Empty in other columns.
     SharedText FindCountNote(const platform::TreeTableRow& row, const std::wstring& columnId) const;
+    /// What the mass of the row is added up from; nothing for a row of which it is no sum.
+    platform::MassesBelow FindMassesBelow(const platform::TreeTableRow& row) const;
+    /// The rows below that one, from top to bottom, of parts without a mass, and of assemblies in
+    /// which there are some. A group is in it by its members.
+    std::vector<platform::TreeTableRow*> FindRowsWithoutMass(platform::TreeTableRow& row) const;
+    /// The mass of what is shown is a sum that has no value.
+    bool LacksMass() const;
+    /// Mass, density and material are typed, or come from a dialog alone: a step of the product.
+    void SetSimplified(bool isSimplified);
     /// A command of the panel has run: it may have opened an assembly.
     void FollowCommand();
     /// Writes volumes and masses into the document, which is no step to undo. Those of a reading
@@ -207,6 +216,8 @@ private:
     bool Enter(const platform::ProductLevel& level);
     /// The level may be another one: undoing goes where it was done.
     void FollowLevel();
+    /// Those below the part, or the part by itself where its mass is no sum.
+    platform::MassesBelow FindMassesOf(const UniqueMetaObjectKey& part) const;
     UniqueMetaObjectKey FindAssembly(const platform::TreeTableRow& row) const;
     SharedText NameOf(const UniqueMetaObjectKey& assembly) const;
 

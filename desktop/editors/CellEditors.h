@@ -25,6 +25,9 @@ struct EditorRequest {
     /// What stands in an empty editor until something is typed.
     QString hint;
 
+    /// Of texts: there is a menu to choose from as well.
+    bool hasMenu = false;
+
     /// Of numbers: by how much a key changes one.
     double step = 1;
     /// Of numbers, truth values and lists.

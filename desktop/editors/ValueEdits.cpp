@@ -1,7 +1,9 @@
 #include "desktop/editors/ValueEdits.h"
 
 #include "desktop/editors/LocaleNumbers.h"
+#include "desktop/icons/IconGlyphs.h"
 
+#include <QAction>
 #include <QKeyEvent>
 
 #include <limits>
@@ -28,10 +30,15 @@ QString ToText(const QVariant& number) {
 } // namespace
 
 TextEdit::TextEdit(const EditorRequest& request, QWidget* parent)
-    : QLineEdit(parent), m_pictures(request.value.toString()) {
+    : QLineEdit(parent), m_pictures(request.value.toString()), m_hasMenu(request.hasMenu) {
     setMaxLength(c_longestText);
     setPlaceholderText(request.hint);
     setText(m_pictures.Show(request.value.toString()));
+    if (!m_hasMenu)
+        return;
+    QAction* const menu = addAction(glyphs::MakeIcon(glyphs::Down), QLineEdit::TrailingPosition);
+    menu->setToolTip(tr("Choose from a list (Alt+Down)"));
+    connect(menu, &QAction::triggered, this, &TextEdit::MenuWanted);
 }
 
 std::optional<QVariant> TextEdit::TakeInput() const {
@@ -45,7 +52,26 @@ bool TextEdit::TypesLineBreak(const QKeyEvent& event) {
     return isEnter && event.modifiers().testFlag(Qt::ShiftModifier);
 }
 
+bool TextEdit::OpensMenu(const QKeyEvent& event) {
+    return (event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier) ||
+           (event.key() == Qt::Key_F4 && event.modifiers() == Qt::NoModifier);
+}
+
+bool TextEdit::event(QEvent* event) {
+    // The window has the same keys for something else.
+    if (m_hasMenu && event->type() == QEvent::ShortcutOverride &&
+        OpensMenu(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
 void TextEdit::keyPressEvent(QKeyEvent* event) {
+    if (m_hasMenu && OpensMenu(*event)) {
+        emit MenuWanted();
+        return;
+    }
     if (TypesLineBreak(*event)) {
         insert(m_pictures.Show(QStringLiteral("\n")));
         return;

@@ -10,7 +10,8 @@
 namespace desktop {
 
 /// One line, in which line breaks and other control characters show as letters. Shift and Enter
-/// types a line break.
+/// types a line break. Where there is a menu to choose from, the arrow at its end, Alt and Down and
+/// F4 ask for it.
 class TextEdit final : public QLineEdit, public CellEditor {
     Q_OBJECT
 
@@ -19,12 +20,19 @@ public:
 
     std::optional<QVariant> TakeInput() const override;
     static bool TypesLineBreak(const QKeyEvent& event);
+    /// The key opens what there is to choose from, here and at cells.
+    static bool OpensMenu(const QKeyEvent& event);
+
+signals:
+    void MenuWanted();
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     ControlPictures m_pictures;
+    bool m_hasMenu;
 };
 
 /// A number in the user's locale. Up and Down change it by a step; what is no number is red. Limits

@@ -260,4 +260,8 @@ void Calendar(QPainter& painter) {
     Lines(painter, c_grey, 1.4, {{5, 9, 5, 9}, {8, 9, 8, 9}, {11, 9, 11, 9}, {5, 11.5, 5, 11.5}});
 }
 
+void Down(QPainter& painter) {
+    Fill(painter, c_grey, {{3.5, 6}, {12.5, 6}, {8, 11}});
+}
+
 } // namespace desktop::glyphs

@@ -55,5 +55,7 @@ void HalfChain(QPainter& painter);
 void Pencil(QPainter& painter);
 /// A date can be chosen here.
 void Calendar(QPainter& painter);
+/// A list opens here.
+void Down(QPainter& painter);
 
 } // namespace desktop::glyphs

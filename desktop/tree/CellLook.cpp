@@ -29,13 +29,14 @@ struct HeadEditor {
 
 // clang-format off
 constexpr std::array c_headEditors = {
-    HeadEditor{HeadKind::Name,   EditKind::Text},
-    HeadEditor{HeadKind::Text,   EditKind::Text},
-    HeadEditor{HeadKind::Int,    EditKind::Int},
-    HeadEditor{HeadKind::Double, EditKind::Double},
-    HeadEditor{HeadKind::List,   EditKind::List},
-    HeadEditor{HeadKind::Bool,   EditKind::Bool},
-    HeadEditor{HeadKind::Count,  EditKind::Text},
+    HeadEditor{HeadKind::Name,        EditKind::Text},
+    HeadEditor{HeadKind::Designation, EditKind::Designation},
+    HeadEditor{HeadKind::Text,        EditKind::Text},
+    HeadEditor{HeadKind::Int,         EditKind::Int},
+    HeadEditor{HeadKind::Double,      EditKind::Double},
+    HeadEditor{HeadKind::List,        EditKind::List},
+    HeadEditor{HeadKind::Bool,        EditKind::Bool},
+    HeadEditor{HeadKind::Count,       EditKind::Text},
 };
 // clang-format on
 
@@ -108,11 +109,20 @@ bool IsOfMoments(const TreeTableRow& row, const TreeCell& cell) {
     return false;
 }
 
+bool HasEntries(const IMenuItems* menu) {
+    return menu && menu->GetEntryCount() > 0;
+}
+
 CellLook ValueLook(const TreeTableRow& row, const TreeCell& cell) {
     CellLook look;
     look.isReadOnly = !cell.IsEditable() || row.IsReadOnly();
-    if (!look.isReadOnly)
+    look.opensDialog =
+        !look.isReadOnly && cell.GetKind() == CellKind::List && cell.GetList().empty();
+    if (!look.isReadOnly && !look.opensDialog)
         look.kind = IsOfMoments(row, cell) ? EditKind::Moment : EditKindOf(cell.GetKind());
+    // A menu of a cell that takes nothing would offer what does nothing.
+    if (look.kind == EditKind::Text && HasEntries(cell.GetPopup()))
+        look.menu = cell.GetPopup();
     look.link = LinkOf(cell.GetKind() == CellKind::Link, cell.GetLinkStyle());
     look.isOutdated = cell.IsOutdated() || cell.IsRecalculable();
     look.sourceIcon = row.GetIconOf(cell);
@@ -181,6 +191,7 @@ EditorRequest ValueEditor(const TreeTableRow& row, const ColumnHead& head, const
     editor.step = cell.GetStep();
     editor.canBeEmpty = CanBeEmptied(row, head, cell);
     editor.list = ToStrings(cell.GetList());
+    editor.hasMenu = HasEntries(cell.GetPopup());
     return editor;
 }
 
@@ -250,6 +261,7 @@ EditorRequest GetHeadEditor(const ColumnHead& head) {
     if (row != c_headEditors.end() && head.IsEditable())
         editor.kind = row->editor;
     editor.list = ToStrings(head.list);
+    editor.hasMenu = HasEntries(head.popup.get());
     return editor;
 }
 

@@ -5,6 +5,8 @@
 #include "desktop/editors/CellEditors.h"
 #include "host/SharedText.h"
 
+class IMenuItems;
+
 namespace platform {
 class TreeTableRow;
 struct ColumnHead;
@@ -22,8 +24,14 @@ struct CellLook {
     LinkLook link = LinkLook::None;
     /// The value does not agree with its source any more, or a count not with the product.
     bool isOutdated = false;
+    /// The cell has nothing to choose from yet: its value is made in a dialog.
+    bool opensDialog = false;
     /// The resource name of the by-source icon.
     SharedText sourceIcon;
+    /// Texts to choose from and the like, for a cell that can be edited; null for none.
+    IMenuItems* menu = nullptr;
+
+    bool TakesValues() const { return kind != EditKind::None || opensDialog; }
 };
 
 CellLook GetCellLook(const platform::TreeTableRow& row, const platform::ColumnHead& head);

@@ -2,13 +2,14 @@
 
 #include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/GroupValues.h"
-#include "desktop/tree/TreeItemModel.h"
 
 #include <QTextDocument>
 
 namespace desktop {
 
 namespace {
+
+constexpr std::wstring_view c_mass = L"mass";
 
 QString ToQString(const SharedText& text) {
     return QString::fromStdWString(text.Str());
@@ -26,9 +27,7 @@ void AddLines(QString& tip, const QString& lines) {
 
 } // namespace
 
-QString MakeCellTip(const QModelIndex& index,
-                    const std::function<SharedText(const platform::TreeTableRow&,
-                                                   const std::wstring& columnId)>& countNote) {
+QString MakeCellTip(const QModelIndex& index, const TreeItemModel::Questions& questions) {
     const platform::TreeTableRow& row = TreeItemModel::RowOf(index);
     const platform::ColumnHead& head = TreeItemModel::HeadOf(index);
     QString tip = GroupValues(row, head).MakeTip();
@@ -37,8 +36,10 @@ QString MakeCellTip(const QModelIndex& index,
     if (tip.isEmpty())
         tip = GetCellText(row, head);
     const bool isCount = head.kind == platform::HeadKind::Count;
-    if (countNote && isCount && TreeItemModel::LookOf(index).kind != EditKind::None)
-        AddLines(tip, ToQString(countNote(row, head.id)));
+    if (questions.countNote && isCount && TreeItemModel::LookOf(index).kind != EditKind::None)
+        AddLines(tip, ToQString(questions.countNote(row, head.id)));
+    if (questions.massNote && head.id == c_mass)
+        AddLines(tip, questions.massNote(row));
     if (head.kind == platform::HeadKind::Name) {
         const auto& model = static_cast<const TreeItemModel&>(*index.model());
         AddLines(tip, AttributeBoxes::MakeRowTip(model.GetView(), row));

@@ -1,10 +1,13 @@
 #include "desktop/tree/PanelHead.h"
 
-#include "desktop/editors/CellEditors.h"
+#include "desktop/editors/DesignationEdit.h"
+#include "desktop/editors/ValueEdits.h"
 #include "desktop/icons/IconGlyphs.h"
 #include "desktop/tree/AttributeBoxes.h"
+#include "desktop/tree/EditorDraft.h"
 #include "desktop/tree/TreeItemModel.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -63,8 +66,7 @@ void PanelHead::OfferEditors(int rows) {
 }
 
 bool PanelHead::IsOffered(int column) const {
-    if (m_rows < 2 || !model() || column < 0 || column >= count() ||
-        Model().GetHeadEditor(column).kind == EditKind::None)
+    if (m_rows < 2 || !model() || column < 0 || column >= count() || !Model().CanEditHead(column))
         return false;
     // Asked at each painting, and answered by a walk over the selected rows.
     m_takes.resize(static_cast<std::size_t>(count()));
@@ -78,31 +80,66 @@ void PanelHead::OpenEditor(int column) {
     CloseEditor();
     if (!IsOffered(column))
         return;
+    if (Model().IsLinkHead(column)) {
+        // Not from inside the click: the columns may go while the dialog is open.
+        QMetaObject::invokeMethod(
+            this, [this, column] { emit LinkClicked(column); }, Qt::QueuedConnection);
+        return;
+    }
+    MakeEditorOf(column);
+    ListenToEditor();
+    m_editor->setFocus(Qt::OtherFocusReason);
+}
+
+void PanelHead::MakeEditorOf(int column) {
     EditorRequest request = Model().GetHeadEditor(column);
     if (request.kind == EditKind::Text && Model().AreMoments(column))
         request.kind = EditKind::Moment;
     request.hint =
         tr("%1 of %2 rows").arg(model()->headerData(column, orientation()).toString()).arg(m_rows);
-    m_editor = MakeEditor(request, viewport());
+    const bool isDesignation = request.kind == EditKind::Designation;
+    // The names of the parts stand below the head, over the first row.
+    m_editor = MakeEditor(request, isDesignation ? parentWidget() : viewport());
     m_column = column;
-    m_editor->setToolTip(tr("Enter gives the value to all %1 selected rows").arg(m_rows));
+    m_editor->setToolTip(
+        isDesignation
+            ? tr("Enter replaces the designations of all %1 selected rows; a part that is left "
+                 "empty is empty then")
+                  .arg(m_rows)
+            : tr("Enter gives the value to all %1 selected rows").arg(m_rows));
     m_editor->setGeometry(EditorPlace(column, *m_editor));
     m_editor->installEventFilter(this);
     m_editor->show();
-    m_editor->setFocus(Qt::OtherFocusReason);
-    if (auto* choice = qobject_cast<QComboBox*>(m_editor)) {
-        // Not from inside the choice's own signal: the editor goes with its value.
+}
+
+void PanelHead::ListenToEditor() {
+    // Not from inside the editor's own signal: it goes with its value.
+    if (auto* const choice = qobject_cast<QComboBox*>(m_editor))
         connect(choice, &QComboBox::activated, this, &PanelHead::Give, Qt::QueuedConnection);
+    if (auto* const text = qobject_cast<TextEdit*>(m_editor)) {
+        connect(text, &TextEdit::MenuWanted, this, [this] { emit ListWanted(m_column); });
+    }
+    if (auto* const designation = qobject_cast<DesignationEdit*>(m_editor)) {
+        connect(
+            designation, &DesignationEdit::Left, this,
+            [this](QAbstractItemDelegate::EndEditHint hint) {
+                if (!m_editor)
+                    return;
+                if (hint == QAbstractItemDelegate::SubmitModelCache)
+                    Give();
+                else if (hint == QAbstractItemDelegate::EditNextItem ||
+                         hint == QAbstractItemDelegate::EditPreviousItem)
+                    OpenNext(hint == QAbstractItemDelegate::EditNextItem ? 1 : -1);
+                else
+                    CloseEditor();
+            },
+            Qt::QueuedConnection);
     }
 }
 
 void PanelHead::MoveEditor() {
     if (m_editor)
         m_editor->setGeometry(EditorPlace(m_column, *m_editor));
-}
-
-QLineEdit* PanelHead::GetLine() const {
-    return qobject_cast<QLineEdit*>(m_editor);
 }
 
 void PanelHead::CloseEditor() {
@@ -112,7 +149,8 @@ void PanelHead::CloseEditor() {
     m_column = -1;
     editor->removeEventFilter(this);
     // Before it is hidden, which would hand the keys on to anybody.
-    if (editor->hasFocus() && parentWidget())
+    const QWidget* const focus = QApplication::focusWidget();
+    if ((editor == focus || editor->isAncestorOf(focus)) && parentWidget())
         parentWidget()->setFocus();
     editor->hide();
     editor->deleteLater();
@@ -123,7 +161,12 @@ QRect PanelHead::EditorPlace(int column, const QWidget& editor) const {
     const int smallest = std::max(c_smallestEditor, editor.minimumSizeHint().width());
     const int width = std::min(viewport()->width(), std::max(sectionSize(column) - 1, smallest));
     const int left = std::clamp(sectionViewportPosition(column), 0, viewport()->width() - width);
-    return {left, 1, width, viewport()->height() - 2};
+    const QRect place(left, 1, width, viewport()->height() - 2);
+    const auto* const designation = qobject_cast<const DesignationEdit*>(&editor);
+    if (!designation)
+        return place;
+    return {viewport()->mapTo(parentWidget(), place.topLeft()),
+            QSize(width, place.height() + designation->GetLabelHeight())};
 }
 
 bool PanelHead::eventFilter(QObject* watched, QEvent* event) {
@@ -166,7 +209,9 @@ void PanelHead::Give() {
         return;
     const std::optional<QVariant> value = TakeInput(*m_editor);
     const int column = m_column;
-    const QString typed = GetLine() ? GetLine()->text() : QString();
+    QStringList typed;
+    for (const QLineEdit* const line : LinesOf(*m_editor))
+        typed += line->text();
     CloseEditor();
     if (value)
         emit ValueGiven(column, *value, typed);
@@ -174,7 +219,11 @@ void PanelHead::Give() {
 
 void PanelHead::OpenNext(int direction) {
     int next = visualIndex(m_column) + direction;
-    while (next >= 0 && next < count() && !IsOffered(logicalIndex(next)))
+    // A link would open its dialog.
+    const auto isPassed = [this](int column) {
+        return !IsOffered(column) || Model().IsLinkHead(column);
+    };
+    while (next >= 0 && next < count() && isPassed(logicalIndex(next)))
         next += direction;
     if (next >= 0 && next < count())
         OpenEditor(logicalIndex(next));
@@ -208,6 +257,16 @@ bool PanelHead::viewportEvent(QEvent* event) {
                                    layoutDirection());
         if (const std::optional<int> id = boxes.FindAt(help.pos())) {
             QToolTip::showText(help.globalPos(), AttributeBoxes::CaptionOf(*id), this);
+            return true;
+        }
+        const int column = logicalIndexAt(help.pos());
+        if (column >= 0 && IsOffered(column) && Model().IsLinkHead(column)) {
+            const QString caption = model()->headerData(column, orientation()).toString();
+            QToolTip::showText(help.globalPos(),
+                               tr("%1: a click opens the dialog for all %2 selected rows")
+                                   .arg(caption)
+                                   .arg(m_rows),
+                               this);
             return true;
         }
     }
@@ -264,7 +323,13 @@ void PanelHead::paintSection(QPainter* painter, const QRect& rect, int column) c
     }
     const QString caption = model()->headerData(column, orientation()).toString();
     const int alignment = model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt();
-    painter->setPen(palette().color(QPalette::ButtonText));
+    const bool isLink = isOffered && Model().IsLinkHead(column);
+    painter->setPen(palette().color(isLink ? QPalette::Link : QPalette::ButtonText));
+    if (isLink) {
+        QFont underlined = painter->font();
+        underlined.setUnderline(true);
+        painter->setFont(underlined);
+    }
     if (const std::optional<QFont> own = OwnFont(*model(), column)) {
         painter->setFont(*own);
         painter->fillRect(rect.left(), bottom - c_activeLine + 1, rect.width() - 1, c_activeLine,

@@ -1,6 +1,6 @@
 // The heads of the panel's columns: flat, with room around the captions, and captions cut at their
 // end when the column is narrow. While several rows are selected, a click on a head opens an editor
-// in its place, which gives all of them one value.
+// in its place, which gives all of them one value, or leads to the dialog that does so.
 #pragma once
 
 #include <QHeaderView>
@@ -10,8 +10,6 @@
 #include <memory>
 #include <optional>
 #include <vector>
-
-class QLineEdit;
 
 namespace desktop {
 
@@ -26,21 +24,26 @@ public:
     /// The selected rows are others, or can do other things: how many a value would be given to;
     /// fewer than two: none are offered. An open editor closes when the number changes.
     void OfferEditors(int rows);
-    /// Nothing happens where no editor is offered.
+    /// Nothing happens where no editor is offered. A head that is a link is clicked.
     void OpenEditor(int column);
     /// What was typed is forgotten.
     void CloseEditor();
     bool IsEditing() const { return m_editor != nullptr; }
-    /// What the user types into; null while there is no such editor.
-    QLineEdit* GetLine() const;
+    /// Null while there is none.
+    QWidget* GetEditor() const { return m_editor; }
+    int GetColumn() const { return m_column; }
 
     /// How far the first head stands from its place; 0 while it stands there.
     void SetFixedShift(const std::function<int()>& shift) { m_fixedShift = shift; }
 
 signals:
     /// The editor is closed by then. The columns may be replaced in consequence.
-    void ValueGiven(int column, const QVariant& value, const QString& typed);
+    void ValueGiven(int column, const QVariant& value, const QStringList& typed);
     void EditorClosed();
+    /// A head that is a link was clicked.
+    void LinkClicked(int column);
+    /// The user wants to choose from the menu of the column of the open editor.
+    void ListWanted(int column);
     /// The user wants the menu of that head, at that place on the screen.
     void MenuWanted(int column, QPoint place);
 
@@ -61,6 +64,8 @@ private:
     const TreeItemModel& Model() const;
     bool IsOffered(int column) const;
     void MoveEditor();
+    void MakeEditorOf(int column);
+    void ListenToEditor();
     bool IsOnFixedHead(const QMouseEvent& event) const;
     /// The event at the place where the base has the first head, if it is on that.
     QMouseEvent AtTheBase(const QMouseEvent& event) const;

@@ -29,6 +29,7 @@ const KeyRow c_keys[] = {
     {{Qt::Key_Escape},                                   "In an editor: leave the value as it was"},
     {{Qt::Key_Delete},                                   "In an editor: delete a letter"},
     {{Qt::ALT | Qt::Key_Down},                           "In an editor of dates: open the calendar"},
+    {{Qt::ALT | Qt::Key_Down, Qt::Key_F4},               "At a cell with an arrow and in its editor: open the list to choose from"},
 };
 // clang-format on
 

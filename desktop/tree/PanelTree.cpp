@@ -94,6 +94,8 @@ PanelTree::PanelTree(QWidget* parent)
         [this] { return QRect(columnViewportPosition(0) + NameShift(), 0, columnWidth(0), 1); });
     m_head->SetFixedShift([this] { return NameShift(); });
     connect(m_head, &PanelHead::ValueGiven, this, &PanelTree::GiveHeadValue);
+    connect(m_head, &PanelHead::LinkClicked, this, &PanelTree::ClickHead);
+    connect(m_head, &PanelHead::ListWanted, this, &PanelTree::ShowHeadTexts);
     connect(m_head, &PanelHead::MenuWanted, this, [this](int column, QPoint place) {
         if (CommitEditor())
             emit HeadMenuWanted(column, place);
@@ -296,6 +298,24 @@ void PanelTree::SelectAt(QPoint place) {
     if (index.isValid())
         setCurrentIndex(
             index.siblingAtColumn(std::min(m_currentColumn, m_model->columnCount() - 1)));
+}
+
+void PanelTree::SelectRowsOf(const std::vector<TreeTableRow*>& rows) {
+    if (rows.empty())
+        return;
+    std::vector<TreeRowPtr> all;
+    for (TreeTableRow* const row : rows) {
+        all.emplace_back(row);
+        for (QModelIndex above = m_model->IndexOf(*row).parent(); above.isValid();
+             above = above.parent())
+            expand(above);
+    }
+    const QModelIndex first =
+        m_model->IndexOf(*rows.front(), std::min(m_currentColumn, m_model->columnCount() - 1));
+    setCurrentIndex(first);
+    selectionModel()->select(RangesOf(*m_model, all), QItemSelectionModel::ClearAndSelect);
+    scrollTo(first.siblingAtColumn(0));
+    setFocus();
 }
 
 void PanelTree::ShowSelection() {

@@ -11,8 +11,11 @@
 #include <QPointer>
 #include <QTreeView>
 
+#include <functional>
 #include <optional>
 #include <vector>
+
+class IMenuItems;
 
 namespace platform {
 class TreeTableRow;
@@ -59,6 +62,8 @@ public:
     /// the row that has come there is selected, unless another one is current.
     std::optional<QPoint> FindSelectedPlace() const;
     void SelectAt(QPoint place);
+    /// From top to bottom, unfolded and the first of them in sight.
+    void SelectRowsOf(const std::vector<platform::TreeTableRow*>& rows);
     /// As a click with the right button on the current cell, and on the head above it.
     void AskForCellMenu();
     void AskForHeadMenu();
@@ -69,6 +74,12 @@ public:
     QModelIndex MenuCellOf(const QModelIndex& index) const;
     /// As a click on that box beside the name of the current row.
     void ClickAttribute(int columnId);
+    /// As a click on the arrow at the end of the current cell, where there is one.
+    void OpenMenuOfTexts();
+    /// Lets the user edit the list that such a menu is made of, and answers the command of what he
+    /// has picked there; no value for nothing. Without it no menu offers that.
+    using ListEditor = std::function<std::optional<int>(const IMenuItems&)>;
+    void SetListEditor(ListEditor editor) { m_listEditor = std::move(editor); }
     HighlightedRows& GetHighlighted() const { return *m_highlighted; }
 
     using QTreeView::edit;
@@ -93,6 +104,8 @@ signals:
     void EditorLeft();
     /// The user has typed on a cell that can't be edited.
     void TypedInVain(const QString& column);
+    /// The user wants the dialog in which the value of the current cell is made.
+    void DialogWanted();
     /// Something else has taken the row away while the user was typing.
     void DraftLost(const QString& column);
 
@@ -154,7 +167,14 @@ private:
     template <class Handle>
     void HandleMouse(QMouseEvent& event, const Handle& handle);
     void OpenCurrent();
-    void GiveHeadValue(int column, const QVariant& value, const QString& typed);
+    void GiveHeadValue(int column, const QVariant& value, const QStringList& typed);
+    void ClickHead(int column);
+    /// Below the cell, and below the open editor of the head.
+    void ShowCellTexts(const QPersistentModelIndex& cell);
+    void ShowHeadTexts(int column);
+    /// `take` gets the command of the chosen entry with its text.
+    void ShowTexts(IMenuItems& texts, QPoint place,
+                   const std::function<void(int command, const QString& text)>& take);
     /// The open editor of a cell; null for none.
     QWidget* CellEditorWidget() const;
     void HoldRefused(QWidget& editor);
@@ -180,6 +200,7 @@ private:
     PanelHead* m_head;
     RefusalNote* m_refusalNote;
     HighlightedRows* m_highlighted;
+    ListEditor m_listEditor;
     QWidget* m_closing = nullptr;
     QPersistentModelIndex m_edited;
     /// Of the input that is being taken; empty when it was not refused.

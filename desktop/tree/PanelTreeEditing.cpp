@@ -1,4 +1,5 @@
 // What the tree does with keys and clicks: moving along rows, folding, editing.
+#include "desktop/editors/ValueEdits.h"
 #include "desktop/tree/PanelHead.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/RefusalNote.h"
@@ -67,6 +68,9 @@ void PanelTree::mouseDoubleClickEvent(QMouseEvent* event) {
         mousePressEvent(event);
     else if (IsOnIconOfAssembly(event->position().toPoint()))
         emit AssemblyOpened();
+    else if (const QModelIndex cell = indexAt(event->position().toPoint());
+             cell.isValid() && TreeItemModel::LookOf(cell).opensDialog)
+        emit DialogWanted();
     else
         HandleMouse(*event,
                     [this](QMouseEvent& moved) { QTreeView::mouseDoubleClickEvent(&moved); });
@@ -93,6 +97,9 @@ void PanelTree::OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::S
     case RowDelegate::Spot::Assembly:
         emit AssemblyOpened();
         return;
+    case RowDelegate::Spot::Menu:
+        ShowCellTexts(index);
+        return;
     case RowDelegate::Spot::None:
         return;
     }
@@ -100,6 +107,13 @@ void PanelTree::OnSpotClicked(const QPersistentModelIndex& index, RowDelegate::S
 }
 
 bool PanelTree::event(QEvent* event) {
+    // The window has the same keys for something else.
+    if (event->type() == QEvent::ShortcutOverride && currentIndex().isValid() &&
+        TextEdit::OpensMenu(*static_cast<QKeyEvent*>(event)) &&
+        TreeItemModel::LookOf(currentIndex()).menu) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         const int direction = key == Qt::Key_Tab ? 1 : key == Qt::Key_Backtab ? -1 : 0;
@@ -118,6 +132,10 @@ void PanelTree::keyPressEvent(QKeyEvent* event) {
     // A key that an open editor has no use for comes here in the end.
     if (state() == EditingState && !hasFocus()) {
         QTreeView::keyPressEvent(event);
+        return;
+    }
+    if (TextEdit::OpensMenu(*event) && current.isValid() && TreeItemModel::LookOf(current).menu) {
+        OpenMenuOfTexts();
         return;
     }
     switch (event->key()) {
@@ -148,7 +166,11 @@ void PanelTree::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelTree::keyboardSearch(const QString&) {
-    if (m_model && currentIndex().isValid())
+    if (!m_model || !currentIndex().isValid())
+        return;
+    if (TreeItemModel::LookOf(currentIndex()).opensDialog)
+        emit DialogWanted();
+    else
         emit TypedInVain(
             m_model->headerData(currentIndex().column(), Qt::Horizontal, Qt::DisplayRole)
                 .toString());
@@ -168,6 +190,8 @@ void PanelTree::OpenCurrent() {
         OnSpotClicked(current, RowDelegate::Spot::Link);
     else if (look.kind == EditKind::Bool)
         OnSpotClicked(current, RowDelegate::Spot::CheckBox);
+    else if (look.opensDialog)
+        emit DialogWanted();
     else if (current.flags() & Qt::ItemIsEditable)
         EditCell(current);
     else
@@ -182,7 +206,8 @@ void PanelTree::ClearValue() {
     CloseEditors(QAbstractItemDelegate::RevertModelCache);
     const EditorRequest editor = TreeItemModel::EditorOf(current);
     if (editor.kind == EditKind::None) {
-        keyboardSearch({});
+        if (!TreeItemModel::LookOf(current).opensDialog)
+            keyboardSearch({});
         return;
     }
     const bool isText = editor.kind == EditKind::Text || editor.kind == EditKind::Moment;
@@ -248,7 +273,7 @@ QModelIndex PanelTree::NextEditable(const QModelIndex& from, int direction) cons
         for (; place >= 0 && place < header()->count(); place += direction) {
             const QModelIndex next = row.siblingAtColumn(header()->logicalIndex(place));
             const CellLook look = TreeItemModel::LookOf(next);
-            if (look.kind != EditKind::None || (look.link != LinkLook::None && !look.isReadOnly))
+            if (look.TakesValues() || (look.link != LinkLook::None && !look.isReadOnly))
                 return next;
         }
         place = direction > 0 ? 0 : header()->count() - 1;
@@ -390,20 +415,6 @@ void PanelTree::OpenDraft() {
     m_refusal = draft->GetRefusal();
     if (!m_refusal.isEmpty())
         HoldRefused(*editor);
-}
-
-void PanelTree::GiveHeadValue(int column, const QVariant& value, const QString& typed) {
-    m_refusal.clear();
-    m_model->EditHead(column, value);
-    OnEdited();
-    if (m_refusal.isEmpty() || column >= m_model->columnCount())
-        return;
-    m_head->OpenEditor(column);
-    if (QLineEdit* const line = m_head->GetLine()) {
-        line->setText(typed);
-        line->setModified(true);
-        HoldRefused(*line);
-    }
 }
 
 void PanelTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {

@@ -172,7 +172,28 @@ QRect RowDelegate::ContentOf(const QStyleOptionViewItem& option, const QModelInd
         content.setRight(IconRoom(option).left() - 1);
     if (const QRect arrow = ArrowOf(option, index, look); arrow.isValid())
         content.setRight(arrow.left() - 1);
+    if (IsMenuArrowDrawn(option, index, look))
+        content.setRight(MenuArrowOf(option, look).left() - 1);
     return content;
+}
+
+QRect RowDelegate::MenuArrowOf(const QStyleOptionViewItem& option, const CellLook& look) const {
+    if (!look.menu)
+        return {};
+    QRect room = IconRoom(option);
+    if (IconOf(option, look).isValid())
+        room.translate(-c_iconSize - c_iconRoom, 0);
+    return room;
+}
+
+bool RowDelegate::IsMenuArrowDrawn(const QStyleOptionViewItem& option, const QModelIndex& index,
+                                   const CellLook& look) {
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    if (!look.menu || !view)
+        return false;
+    return view->currentIndex() == index ||
+           (option.state.testFlag(QStyle::State_MouseOver) &&
+            option.rect.contains(view->viewport()->mapFromGlobal(QCursor::pos())));
 }
 
 QRect RowDelegate::ArrowOf(const QStyleOptionViewItem& option, const QModelIndex& index,
@@ -244,6 +265,11 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     }
     if (const QRect arrow = ArrowOf(beside, index, look); arrow.isValid())
         PaintArrow(*painter, option, arrow);
+    if (IsMenuArrowDrawn(option, index, look)) {
+        const QRect arrow = MenuArrowOf(beside, look);
+        PaintPlate(*painter, option, arrow);
+        m_menuArrow.paint(painter, arrow);
+    }
     if (index.column() == 0)
         BoxesOf(option, index).PaintRow(*painter, option, TreeItemModel::RowOf(index));
     QColor line = option.palette.color(QPalette::WindowText);
@@ -364,6 +390,8 @@ RowDelegate::Spot RowDelegate::SpotAt(const QStyleOptionViewItem& whole, const Q
         return Spot::SourceIcon;
     if (ArrowOf(option, index, look).contains(place))
         return Spot::Assembly;
+    if (MenuArrowOf(option, look).contains(place))
+        return Spot::Menu;
     QStyleOptionViewItem cell = option;
     cell.rect = ContentOf(option, index, look);
     initStyleOption(&cell, index);

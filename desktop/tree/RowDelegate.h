@@ -3,6 +3,7 @@
 // value comes from.
 #pragma once
 
+#include "desktop/icons/IconGlyphs.h"
 #include "desktop/icons/SourceIcons.h"
 #include "desktop/tree/AttributeBoxes.h"
 
@@ -26,7 +27,16 @@ public:
     void SetNamesPlace(const std::function<QRect()>& place) { m_namesPlace = place; }
 
     /// What in a cell does something when it is clicked.
-    enum class Spot { None, SourceIcon, Link, CheckBox, Assembly, AggrIntoProduct, RegWithDesc };
+    enum class Spot {
+        None,
+        SourceIcon,
+        Link,
+        CheckBox,
+        Assembly,
+        Menu,
+        AggrIntoProduct,
+        RegWithDesc
+    };
     /// The id of the column of boxes that a spot is in, which is one of the last two.
     static int AttributeOf(Spot spot);
     Spot SpotAt(const QStyleOptionViewItem& option, const QModelIndex& index, QPoint place) const;
@@ -80,6 +90,11 @@ private:
     /// Of the arrow behind the name of what can be opened.
     QRect ArrowOf(const QStyleOptionViewItem& option, const QModelIndex& index,
                   const CellLook& look) const;
+    /// Of the arrow that opens the menu of the cell.
+    QRect MenuArrowOf(const QStyleOptionViewItem& option, const CellLook& look) const;
+    /// It is where the user is: in the current cell and in the one below the mouse.
+    static bool IsMenuArrowDrawn(const QStyleOptionViewItem& option, const QModelIndex& index,
+                                 const CellLook& look);
     /// That a value comes from the source is told where the user looks; that it does not, always.
     static bool IsIconDrawn(const QStyleOptionViewItem& option, const QModelIndex& index,
                             const CellLook& look);
@@ -90,6 +105,7 @@ private:
 
     std::function<QRect()> m_namesPlace;
     SourceIcons m_sourceIcons;
+    QIcon m_menuArrow = glyphs::MakeIcon(glyphs::Down);
     mutable QPointer<QWidget> m_committed;
 };
 

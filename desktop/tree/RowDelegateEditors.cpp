@@ -21,11 +21,13 @@ constexpr int c_smallestNumberEditor = 80;
 } // namespace
 
 bool RowDelegate::eventFilter(QObject* editor, QEvent* event) {
-    // Another window came to the front, perhaps a dialog that nobody asked for: the editor stays as
-    // it is until the user leaves it.
-    if (event->type() == QEvent::FocusOut &&
-        static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason)
-        return false;
+    // Another window came to the front, perhaps a dialog that nobody asked for, or the editor's own
+    // menu: it stays as it is until the user leaves it.
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)
+            return false;
+    }
     // Shift and Enter types a line break; the base would take it for Enter.
     const bool isTyped = event->type() == QEvent::KeyPress && qobject_cast<TextEdit*>(editor) &&
                          TextEdit::TypesLineBreak(*static_cast<QKeyEvent*>(event));
@@ -41,6 +43,12 @@ QWidget* RowDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
         connect(choice, &QComboBox::activated, this,
                 [this, choice] { Finish(choice, SubmitModelCache); });
         QMetaObject::invokeMethod(choice, &QComboBox::showPopup, Qt::QueuedConnection);
+    }
+    if (auto* text = qobject_cast<TextEdit*>(editor)) {
+        auto& self = const_cast<RowDelegate&>(*this);
+        connect(text, &TextEdit::MenuWanted, this, [&self, cell = QPersistentModelIndex(index)] {
+            emit self.SpotClicked(cell, Spot::Menu);
+        });
     }
     if (auto* designation = qobject_cast<DesignationEdit*>(editor)) {
         connect(designation, &DesignationEdit::Left, this,

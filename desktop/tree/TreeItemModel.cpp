@@ -1,6 +1,8 @@
 #include "desktop/tree/TreeItemModel.h"
 
 #include "desktop/tree/CellTips.h"
+#include "desktop/tree/InputWatch.h"
+#include "desktop/tree/UserInputs.h"
 
 #include <QFont>
 #include <QString>
@@ -11,42 +13,9 @@ namespace desktop {
 
 namespace {
 
-using platform::CellInput;
 using platform::ColumnHead;
 using platform::HeadKind;
 using platform::TreeTableRow;
-
-SharedText ToText(const QString& text) {
-    return SharedText(text.toStdWString());
-}
-
-platform::MarkingParts ToParts(const QStringList& texts) {
-    platform::MarkingParts parts;
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        parts[i] = ToText(texts.value(static_cast<int>(i)));
-    return parts;
-}
-
-CellInput ToInput(EditKind kind, const QVariant& value) {
-    if (kind == EditKind::Text || kind == EditKind::Moment)
-        return ToText(value.toString());
-    if (!value.isValid())
-        return kind == EditKind::List ? CellInput(platform::ListIndex{}) : CellInput();
-    switch (kind) {
-    case EditKind::Int:
-    case EditKind::Double:
-        // A text is none that the panel takes for a number; it is the one to say so.
-        if (value.typeId() == QMetaType::QString)
-            return ToText(value.toString());
-        return kind == EditKind::Int ? CellInput(value.toInt()) : CellInput(value.toDouble());
-    case EditKind::Bool:
-        return value.toBool();
-    case EditKind::List:
-        return platform::ListIndex{value.toInt()};
-    default:
-        return {};
-    }
-}
 
 Qt::Alignment AlignmentOf(const ColumnHead& head) {
     if (head.kind == HeadKind::Count)
@@ -83,74 +52,6 @@ QVariant ToCheckState(const QModelIndex& index) {
         return static_cast<int>(Qt::PartiallyChecked);
     return static_cast<int>(cell->GetBool() ? Qt::Checked : Qt::Unchecked);
 }
-
-/// What cells show before the user's input, to tell afterwards whether it was taken.
-class InputWatch {
-public:
-    /// Of one column.
-    explicit InputWatch(const QModelIndexList& cells)
-        : m_anyCell(cells.isEmpty() ? QModelIndex() : cells.front()), m_cells(cells) {
-        for (const QModelIndex& cell : cells) {
-            m_before.push_back(Look(cell));
-            m_editable += TreeItemModel::LookOf(cell).kind != EditKind::None ? 1 : 0;
-        }
-    }
-
-    /// Rows that were built anew are the answer to an input that was taken.
-    bool IsTaken(const QVariant& input) const {
-        return m_cells.isEmpty() || !m_anyCell.isValid() || CountTakers(input, true) > 0;
-    }
-    /// How many of the cells show the input now, or something new.
-    int CountTakers(const QVariant& input) const { return CountTakers(input, false); }
-
-private:
-    struct Shown {
-        QVariant value;
-        QString text;
-
-        friend bool operator==(const Shown&, const Shown&) = default;
-    };
-
-    int CountTakers(const QVariant& input, bool areAllAsked) const {
-        if (!m_anyCell.isValid())
-            return m_editable;
-        int takers = 0;
-        bool areAll = true;
-        for (qsizetype i = 0; i < m_cells.size(); ++i) {
-            const bool isChanged = Look(m_cells[i]) != m_before[static_cast<std::size_t>(i)];
-            const bool takes = isChanged || StandsIn(m_cells[i], input);
-            if (areAllAsked && isChanged)
-                return 1;
-            areAll = areAll && takes;
-            takers += takes ? 1 : 0;
-        }
-        return areAllAsked && !areAll ? 0 : takers;
-    }
-
-    /// The row of a group shows little of its members: each of them has to have the value.
-    static bool StandsIn(const QModelIndex& cell, const QVariant& input) {
-        const TreeTableRow& row = TreeItemModel::RowOf(cell);
-        if (row.GetChildCount() == 0 || !row.GetParentRow()) {
-            const Shown shown = Look(cell);
-            return input == shown.value || input.toString() == shown.text;
-        }
-        const auto& model = static_cast<const TreeItemModel&>(*cell.model());
-        for (std::size_t i = 0; i < row.GetChildCount(); ++i) {
-            if (!StandsIn(model.IndexOf(row.GetChildRow(i), cell.column()), input))
-                return false;
-        }
-        return true;
-    }
-
-    static Shown Look(const QModelIndex& cell) {
-        return {cell.data(Qt::EditRole), cell.data(Qt::DisplayRole).toString()};
-    }
-
-    QPersistentModelIndex m_anyCell;
-    QModelIndexList m_cells;
-    std::vector<Shown> m_before;
-    int m_editable = 0;
-};
 
 QVariant SectionFont() {
     QFont font;
@@ -218,7 +119,7 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
     case Qt::CheckStateRole:
         return ToCheckState(index);
     case Qt::ToolTipRole:
-        return MakeCellTip(index, m_questions.countNote);
+        return MakeCellTip(index, m_questions);
     case Qt::DecorationRole:
         return head.kind == HeadKind::Name ? m_icons.Get(row.GetIcon()) : QVariant();
     case Qt::FontRole:
@@ -275,7 +176,8 @@ bool TreeItemModel::LeaveInput(const QModelIndex& index, const QVariant& value) 
     const ColumnHead& head = HeadOf(index);
     const EditKind kind = LookOf(index).kind;
     if (head.kind == HeadKind::Name)
-        return kind != EditKind::None && m_view.EditNameByUser(row, ToText(value.toString()));
+        return kind != EditKind::None &&
+               m_view.EditNameByUser(row, SharedText(value.toString().toStdWString()));
     if (kind == EditKind::Designation)
         return m_view.EditMarkingByUser(row, ToParts(value.toStringList()));
     return kind != EditKind::None &&
@@ -301,35 +203,8 @@ bool TreeItemModel::ClickLink(const QModelIndex& index) {
     return m_view.ClickLinkByUser(RowOf(index), ColumnOf(index));
 }
 
-bool TreeItemModel::EditHead(int column, const QVariant& value) {
-    const EditKind kind = GetHeadEditor(column).kind;
-    const ColumnHead head = m_heads[static_cast<std::size_t>(column)];
-    QModelIndexList cells;
-    for (const TreeRowPtr& row : m_view.GetSelectedRows())
-        cells += IndexOf(static_cast<const TreeTableRow&>(*row), column);
-    const InputWatch watch(cells);
-    const bool isAsked =
-        kind != EditKind::None && m_view.EditHeadByUser(head.id, ToInput(kind, value));
-    emit InputAnswered(head, value, isAsked && watch.IsTaken(value));
-    emit HeadAnswered(head, watch.CountTakers(value), static_cast<int>(cells.size()));
-    return isAsked;
-}
-
-bool TreeItemModel::TakesFromHead(int column) const {
-    const std::vector<TreeRowPtr> rows = m_view.GetSelectedRows();
-    return std::ranges::any_of(rows, [&](const TreeRowPtr& row) {
-        const auto& shown = static_cast<const TreeTableRow&>(*row);
-        return LookOf(IndexOf(shown, column)).kind != EditKind::None;
-    });
-}
-
-bool TreeItemModel::AreMoments(int column) const {
-    const std::vector<TreeRowPtr> rows = m_view.GetSelectedRows();
-    return TakesFromHead(column) && std::ranges::all_of(rows, [&](const TreeRowPtr& row) {
-               const EditKind kind =
-                   LookOf(IndexOf(static_cast<const TreeTableRow&>(*row), column)).kind;
-               return kind == EditKind::None || kind == EditKind::Moment;
-           });
+bool TreeItemModel::ChooseInCell(const QModelIndex& index, int command) {
+    return m_view.PopupCommandByUser(RowOf(index), ColumnOf(index), command);
 }
 
 void TreeItemModel::SetColumnWidth(int column, int width) {
@@ -339,12 +214,6 @@ void TreeItemModel::SetColumnWidth(int column, int width) {
     ColumnHead& head = m_heads[static_cast<std::size_t>(column)];
     head.width = width;
     m_view.SetColumnWidthByUser(head.id, width);
-}
-
-EditorRequest TreeItemModel::GetHeadEditor(int column) const {
-    if (m_view.GetPanel().isReadOnly)
-        return {};
-    return desktop::GetHeadEditor(m_heads[static_cast<std::size_t>(column)]);
 }
 
 const ColumnHead& TreeItemModel::HeadOf(const QModelIndex& index) {
@@ -366,8 +235,10 @@ bool TreeItemModel::CanOpen(const QModelIndex& index) {
 CellLook TreeItemModel::LookOf(const QModelIndex& index) {
     CellLook look = GetCellLook(RowOf(index), HeadOf(index));
     if (IsReadOnly(index)) {
-        look.isReadOnly = look.isReadOnly || look.kind != EditKind::None;
+        look.isReadOnly = look.isReadOnly || look.TakesValues();
         look.kind = EditKind::None;
+        look.opensDialog = false;
+        look.menu = nullptr;
     }
     return look;
 }

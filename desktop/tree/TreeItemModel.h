@@ -40,10 +40,19 @@ public:
     bool Toggle(const QModelIndex& index);
     bool ClickSourceIcon(const QModelIndex& index);
     bool ClickLink(const QModelIndex& index);
+    /// What was chosen in the menu of the cell.
+    bool ChooseInCell(const QModelIndex& index, int command);
     /// Gives all selected rows a value.
     bool EditHead(int column, const QVariant& value);
-    /// Some selected row has a cell there that can be edited.
+    /// Opens the dialog that a head without an editor leads to.
+    bool ClickHead(int column);
+    /// What was chosen in the menu of the head, with the text of that entry.
+    bool ChooseInHead(int column, int command, const QString& text);
+    /// Some selected row has a cell there that can be edited, or led to the dialog of the head.
     bool TakesFromHead(int column) const;
+    bool IsLinkHead(int column) const;
+    /// The head has something to offer for rows that take it.
+    bool CanEditHead(int column) const;
     /// All cells that take what the head gives hold moments.
     bool AreMoments(int column) const;
     void SetColumnWidth(int column, int width);
@@ -54,6 +63,8 @@ public:
         /// What is to be known before a count is typed there.
         std::function<SharedText(const platform::TreeTableRow&, const std::wstring& columnId)>
             countNote;
+        /// What is to be known of a mass that is shown there; empty for nothing.
+        std::function<QString(const platform::TreeTableRow&)> massNote;
     };
     void SetQuestions(Questions questions) { m_questions = std::move(questions); }
     static bool CanOpen(const QModelIndex& index);
@@ -95,6 +106,7 @@ private:
     void OnRowsAboutToChange() override { beginResetModel(); }
     void OnRowsChanged() override;
     void OnChangesPending() override;
+    QModelIndexList SelectedCells(int column) const;
     bool LeaveInput(const QModelIndex& index, const QVariant& value);
     void TellValues(const platform::TreeTableChanges& changes);
     void ResetColumns();

@@ -102,6 +102,7 @@ void ContextMenus::ShowCellMenu(const QModelIndex& cell, QPoint place) {
     if (m_menu && m_menu->isVisible())
         return;
     m_place = place;
+    m_cell = cell;
     m_isOffering = false;
     const QString column = CaptionOf(cell.column());
     TreeItemModel::ViewOf(cell).ShowRowMenuByUser(TreeItemModel::RowOf(cell),
@@ -114,6 +115,7 @@ void ContextMenus::ShowHeadMenu(int column, QPoint place) {
     if (m_menu && m_menu->isVisible())
         return;
     m_place = place;
+    m_cell = QPersistentModelIndex();
     m_isOffering = false;
     auto& model = static_cast<TreeItemModel&>(*m_tree.model());
     const std::wstring id = model.GetHeads()[static_cast<std::size_t>(column)].id;
@@ -182,6 +184,8 @@ void ContextMenus::ShowMenu(const IContextMenuModel& menu) {
                 this, [this, command] { TellChosen(command); }, Qt::QueuedConnection);
         });
     }
+    if (m_addition && m_cell.isValid())
+        m_addition(*shown, m_cell);
     MarkLetters(shown->actions());
     connect(shown, &QMenu::aboutToHide, shown, &QObject::deleteLater);
     m_menu = shown;

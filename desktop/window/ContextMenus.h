@@ -7,11 +7,12 @@
 #include "desktop/icons/CommandIcons.h"
 #include "host/frame/PopupMenus.h"
 
-#include <QModelIndex>
 #include <QObject>
+#include <QPersistentModelIndex>
 #include <QPoint>
 #include <QPointer>
 
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -34,6 +35,12 @@ public:
     void Close();
     /// Sends what was chosen, once. Called behind Chosen.
     void SendChosen();
+    /// Does what choosing the command in the menu of the current cell does.
+    void Choose(unsigned command);
+
+    /// What the program itself has for a cell, behind what the panel offers.
+    using Addition = std::function<void(QMenu& menu, const QModelIndex& cell)>;
+    void SetAddition(Addition addition) { m_addition = std::move(addition); }
 
     bool Track(const IContextMenuModel& menu) override;
 
@@ -48,8 +55,6 @@ private:
     void ShowHeadMenu(int column, QPoint place);
     void ShowMenu(const IContextMenuModel& menu);
     void TellChosen(unsigned command);
-    /// Does what choosing the command in the menu of the current cell does.
-    void Choose(unsigned command);
     /// What the panel offers in the cell; the menu is taken for shown if `wanted` is in it.
     void Ask(const QModelIndex& cell, unsigned wanted);
     void EnableOffered(bool areOffered);
@@ -62,6 +67,9 @@ private:
     std::map<unsigned, QAction*> m_actions;
     QPointer<QMenu> m_menu;
     QPoint m_place;
+    /// Of which the menu is; invalid for that of a head.
+    QPersistentModelIndex m_cell;
+    Addition m_addition;
     /// The panel is only asked; 0 is no command.
     std::optional<unsigned> m_wanted;
     bool m_isOffering = false;

@@ -11,6 +11,7 @@
 #include "desktop/window/HelpMenu.h"
 #include "desktop/window/LevelBar.h"
 #include "desktop/window/MassIndicator.h"
+#include "desktop/window/ProductActions.h"
 #include "desktop/window/ToolStrips.h"
 #include "desktop/window/WindowMemory.h"
 
@@ -180,6 +181,7 @@ QWidget* MainWindow::MakePanel() {
         ShowCounts();
         ShowLevel();
         m_attributes->Show(m_session->GetView());
+        m_productActions->Show(*m_session);
     });
     connect(&m_tree->GetHighlighted(), &HighlightedRows::Ended, this,
             [this] { m_session->EndHighlighting(); });
@@ -189,6 +191,9 @@ QWidget* MainWindow::MakePanel() {
     connect(m_tree, &PanelTree::Edited, this, [this] {
         // What was said of the time before is no news any more.
         m_note->clear();
+        // Of clicks and choices; that of an input was told already.
+        if (const SharedText refusal = m_session->TakeRefusal(); !refusal.IsEmpty())
+            statusBar()->showMessage(QString::fromStdWString(refusal.Str()), c_messageMilliseconds);
         ShowState();
         // A link that was clicked has no editor to tell why nothing came of it.
         if (const SharedText refusal = m_session->TakeRefusal(); !refusal.IsEmpty())
@@ -234,6 +239,7 @@ void MainWindow::MakeStatusBar() {
     m_note = new QLabel;
     m_masses = new MassIndicator;
     connect(m_masses, &MassIndicator::Measured, this, &MainWindow::OnMeasured);
+    connect(m_masses, &MassIndicator::MissingWanted, this, &MainWindow::SelectAllWithoutMass);
     // Long notes are cut: they must not widen the window.
     m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     for (QLabel* label : {m_caption, m_file, m_counts, m_note})
@@ -268,7 +274,8 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
         {[this](const platform::TreeTableRow& row) { return m_session->OpensAssembly(row); },
          [this](const platform::TreeTableRow& row, const std::wstring& columnId) {
              return m_session->FindCountNote(row, columnId);
-         }});
+         },
+         [this](const platform::TreeTableRow& row) { return MassNote(row); }});
     m_tree->ShowModel(m_model.get());
 
     QStringList notes;
@@ -342,22 +349,12 @@ void MainWindow::ShowState() {
     m_embodimentTool->setVisible(m_session->GetView().GetEmbodiments().isEnabled);
     m_strips->ShowState(m_session->GetView());
     m_attributes->Show(m_session->GetView());
+    m_productActions->Show(*m_session);
     ShowStep(*m_undo, tr("&Undo"), m_session->CanUndo(), m_session->GetUndoName());
     ShowStep(*m_redo, tr("&Redo"), m_session->CanRedo(), m_session->GetRedoName());
     ShowLevel();
+    OfferMissingMasses();
     FollowSource();
-}
-
-void MainWindow::StartMasses() {
-    if (step::StepDocument* const document = m_session ? m_session->GetStep() : nullptr)
-        m_masses->Start(*document);
-}
-
-void MainWindow::OnMeasured(const step::Measures& measures) {
-    WhenIdle([this, measures] {
-        m_session->TakeMeasures(measures);
-        ShowState();
-    });
 }
 
 void MainWindow::WhenIdle(std::function<void()> work) {

@@ -19,6 +19,7 @@
 
 class QLabel;
 class QMenu;
+class QModelIndex;
 
 namespace platform {
 struct ColumnHead;
@@ -36,6 +37,7 @@ class EmbodimentBar;
 class LevelBar;
 class MassIndicator;
 class PanelTree;
+class ProductActions;
 class ToolStrips;
 class TreeItemModel;
 class WindowMemory;
@@ -141,6 +143,13 @@ private:
     void OnHighlightChanged() override;
     void ShowHighlight();
     void OnMeasured(const step::Measures& measures);
+    /// What a sum of masses lacks; empty where it lacks nothing.
+    QString MassNote(const platform::TreeTableRow& row) const;
+    void OfferMissingMasses();
+    void AddMassCommand(QMenu& menu, const QModelIndex& cell);
+    /// The parts without a mass from which that of the row is added up. An assembly is opened.
+    void SelectWithoutMass(platform::TreeTableRow& row);
+    void SelectAllWithoutMass();
 
     void ShowCaption();
     void ShowCounts();
@@ -174,6 +183,7 @@ private:
     QAction* m_redo = nullptr;
     QAction* m_embodiments = nullptr;
     AttributeActions* m_attributes = nullptr;
+    ProductActions* m_productActions = nullptr;
     EmbodimentBar* m_embodimentBar = nullptr;
     QAction* m_embodimentTool = nullptr;
     QAction* m_open = nullptr;

@@ -5,6 +5,7 @@
 #include "desktop/window/ContextMenus.h"
 #include "desktop/window/MainWindow.h"
 #include "desktop/window/MenuLetters.h"
+#include "desktop/window/ProductActions.h"
 #include "desktop/window/ToolStrips.h"
 #include "platform/services/ToolStrips.h"
 
@@ -18,10 +19,13 @@ namespace desktop {
 
 namespace {
 
+/// Not one of the panel's, and without a name for messages.
+constexpr unsigned c_noCommand = 0;
 constexpr unsigned c_addObject = 7745;
 constexpr unsigned c_delete = 7746;
 constexpr unsigned c_updateAll = 7747;
 constexpr unsigned c_highlight = 7752;
+constexpr unsigned c_editRoughSign = 7761;
 constexpr unsigned c_calculatePositions = 7766;
 constexpr unsigned c_manageProperties = 7795;
 
@@ -50,6 +54,10 @@ void MainWindow::MakeCommands() {
         tell(TextOf(command) + QStringLiteral(": ") + WhyNot(m_session->GetView(), command));
     });
     connect(m_menus, &ContextMenus::NothingOffered, this, tell);
+    m_menus->SetAddition(
+        [this](QMenu& menu, const QModelIndex& cell) { AddMassCommand(menu, cell); });
+    connect(m_tree, &PanelTree::DialogWanted, m_menus,
+            [this] { m_menus->Choose(c_editRoughSign); });
     connect(m_menus, &ContextMenus::Chosen, this,
             [this](unsigned command) { RunCommand(command, [this] { m_menus->SendChosen(); }); });
 }
@@ -62,6 +70,13 @@ void MainWindow::AddCommands(QMenu& edit) {
         else
             edit.addAction(m_strips->GetAction(command));
     }
+    edit.addSeparator();
+    m_productActions = new ProductActions(edit, [this](const std::function<void()>& run) {
+        if (m_tree->CommitEditor())
+            RunCommand(c_noCommand, run);
+    });
+    m_productActions->setParent(this);
+    edit.addAction(tr("Select parts without mass"), this, &MainWindow::SelectAllWithoutMass);
     edit.addSeparator();
     m_menus->AddActions(edit);
     MarkLetters(edit.actions());
@@ -103,7 +118,8 @@ void MainWindow::RunCommand(unsigned command, const std::function<void()>& run) 
     const SharedText refusal = m_session->TakeRefusal();
     if (!refusal.IsEmpty())
         statusBar()->showMessage(
-            QStringLiteral("%1: %2").arg(TextOf(command), QString::fromStdWString(refusal.Str())),
+            (command == c_noCommand ? QString() : TextOf(command) + QStringLiteral(": ")) +
+                QString::fromStdWString(refusal.Str()),
             c_messageMilliseconds);
     else if (const SharedText note = m_session->TakeNote(); !note.IsEmpty())
         statusBar()->showMessage(QString::fromStdWString(note.Str()), c_messageMilliseconds);

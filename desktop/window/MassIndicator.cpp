@@ -26,18 +26,24 @@ QString ResultText(const step::Measures& measures) {
 } // namespace
 
 MassIndicator::MassIndicator(QWidget* parent)
-    : QWidget(parent), m_label(new QLabel), m_progress(new QProgressBar),
-      m_cancel(new QToolButton) {
+    : QWidget(parent), m_label(new QLabel), m_progress(new QProgressBar), m_cancel(new QToolButton),
+      m_missing(new QToolButton) {
     m_label->setTextFormat(Qt::PlainText);
     m_progress->setRange(0, c_progressSteps);
     m_progress->setFixedWidth(c_progressWidth);
     m_progress->setMaximumHeight(fontMetrics().height() + 2);
     m_cancel->setText(tr("Cancel"));
     connect(m_cancel, &QToolButton::clicked, this, &MassIndicator::OnCancel);
+    m_missing->setText(tr("Parts without mass"));
+    m_missing->setToolTip(tr("Selects the parts for which the mass has no value"));
+    m_missing->setObjectName(QStringLiteral("partsWithoutMass"));
+    m_missing->setAutoRaise(true);
+    m_missing->hide();
+    connect(m_missing, &QToolButton::clicked, this, &MassIndicator::MissingWanted);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     for (QWidget* widget : {static_cast<QWidget*>(m_label), static_cast<QWidget*>(m_progress),
-                            static_cast<QWidget*>(m_cancel)})
+                            static_cast<QWidget*>(m_cancel), static_cast<QWidget*>(m_missing)})
         layout->addWidget(widget);
     ShowWork(false);
 }
@@ -57,6 +63,10 @@ void MassIndicator::Stop() {
     m_measuring.reset();
     m_label->clear();
     ShowWork(false);
+}
+
+void MassIndicator::OfferMissing(bool isOffered) {
+    m_missing->setVisible(isOffered && !IsWorking());
 }
 
 void MassIndicator::OnCancel() {

@@ -26,11 +26,14 @@ public:
     void Start(step::StepDocument& document);
     /// Says nothing then.
     void Stop();
+    /// The mass that is shown lacks those of some parts, and a button leads to these.
+    void OfferMissing(bool isOffered);
     bool IsWorking() const { return m_measuring != nullptr; }
 
 signals:
     /// Never for measures that were cancelled or are none.
     void Measured(const desktop::step::Measures& measures);
+    void MissingWanted();
 
 private:
     void OnCancel();
@@ -45,6 +48,7 @@ private:
     QLabel* m_label;
     QProgressBar* m_progress;
     QToolButton* m_cancel;
+    QToolButton* m_missing;
 };
 
 } // namespace desktop

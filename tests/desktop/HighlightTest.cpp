@@ -12,17 +12,7 @@ namespace {
 
 constexpr int c_highlight = 7752, c_add = 7745;
 
-/// The pins are uses of one object.
-platform::ProductModel Product() {
-    return support::Product()
-        .Root(L"Gearbox")
-        .Object("case", L"Case")
-        .Section(20, L"Parts")
-        .Uses()
-        .Object("pin", L"Pin", L"AB.7")
-        .Section(20, L"Parts")
-        .Uses(3);
-}
+platform::ProductModel Product() { return window_tests::SmallGearbox(3); }
 
 class HighlightTest : public window_tests::WindowFixture {
 protected:

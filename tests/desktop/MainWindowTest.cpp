@@ -21,16 +21,7 @@ using desktop::step::Measures;
 using desktop::step::Measuring;
 using desktop::step::StepDocument;
 
-platform::ProductModel SmallProduct() {
-    return support::Product()
-        .Root(L"Gearbox")
-        .Object("case", L"Case")
-        .Section(20, L"Parts")
-        .Uses()
-        .Object("pin", L"Pin", L"AB.7")
-        .Section(20, L"Parts")
-        .Uses(2);
-}
+platform::ProductModel SmallProduct() { return window_tests::SmallGearbox(2); }
 
 /// Measures one part, once the test lets it.
 class SlowMeasuring final : public Measuring {

@@ -1,5 +1,7 @@
 #include "tests/desktop/WindowFixture.h"
 
+#include "tests/support/ProductBuilder.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
@@ -18,6 +20,17 @@ namespace {
 constexpr int c_patience = 60000;
 
 } // namespace
+
+platform::ProductModel SmallGearbox(int pins) {
+    return support::Product()
+        .Root(L"Gearbox")
+        .Object("case", L"Case")
+        .Section(20, L"Parts")
+        .Uses()
+        .Object("pin", L"Pin", L"AB.7")
+        .Section(20, L"Parts")
+        .Uses(pins);
+}
 
 WindowFixture::WindowFixture() {
     auto decisions = std::make_unique<platform::ScriptedDecisions>();

@@ -17,6 +17,9 @@ class QAction;
 
 namespace window_tests {
 
+/// A case, and a pin with that many uses, in one section.
+platform::ProductModel SmallGearbox(int pins);
+
 class WindowFixture : public testing::Test {
 protected:
     WindowFixture();

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "host/data/IfProductTreeData.h"
+#include "platform/product/edits/MassRules.h"
 #include "platform/product/model/ProductModel.h"
 
 #include <functional>
@@ -118,6 +119,14 @@ public:
     /// The user has changed something since the document was saved, and not taken it back.
     bool IsModified() const;
     void MarkSaved();
+
+    /// Mass, density and material are plain values from now on, or no more: one step. Nothing
+    /// happens in a read-only document.
+    void SetSimplified(bool isSimplified);
+    /// What the mass of the part's object is added up from (MassRules.h), and the part by itself
+    /// where it is no sum.
+    MassesBelow FindMassesBelow(const UniqueMetaObjectKey& part) const;
+    MassesBelow FindOwnMass(const UniqueMetaObjectKey& part) const;
 
     std::uint64_t GetChangeStamp() const override;
     bool IsReadOnly() const override;

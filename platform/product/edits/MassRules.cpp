@@ -120,11 +120,92 @@ Masses SumAssemblies(const ProductModel& model) {
     return masses;
 }
 
+bool IsSumOfAssembly(const ProductModel& model, const ObjectRecord& object) {
+    return object.sumsPartMasses && OpensLevel(model, object.key);
+}
+
+/// Goes down to the parts at the ends of the structure.
+class MassSearch {
+public:
+    MassSearch(const ProductModel& model, const ProductIndex& index)
+        : m_model(model), m_index(index), m_shown(index) {
+        for (const ObjectRecord& object : model.objectsBelow)
+            m_below.emplace(object.key, &object);
+        for (const AssemblyRecord& assembly : model.assemblies)
+            m_assemblies.emplace(assembly.object, &assembly);
+    }
+
+    void AddBelow(const ObjectRecord& object) {
+        if (&object == &m_model.root || object.key == m_model.root.key) {
+            for (const PartEntry& part : m_index.GetObjects()) {
+                if (part.object->useCount > 0)
+                    Add(*part.object->record);
+            }
+            return;
+        }
+        const auto assembly = m_assemblies.find(object.key);
+        if (assembly == m_assemblies.end())
+            return;
+        for (const ObjectRecord& component : GetComponents(m_model, *assembly->second)) {
+            if (!component.occurrences.empty())
+                AddKey(component.key);
+        }
+    }
+    MassesBelow Take() { return std::move(m_found); }
+
+private:
+    void AddKey(const UniqueMetaObjectKey& key) {
+        const PartEntry* const part = m_index.Find(key);
+        const auto below = m_below.find(key);
+        if (part)
+            Add(*part->object->record);
+        else if (below != m_below.end())
+            Add(*below->second);
+    }
+    void Add(const ObjectRecord& object) {
+        if (!m_visited.insert(object.key).second)
+            return;
+        if (object.sumsPartMasses && m_assemblies.contains(object.key)) {
+            AddBelow(object);
+            return;
+        }
+        ++m_found.parts;
+        if (!HasMass(object))
+            m_found.without.push_back(object.key);
+    }
+    bool HasMass(const ObjectRecord& object) const {
+        if (const PartEntry* const part = m_index.Find(object.key))
+            return !m_shown.Get(*part, number::mass).IsEmpty();
+        const auto mass =
+            std::ranges::find(object.properties, number::mass, &PropertyValues::value_type::first);
+        return mass != object.properties.end() && !mass->second.IsEmpty();
+    }
+
+    const ProductModel& m_model;
+    const ProductIndex& m_index;
+    ShownValues m_shown;
+    std::unordered_map<UniqueMetaObjectKey, const ObjectRecord*> m_below;
+    std::unordered_map<UniqueMetaObjectKey, const AssemblyRecord*> m_assemblies;
+    Keys m_visited;
+    MassesBelow m_found;
+};
+
 } // namespace
 
 PropValue MakeMass(double volume, const PropValue& density) {
     const double mass = Rounded(volume * density.to_double());
     return density.IsEmpty() || !std::isfinite(mass) ? PropValue() : PropValue(SimplePropVal(mass));
+}
+
+MassesBelow FindMassesBelow(const ProductModel& model, const ProductIndex& index,
+                            const PartEntry& object) {
+    const ObjectRecord& record = *object.object->record;
+    const bool isSum = object.isRoot ? record.sumsPartMasses : IsSumOfAssembly(model, record);
+    if (!isSum)
+        return {};
+    MassSearch search(model, index);
+    search.AddBelow(record);
+    return search.Take();
 }
 
 void ApplyVolumes(ProductModel& model, const PartVolumes& volumes) {
@@ -161,9 +242,7 @@ std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor) {
 
 std::vector<HeldValue> FindAssemblyMasses(ModelEditor& editor) {
     const ProductModel& model = editor.GetModel();
-    const auto isSum = [&](const ObjectRecord& object) {
-        return object.sumsPartMasses && OpensLevel(model, object.key);
-    };
+    const auto isSum = [&](const ObjectRecord& object) { return IsSumOfAssembly(model, object); };
     if (!HasLevels(model) || !editor.AreMassesChanged() ||
         std::ranges::none_of(model.objects, isSum))
         return {};

@@ -28,4 +28,17 @@ std::vector<HeldValue> FindMassesByDensity(ModelEditor& editor);
 std::vector<HeldValue> FindAssemblyMasses(ModelEditor& editor);
 std::vector<HeldValue> FindProductMass(ModelEditor& editor);
 
+/// What a mass is added up from.
+struct MassesBelow {
+    /// The parts at the ends of the structure, each once.
+    std::size_t parts = 0;
+    /// Those without a mass, for which the sum has no value.
+    std::vector<UniqueMetaObjectKey> without;
+};
+
+/// Of the product or an assembly, by the rule of their sums. Nothing for an object of which the
+/// mass is no sum.
+MassesBelow FindMassesBelow(const ProductModel& model, const ProductIndex& index,
+                            const PartEntry& object);
+
 } // namespace platform

@@ -85,6 +85,8 @@ public:
     /// Rows or columns depend on what was changed.
     bool AreRowsChanged() const { return m_areRowsChanged; }
     void NoteRows() { m_areRowsChanged = true; }
+    /// How the document is edited, which cells and heads depend on, and nothing of what it holds.
+    void NoteMode() { m_isAnythingChanged = m_areRowsChanged = true; }
     /// Masses of parts may be others.
     bool AreMassesChanged() const { return m_areMassesChanged; }
     /// The objects whose densities were changed, and those whose masses were.

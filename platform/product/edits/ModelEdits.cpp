@@ -168,6 +168,11 @@ void DeletedUsesEdit::Swap(ModelEditor& editor, Direction direction) {
         deleted.resize(deleted.size() - std::min(deleted.size(), m_uses.size()));
 }
 
+void SimplifiedEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
+    std::swap(editor.GetModel().isSimplified, m_isSimplified);
+    editor.NoteMode();
+}
+
 void DocumentEdit::Swap(ModelEditor& editor, Direction /*direction*/) {
     editor.Exchange(m_model);
 }

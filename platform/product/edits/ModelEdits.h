@@ -152,6 +152,17 @@ private:
     std::vector<DeletedUse> m_uses;
 };
 
+/// Whether mass, density and material are plain values.
+class SimplifiedEdit final : public IModelEdit {
+public:
+    explicit SimplifiedEdit(bool isSimplified) : m_isSimplified(isSimplified) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    bool m_isSimplified;
+};
+
 /// The whole document, as it was read from elsewhere.
 class DocumentEdit final : public IModelEdit {
 public:

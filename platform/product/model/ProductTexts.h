@@ -48,6 +48,8 @@ enum class ProductText : unsigned {
     UpdateCycle = 1242,
     UpdateEmbodiments = 1243,
     OpenNoProgram = 1244,
+    BookMaterials = 1251,
+    TypedMaterials = 1252,
     LinkTitle = 1301,
     ItemPropertiesTitle = 1302,
     LinkRefused = 1306,
