@@ -11,10 +11,9 @@
 
 namespace {
 
-// The menus of the module "oProductTree". 0: a line between groups of items. There is no item for a
-// reference book (7762), which this host has none of.
-constexpr int c_itemMenu[] = {7752, 7763, 7020, 5707, 0,    7753, 7755, 7754, 7787, 0,
-                              7759, 7761, 7765, 0,    7764, 7757, 0,    7746, 0,    7758};
+// The menus of the module "oProductTree". 0: a line between groups of items.
+constexpr int c_itemMenu[] = {7752, 7763, 7020, 5707, 0,    7753, 7755, 7754, 7787, 0,   7759,
+                              7761, 7762, 7765, 0,    7764, 7757, 0,    7746, 0,    7758};
 constexpr int c_columnMenu[] = {7766, 0, 7765, 7789, 0, 7790, 7795};
 constexpr int c_rowsMenu[] = {7789, 7765, 0, 7791, 7792, 7793, 7794, 0, 7746};
 

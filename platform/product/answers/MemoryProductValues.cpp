@@ -159,8 +159,4 @@ bool MemoryProduct::IsMarkingChangeAllowed(const UniqueMetaObjectKey& key,
     return part && FitMarking(*part->object->record, marking).has_value();
 }
 
-VariantMarking MemoryProduct::ChooseMarking(const VariantMarking& marking) {
-    return marking; // there is no book of designations
-}
-
 } // namespace platform

@@ -78,6 +78,8 @@ enum class ProductText : unsigned {
     MaterialAnd = 1342,
     MaterialList = 1343,
     RoughnessTitle = 1361,
+    DesignationsTitle = 1351,
+    DesignationsNone = 1352,
 };
 
 /// Empty when the text asks for another number of arguments.
