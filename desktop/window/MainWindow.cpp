@@ -1,5 +1,6 @@
 #include "desktop/window/MainWindow.h"
 
+#include "desktop/books/UserListDialog.h"
 #include "desktop/dialogs/DialogDecisions.h"
 #include "desktop/editors/LocaleNumbers.h"
 #include "desktop/tree/HighlightedRows.h"
@@ -14,6 +15,7 @@
 #include "desktop/window/ProductActions.h"
 #include "desktop/window/ToolStrips.h"
 #include "desktop/window/WindowMemory.h"
+#include "platform/services/UserPopupMenus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -186,14 +188,15 @@ QWidget* MainWindow::MakePanel() {
     connect(&m_tree->GetHighlighted(), &HighlightedRows::Ended, this,
             [this] { m_session->EndHighlighting(); });
     connect(m_tree, &PanelTree::AssemblyOpened, this, &MainWindow::OpenAssembly);
+    m_tree->SetListEditor([this](const IMenuItems& menu) {
+        const std::optional<TeeTypPopupIns> list = platform::FindUserList(menu);
+        return list ? ChooseFromUserList(this, *list) : std::nullopt;
+    });
     m_levels = new LevelBar;
     connect(m_levels, &LevelBar::Chosen, this, &MainWindow::GoBack);
     connect(m_tree, &PanelTree::Edited, this, [this] {
         // What was said of the time before is no news any more.
         m_note->clear();
-        // Of clicks and choices; that of an input was told already.
-        if (const SharedText refusal = m_session->TakeRefusal(); !refusal.IsEmpty())
-            statusBar()->showMessage(QString::fromStdWString(refusal.Str()), c_messageMilliseconds);
         ShowState();
         // A link that was clicked has no editor to tell why nothing came of it.
         if (const SharedText refusal = m_session->TakeRefusal(); !refusal.IsEmpty())

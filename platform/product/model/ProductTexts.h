@@ -77,9 +77,9 @@ enum class ProductText : unsigned {
     MaterialKept = 1341,
     MaterialAnd = 1342,
     MaterialList = 1343,
-    RoughnessTitle = 1361,
     DesignationsTitle = 1351,
     DesignationsNone = 1352,
+    RoughnessTitle = 1361,
 };
 
 /// Empty when the text asks for another number of arguments.
