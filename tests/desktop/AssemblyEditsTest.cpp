@@ -2,6 +2,8 @@
 // assemblies stand outside the repository; without them the tests are skipped.
 #include "desktop/JsonPrint.h"
 #include "desktop/tree/TreeItemModel.h"
+#include "platform/product/model/AssemblyLevels.h"
+#include "platform/product/model/PropertyNumbers.h"
 #include "tests/desktop/WindowFixture.h"
 #include "tests/support/TestFolder.h"
 
@@ -13,6 +15,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -42,7 +45,9 @@ protected:
         auto opened = desktop::OpenDocument(m_file / name, options);
         ASSERT_TRUE(std::holds_alternative<desktop::Document>(opened));
         auto document = std::get<desktop::Document>(std::move(opened));
-        m_window->Show(std::make_unique<desktop::Session>(std::move(document)));
+        auto session = std::make_unique<desktop::Session>(std::move(document));
+        m_session = session.get();
+        m_window->Show(std::move(session));
         m_window->show();
         m_window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
@@ -86,6 +91,9 @@ protected:
             Trigger(text);
     }
 
+    const platform::MemoryProduct& GetProduct() const { return m_session->GetProduct(); }
+
+    desktop::Session* m_session = nullptr;
     std::filesystem::path m_file;
     std::filesystem::path m_exports;
     std::filesystem::path m_folder = support::GetTestFolder();
@@ -321,6 +329,68 @@ TEST_F(AssemblyEditsTest, AnotherExportOfTheAssemblyKeepsWhatWasEdited) {
     Open("as1.json");
     EXPECT_EQ(Print("Base plate"), updated);
     EXPECT_FALSE(Action("Update all")->isEnabled());
+}
+
+/// Of one object, by what the file that was saved says of volumes, densities and uses.
+double Weigh(const platform::ProductModel& model, const platform::ObjectRecord& object) {
+    const auto assembly = std::ranges::find(model.assemblies, object.key, &platform::AssemblyRecord::object);
+    if (assembly != model.assemblies.end()) {
+        double mass = 0;
+        for (const platform::ObjectRecord& component : platform::GetComponents(model, *assembly))
+            mass += static_cast<double>(component.occurrences.size()) * Weigh(model, component);
+        return mass;
+    }
+    for (const auto* const objects : {&model.objects, &model.objectsBelow}) {
+        const auto part = std::ranges::find(*objects, object.key, &platform::ObjectRecord::key);
+        if (part == objects->end())
+            continue;
+        const auto density = std::ranges::find(part->properties, platform::number::density,
+                                               &platform::PropertyValues::value_type::first);
+        return part->volume && density != part->properties.end() ? *part->volume * density->second.to_double() : 0;
+    }
+    return 0;
+}
+
+TEST_F(AssemblyEditsTest, PartsGetTheirMaterialByTheHeadAndTheirMassesAddUp) {
+    desktop::step::StepOptions leaves;
+    leaves.flatten = true;
+    Open("cubefactory_01_00_00-shredder_unit.STEP", leaves);
+    const auto countWithout = [&] { return GetProduct().FindMassesBelow(GetProduct().GetRootKey()).without.size(); };
+    const std::size_t all = countWithout();
+    m_window->StartMasses();
+    WaitForText(QString("%1 parts measured").arg(all));
+    QApplication::processEvents();
+    platform::TreeTableView& view = static_cast<desktop::TreeItemModel*>(Tree().model())->GetView();
+    std::vector<platform::TreeTableRow*> parts;
+    platform::TreeTableRow& root = *view.GetRoot();
+    for (std::size_t section = 0; section < root.GetChildCount(); ++section) {
+        for (std::size_t row = 0; row < root.GetChildRow(section).GetChildCount(); ++row)
+            parts.push_back(&root.GetChildRow(section).GetChildRow(row));
+    }
+    ASSERT_GT(parts.size(), 20U);
+    m_decisions->ChooseNextMaterial(platform::MaterialDecision{L"S235JR EN 10025-2", 7850.0, {}});
+    view.SelectByUser({parts.begin(), parts.begin() + 20}, nullptr);
+    ASSERT_TRUE(view.HeadPopupCommandByUser(L"material", 7768));
+    Shoot("twenty-materials");
+    QApplication::processEvents();
+    const std::size_t rest = countWithout();
+    EXPECT_LE(rest, all - 20) << "each row stands for a part or several";
+    EXPECT_GT(rest, 0U);
+    EXPECT_TRUE(root.FindCell(L"mass")->GetShownText().IsEmpty()) << "some have none";
+    Trigger("Undo");
+    EXPECT_EQ(countWithout(), all) << "one step";
+
+    m_decisions->ChooseNextMaterial(platform::MaterialDecision{L"S235JR EN 10025-2", 7850.0, {}});
+    view.SelectByUser(parts, nullptr);
+    ASSERT_TRUE(view.HeadPopupCommandByUser(L"material", 7768));
+    const double shown = QLocale().toDouble(Tree().model()->index(0, Column(c_mass)).data().toString());
+    m_decisions->ChooseNext(m_folder / "shredder.json");
+    Trigger("Save");
+    const auto saved = desktop::OpenDocument(m_folder / "shredder.json", {});
+    ASSERT_TRUE(std::holds_alternative<desktop::Document>(saved));
+    const platform::ProductModel& model = std::get<desktop::Document>(saved).model;
+    EXPECT_NEAR(shown, Weigh(model, model.root), 1e-6 * shown);
+    EXPECT_GT(shown, 0);
 }
 
 } // namespace
