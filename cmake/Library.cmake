@@ -53,15 +53,18 @@ set(productTreeSources
     control/EmbodimentFilter.cpp
     control/GrProductTreeWrapper.cpp
     control/ModuleEntry.cpp
+    control/ProductPartDocsList.cpp
     control/ProductTreeCtrl.cpp
     control/ProductTreeCtrlColumns.cpp
     control/ProductTreeCtrlCommands.cpp
+    control/ProductTreeCtrlDocuments.cpp
     control/ProductTreeCtrlEdits.cpp
     control/ProductTreeCtrlEmbodiments.cpp
     control/ProductTreeCtrlMenus.cpp
     control/ProductTreeCtrlRows.cpp
     control/ProductTreeCtrlSelection.cpp
     control/ProductTreeEmbItemsStates.cpp
+    control/ProductTreeDocumentPreviewBox.cpp
     control/SyncGuard.cpp
 )
 

@@ -40,6 +40,9 @@ public:
     /// The user has given a command of the panel's tool strips (PanelCommand). Any other number is
     /// nothing, and so is a command that can't be given now. `data` is not used.
     virtual void OnToolbarCommand(int command, std::int64_t data) = 0;
+    /// The user has done something in the list of documents (DocsListEvent). `data` is the id of a
+    /// command where the event is one.
+    virtual void OnDocsListEvent(int eventId, std::int64_t data) = 0;
     /// The view's selection has changed, by the user or by a call of the library.
     virtual void OnSelectionChanged() = 0;
     /// The user has moved or resized columns.
@@ -76,6 +79,9 @@ public:
     virtual void SetColumnsVisibility(const std::vector<ColumnVisibility>& columns) = 0;
     /// The user wants to choose columns and properties: the host's dialog.
     virtual void ManageProperties() = 0;
+    /// The list of documents has come to be seen, or is no more: hidden at first. A hidden one
+    /// reads nothing.
+    virtual void SetDocsListVisible(bool visible) = 0;
     /// Embodiment mode has become possible, or impossible, where the panel stands. A mode that is
     /// left for that reason comes back when it is possible again.
     virtual void OnEmbodimentModeChanged(bool allowed) = 0;

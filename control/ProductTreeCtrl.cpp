@@ -3,6 +3,7 @@
 #include "columns/headers/ProductTreeHeaderImpl.h"
 #include "control/Bracket.h"
 #include "control/GrProductTreeWrapper.h"
+#include "control/ProductPartDocsList.h"
 #include "host/DocumentEvents.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemImpl.h"
@@ -26,7 +27,7 @@ ProductTreeCtrl::ProductTreeCtrl(GrProductTreeWrapper& wrapper) : m_wrapper(wrap
 ProductTreeCtrl::~ProductTreeCtrl() = default;
 
 void ProductTreeCtrl::Init(std::shared_ptr<IfProductTreeData> data, ITreeTableModel& tree,
-                           IParamSlideBoxModel&) {
+                           IParamSlideBoxModel& slideBox) {
     m_data = std::move(data);
     m_sorter = std::make_unique<StyleBasedProductTreeSorter>(m_data);
     m_tree = &tree;
@@ -36,6 +37,8 @@ void ProductTreeCtrl::Init(std::shared_ptr<IfProductTreeData> data, ITreeTableMo
     m_tree->SetHelpTopic("PRODUCT_TREE_HELP");
     m_tree->SetToolbar("PRODUCT_TREE_TOOLBAR");
     m_tree->SetAdditionalToolbar("PRODUCT_TREE_ADDITIONAL_TOOLBAR");
+    m_docsList = std::make_unique<ProductPartDocsList>();
+    m_docsList->Init(m_data, slideBox);
     m_embodiments.ApplyStoredText(EmbodimentFilter::ReadEmbodiments(*m_data),
                                   m_data->GetEmbodimentFilter());
     Synchronize();
@@ -61,6 +64,7 @@ void ProductTreeCtrl::Synchronize() {
         [&] { m_tree->EndUpdate(); });
     UpdateCommandStates();
     UpdateAttributeColumns();
+    UpdateDocsList();
     UpdateEmbodimentFilter();
     UpdateGroupEdit();
     m_wrapper.GetTreeId()->SetNeedSyncronize(false);
@@ -89,14 +93,19 @@ void ProductTreeCtrl::Refresh() {
         return;
     UpdateRows(*root);
     UpdateCommandStates();
+    UpdateDocsList();
     UpdateEmbodimentFilter();
     m_wrapper.GetTreeId()->SetNeedRefresh(false);
     m_refreshStamp = stamp;
 }
 
 void ProductTreeCtrl::RefreshReadOnlyMode() {
-    if (m_data && m_tree)
-        m_tree->SetReadOnly(m_data->IsReadOnly());
+    if (!m_data || !m_tree)
+        return;
+    const bool isReadOnly = m_data->IsReadOnly();
+    m_tree->SetReadOnly(isReadOnly);
+    if (m_docsList)
+        m_docsList->SetEnabled(!isReadOnly);
 }
 
 bool ProductTreeCtrl::IsViewVisible() const {

@@ -30,6 +30,7 @@ class IfProductTreeData;
 namespace productTree {
 
 class IProductTreeSorter;
+class ProductPartDocsList;
 class ProductTreeCellImpl;
 class DesignationHeaderImpl;
 class ProductTreeHeaderImpl;
@@ -62,6 +63,7 @@ public:
     bool OnCommand(unsigned command, int code) override;
 
     void OnToolbarCommand(int command, std::int64_t data) override;
+    void OnDocsListEvent(int eventId, std::int64_t data) override;
     void OnSelectionChanged() override;
     void OnColumnsChanged() override;
     void OnCellEdited(ProductTreeItemData& item, const std::wstring& columnId) override;
@@ -81,6 +83,7 @@ public:
     void OnHeaderPopupCommand(const std::wstring& columnId, int command) override;
     void SetColumnsVisibility(const std::vector<ColumnVisibility>& columns) override;
     void ManageProperties() override;
+    void SetDocsListVisible(bool visible) override;
     void OnEmbodimentModeChanged(bool allowed) override;
     void OnEmbodimentSwitch() override;
     void OnEmbodimentFilterChanged() override;
@@ -170,6 +173,8 @@ private:
     Rows GetAllRows() const;
     Rows GetTopRows() const;
 
+    /// Lists the documents of the one row that is selected.
+    void UpdateDocsList();
     void UpdateEmbodimentFilter();
     void SetEmbodimentModeOn(bool on);
     /// Embodiment mode was left: what it has shown goes.
@@ -187,6 +192,7 @@ private:
     std::shared_ptr<IfProductTreeData> m_data;
     std::unique_ptr<IProductTreeSorter> m_sorter;
     boost::intrusive_ptr<ITreeTableModel> m_tree;
+    std::unique_ptr<ProductPartDocsList> m_docsList;
     /// Ends the highlight that was begun last; that of an older one is gone.
     std::shared_ptr<std::function<void()>> m_highlightDone;
     /// By column set key; none is ever dropped.

@@ -120,8 +120,10 @@ void ProductTreeCtrl::OnEditDocCode(ProductTreeItemData& item) {
 
 void ProductTreeCtrl::OnAggrIntoProductClicked(ProductTreeItemData& item) {
     const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
-    if (AggrIntoProductAttribute* const attribute = impl ? impl->GetAggrAttribute() : nullptr)
+    if (AggrIntoProductAttribute* const attribute = impl ? impl->GetAggrAttribute() : nullptr) {
         RunEdit([&] { return attribute->Toggle(); });
+        UpdateDocsList();
+    }
 }
 
 void ProductTreeCtrl::OnRegWithDescClicked(ProductTreeItemData& item) {
@@ -168,8 +170,10 @@ void ProductTreeCtrl::ApplyResult(const TreeActionResult& result) {
         return;
     }
     // A refresh has left the selection as it was.
-    if (isBuilt && result.item && root && SelectRowById(*result.item, *root))
+    if (isBuilt && result.item && root && SelectRowById(*result.item, *root)) {
+        UpdateDocsList();
         UpdateCommandStates();
+    }
 }
 
 std::shared_ptr<ProductTreeItemImpl> ProductTreeCtrl::HoldItemOfRow(const ITreeTableRow& row) {

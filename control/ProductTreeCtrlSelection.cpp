@@ -65,6 +65,7 @@ void ProductTreeCtrl::OnSelectionChanged() {
             item->CollectSelectionKeys(keys);
     }
     m_data->SetSelectedKeys(keys);
+    UpdateDocsList();
     UpdateGroupEdit();
 }
 
@@ -101,6 +102,7 @@ void ProductTreeCtrl::SetSelectionByDoc() {
         m_tree->SelectRow(rows[i], makeCurrent, true);
     }
     UpdateCommandStates();
+    UpdateDocsList();
     UpdateGroupEdit();
 }
 

@@ -48,6 +48,9 @@ public:
     /// document codes. `emptyParts` writes the delimiters of empty parts too.
     SharedText Make(VariantMarkingData::MakeType type, bool spaced, bool emptyParts) const;
 
+    /// All parts in one text, as a user reads them.
+    SharedText GetDisplayName() const;
+
     friend bool operator==(const VariantMarking&, const VariantMarking&) = default;
 
 private:

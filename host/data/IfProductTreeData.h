@@ -5,6 +5,7 @@
 #pragma once
 
 #include "host/IfPropertyDescription.h"
+#include "host/MbPath.h"
 #include "host/PropValue.h"
 #include "host/PropertyRef.h"
 #include "host/SPCSection.h"
@@ -12,6 +13,7 @@
 #include "host/VariantMarking.h"
 #include "host/data/EmbodimentsModel.h"
 #include "host/data/IfProductDataAggregator.h"
+#include "host/data/PartDocument.h"
 #include "host/data/ProductInfObjChangesResult.h"
 #include "host/data/SpecificationStyles.h"
 
@@ -339,6 +341,51 @@ public:
                                                               bool value) = 0;
 };
 
+/// The documents that are attached to objects. Questions and changes alike are about one object, by
+/// the key of its row, and one of its documents as GetPartDocuments has given it.
+class IProductDataDocuments {
+public:
+    virtual ~IProductDataDocuments() = default;
+
+    /// In the order in which they are listed. The empty key stands for no row, or several.
+    virtual std::vector<PartDocument> GetPartDocuments(const UniqueMetaObjectKey& key) const = 0;
+    virtual bool CanAddDocument(const UniqueMetaObjectKey& key) const = 0;
+    /// Lets the user choose what to add. The set is empty when he has chosen nothing.
+    virtual ProductInfObjChangesResult AddDocument(const UniqueMetaObjectKey& key) = 0;
+    /// All of them; `files` is not empty.
+    virtual bool CanRemoveDocuments(const UniqueMetaObjectKey& key,
+                                    const std::vector<std::wstring>& files) const = 0;
+    /// Of several documents that go at once each is asked for in turn, and all are one set. The
+    /// host may ask the user at the first.
+    virtual ProductInfObjChangesResult RemoveDocument(const UniqueMetaObjectKey& key,
+                                                      const PartDocument& document) = 0;
+    virtual bool CanOpenDocument(const UniqueMetaObjectKey& key,
+                                 const PartDocument& document) const = 0;
+    /// Opens it in whatever program it is for. `path` is that of the document.
+    virtual void OpenDocument(const PartDocument& document, const VariantMarking& marking,
+                              const MbPath& path) = 0;
+    /// There may be something to see of it. Asked at each change of the selection: no file need be
+    /// read for it.
+    virtual bool CanPreviewDocument(const UniqueMetaObjectKey& key,
+                                    const PartDocument& document) const = 0;
+    virtual bool CanChangeDocumentSource(const UniqueMetaObjectKey& key,
+                                         const PartDocument& document) const = 0;
+    /// The object takes name and designation from the document; another one that was its source is
+    /// it no more. Cleared, it keeps both.
+    virtual ProductInfObjChangesResult SetDocumentSource(const UniqueMetaObjectKey& key,
+                                                         const PartDocument& document) = 0;
+    virtual ProductInfObjChangesResult ClearDocumentSource(const UniqueMetaObjectKey& key,
+                                                           const PartDocument& document) = 0;
+    /// `format` is the document's and not empty.
+    virtual bool CanUseDocumentFormat(const UniqueMetaObjectKey& key, const PartDocument& document,
+                                      const std::wstring& format) const = 0;
+    virtual ProductInfObjChangesResult UseDocumentFormat(const UniqueMetaObjectKey& key,
+                                                         const PartDocument& document,
+                                                         const std::wstring& format) = 0;
+    virtual ProductInfObjChangesResult ClearDocumentFormat(const UniqueMetaObjectKey& key,
+                                                           const PartDocument& document) = 0;
+};
+
 /// The objects that are selected in the document, in all its views.
 class IProductDataSelection {
 public:
@@ -465,6 +512,7 @@ class IfProductTreeData : public IProductDataRefresh,
                           public IProductDataDeleting,
                           public IProductDataObjectCommands,
                           public IProductDataAttributes,
+                          public IProductDataDocuments,
                           public IProductDataSelection,
                           public IProductDataCommands,
                           public IProductDataEmbodiments,

@@ -135,6 +135,51 @@ public:
         return {};
     }
 
+    // No object has documents.
+    std::vector<PartDocument> GetPartDocuments(const UniqueMetaObjectKey&) const override {
+        return {};
+    }
+    bool CanAddDocument(const UniqueMetaObjectKey&) const override { return false; }
+    ProductInfObjChangesResult AddDocument(const UniqueMetaObjectKey&) override { return {}; }
+    bool CanRemoveDocuments(const UniqueMetaObjectKey&,
+                            const std::vector<std::wstring>&) const override {
+        return false;
+    }
+    ProductInfObjChangesResult RemoveDocument(const UniqueMetaObjectKey&,
+                                              const PartDocument&) override {
+        return {};
+    }
+    bool CanOpenDocument(const UniqueMetaObjectKey&, const PartDocument&) const override {
+        return false;
+    }
+    void OpenDocument(const PartDocument&, const VariantMarking&, const MbPath&) override {}
+    bool CanPreviewDocument(const UniqueMetaObjectKey&, const PartDocument&) const override {
+        return false;
+    }
+    bool CanChangeDocumentSource(const UniqueMetaObjectKey&, const PartDocument&) const override {
+        return false;
+    }
+    ProductInfObjChangesResult SetDocumentSource(const UniqueMetaObjectKey&,
+                                                 const PartDocument&) override {
+        return {};
+    }
+    ProductInfObjChangesResult ClearDocumentSource(const UniqueMetaObjectKey&,
+                                                   const PartDocument&) override {
+        return {};
+    }
+    bool CanUseDocumentFormat(const UniqueMetaObjectKey&, const PartDocument&,
+                              const std::wstring&) const override {
+        return false;
+    }
+    ProductInfObjChangesResult UseDocumentFormat(const UniqueMetaObjectKey&, const PartDocument&,
+                                                 const std::wstring&) override {
+        return {};
+    }
+    ProductInfObjChangesResult ClearDocumentFormat(const UniqueMetaObjectKey&,
+                                                   const PartDocument&) override {
+        return {};
+    }
+
     // What is selected in the panel is remembered, and told to nobody.
     std::vector<UniqueMetaObjectKey> GetSelectedKeys() const override { return m_selected; }
     void SetSelectedKeys(const std::vector<UniqueMetaObjectKey>& keys) override {

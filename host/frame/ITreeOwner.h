@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/RcBase.h"
+#include "host/view/IParamSlideBoxModel.h"
 
-class IParamSlideBoxModel;
 class ITreeTableModel;
 
 namespace productTree {
@@ -20,6 +20,3 @@ public:
     virtual void RegisterSlideBox(IParamSlideBoxModel& slideBox, int panel) = 0;
     static constexpr int c_productTreePanel = 6;
 };
-
-/// The box below the tree. It gets its operations with the document list.
-class IParamSlideBoxModel : public IRefItem {};

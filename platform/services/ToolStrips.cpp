@@ -15,6 +15,7 @@ constexpr unsigned c_tips = 20000;
 
 // 0: a line between groups of buttons.
 constexpr unsigned c_mainStrip[] = {7745, 7746, 0, 7752, 7766, 7747};
+constexpr unsigned c_documentStrip[] = {7783, 7785, 0, 7749, 0, 7751, 7750, 0, 7784};
 
 struct StripResource {
     std::string_view name;
@@ -24,6 +25,7 @@ struct StripResource {
 constexpr StripResource c_strips[] = {
     {"PRODUCT_TREE_TOOLBAR", c_mainStrip},
     {"PRODUCT_TREE_ADDITIONAL_TOOLBAR", {}},
+    {"PRODUCT_TREE_DOC_LIST", c_documentStrip},
 };
 
 struct CommandKey {

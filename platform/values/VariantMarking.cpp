@@ -247,6 +247,10 @@ SharedText VariantMarking::Make(VariantMarkingData::MakeType type, bool spaced,
     return made;
 }
 
+SharedText VariantMarking::GetDisplayName() const {
+    return Make(VariantMarkingData::MakeAll, false, false);
+}
+
 wchar_t MarkingDelim(const std::wstring& text) {
     return FirstCharacter(text);
 }

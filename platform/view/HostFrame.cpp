@@ -16,17 +16,24 @@ namespace platform {
 
 namespace {
 
-class SlideBox final : public RcBase<IParamSlideBoxModel> {};
-
 class Owner final : public RcBase<ITreeOwner> {
 public:
     boost::intrusive_ptr<IParamSlideBoxModel>
-    MakeSlideBoxModel(productTree::IfProductTreeCtrl*) override {
-        return new SlideBox;
+    MakeSlideBoxModel(productTree::IfProductTreeCtrl* control) override {
+        if (m_box)
+            m_box->ForgetControl();
+        m_box = new DocumentBox(control);
+        return m_box;
     }
-    // The view stands where the frame's user puts it, and a box without operations nowhere.
+    // View and box stand where the frame's user puts them.
     void RegisterTreeModel(ITreeTableModel&, int) override {}
     void RegisterSlideBox(IParamSlideBoxModel&, int) override {}
+
+    /// Null until the panel is initialised.
+    const boost::intrusive_ptr<DocumentBox>& GetBox() const { return m_box; }
+
+private:
+    boost::intrusive_ptr<DocumentBox> m_box;
 };
 
 class Manager final : public RcBase<IfTreeManager> {
@@ -125,7 +132,14 @@ HostFrame::HostFrame(std::shared_ptr<IfProductTreeData> data, PanelStart start)
         tree.SetVisible(true, true);
 }
 
-HostFrame::~HostFrame() = default;
+HostFrame::~HostFrame() {
+    if (DocumentBox* const box = GetDocumentBox())
+        box->ForgetControl();
+}
+
+DocumentBox* HostFrame::GetDocumentBox() const {
+    return m_application->GetOwner().GetBox().get();
+}
 
 TreeTableView& HostFrame::GetView() const {
     return m_application->GetView();

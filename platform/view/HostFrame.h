@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/frame/ITreeWrapper.h"
+#include "platform/view/DocumentBox.h"
 #include "platform/view/TreeTableView.h"
 
 #include <memory>
@@ -36,6 +37,8 @@ public:
     ~HostFrame();
 
     TreeTableView& GetView() const;
+    /// The box with the list of documents; null when the panel has no data.
+    DocumentBox* GetDocumentBox() const;
     GrABaseFeatureTree& GetTree() const;
     ITreeWrapper& GetWrapper() const;
     /// The id that the tree has registered with the manager; null when it did not.

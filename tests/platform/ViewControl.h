@@ -26,6 +26,8 @@ public:
     std::string TakeLog() { return std::exchange(m_log, {}); }
 
     void OnToolbarCommand(int command, std::int64_t) override { Note("command " + std::to_string(command)); }
+    void OnDocsListEvent(int eventId, std::int64_t) override { Note("documents " + std::to_string(eventId)); }
+    void SetDocsListVisible(bool visible) override { Note(visible ? "documents shown" : "documents hidden"); }
     void OnSelectionChanged() override {}
     void OnAggrIntoProductClicked(Item&) override { Note("aggregate"); }
     void OnRegWithDescClicked(Item&) override { Note("register"); }

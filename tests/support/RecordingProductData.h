@@ -170,6 +170,20 @@ public:
     bool CanClearPosition(const Key& key) const override { return Note("CanClearPosition"), m_product.CanClearPosition(key); }
     bool IsSectionNumbered(const SPCSection& section) const override { return Note("IsSectionNumbered"), m_product.IsSectionNumbered(section); }
     bool IsEmbodimentMode() const override { return Note("IsEmbodimentMode"), m_product.IsEmbodimentMode(); }
+    std::vector<PartDocument> GetPartDocuments(const Key& key) const override { return Note("GetPartDocuments"), m_product.GetPartDocuments(key); }
+    bool CanAddDocument(const Key& key) const override { return Note("CanAddDocument"), m_product.CanAddDocument(key); }
+    Changes AddDocument(const Key& key) override { return Note("AddDocument"), m_product.AddDocument(key); }
+    bool CanRemoveDocuments(const Key& key, const std::vector<std::wstring>& files) const override { return Note("CanRemoveDocuments"), m_product.CanRemoveDocuments(key, files); }
+    Changes RemoveDocument(const Key& key, const PartDocument& document) override { return Note("RemoveDocument"), m_product.RemoveDocument(key, document); }
+    bool CanOpenDocument(const Key& key, const PartDocument& document) const override { return Note("CanOpenDocument"), m_product.CanOpenDocument(key, document); }
+    void OpenDocument(const PartDocument& document, const VariantMarking& marking, const MbPath& path) override { Note("OpenDocument"), m_product.OpenDocument(document, marking, path); }
+    bool CanPreviewDocument(const Key& key, const PartDocument& document) const override { return Note("CanPreviewDocument"), m_product.CanPreviewDocument(key, document); }
+    bool CanChangeDocumentSource(const Key& key, const PartDocument& document) const override { return Note("CanChangeDocumentSource"), m_product.CanChangeDocumentSource(key, document); }
+    Changes SetDocumentSource(const Key& key, const PartDocument& document) override { return Note("SetDocumentSource"), m_product.SetDocumentSource(key, document); }
+    Changes ClearDocumentSource(const Key& key, const PartDocument& document) override { return Note("ClearDocumentSource"), m_product.ClearDocumentSource(key, document); }
+    bool CanUseDocumentFormat(const Key& key, const PartDocument& document, const std::wstring& format) const override { return Note("CanUseDocumentFormat"), m_product.CanUseDocumentFormat(key, document, format); }
+    Changes UseDocumentFormat(const Key& key, const PartDocument& document, const std::wstring& format) override { return Note("UseDocumentFormat"), m_product.UseDocumentFormat(key, document, format); }
+    Changes ClearDocumentFormat(const Key& key, const PartDocument& document) override { return Note("ClearDocumentFormat"), m_product.ClearDocumentFormat(key, document); }
     // clang-format on
 
 private:

@@ -263,6 +263,33 @@ public:
                                                       bool value) override;
 
     /// How the document is looked at and no change of it.
+    std::vector<PartDocument> GetPartDocuments(const UniqueMetaObjectKey& key) const override;
+    bool CanAddDocument(const UniqueMetaObjectKey& key) const override;
+    ProductInfObjChangesResult AddDocument(const UniqueMetaObjectKey& key) override;
+    bool CanRemoveDocuments(const UniqueMetaObjectKey& key,
+                            const std::vector<std::wstring>& files) const override;
+    ProductInfObjChangesResult RemoveDocument(const UniqueMetaObjectKey& key,
+                                              const PartDocument& document) override;
+    bool CanOpenDocument(const UniqueMetaObjectKey& key,
+                         const PartDocument& document) const override;
+    void OpenDocument(const PartDocument& document, const VariantMarking& marking,
+                      const MbPath& path) override;
+    bool CanPreviewDocument(const UniqueMetaObjectKey& key,
+                            const PartDocument& document) const override;
+    bool CanChangeDocumentSource(const UniqueMetaObjectKey& key,
+                                 const PartDocument& document) const override;
+    ProductInfObjChangesResult SetDocumentSource(const UniqueMetaObjectKey& key,
+                                                 const PartDocument& document) override;
+    ProductInfObjChangesResult ClearDocumentSource(const UniqueMetaObjectKey& key,
+                                                   const PartDocument& document) override;
+    bool CanUseDocumentFormat(const UniqueMetaObjectKey& key, const PartDocument& document,
+                              const std::wstring& format) const override;
+    ProductInfObjChangesResult UseDocumentFormat(const UniqueMetaObjectKey& key,
+                                                 const PartDocument& document,
+                                                 const std::wstring& format) override;
+    ProductInfObjChangesResult ClearDocumentFormat(const UniqueMetaObjectKey& key,
+                                                   const PartDocument& document) override;
+
     std::vector<UniqueMetaObjectKey> GetSelectedKeys() const override;
     void SetSelectedKeys(const std::vector<UniqueMetaObjectKey>& keys) override;
 
