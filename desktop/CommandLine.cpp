@@ -9,6 +9,9 @@ namespace {
 /// The exit status of wrong options.
 constexpr int c_usageError = 1;
 
+constexpr int c_smallestPicture = 16;
+constexpr int c_largestPicture = 8192;
+
 std::string CheckEncoding([[maybe_unused]] const std::string& name) {
 #ifdef PRODUCT_TREE_HAS_STEP
     if (!step::IsKnownEncoding(name))
@@ -45,8 +48,18 @@ std::variant<CommandLine, CommandLineEnd> ParseCommandLine(int argc, const char*
     app.add_option("--screenshot", result.screenshot, "Write a picture of the window")
         ->option_text("PNG")
         ->check(CheckNotEmpty);
+    auto* const picture =
+        app.add_option("--picture", result.picture, "Draw what the file holds, without the window")
+            ->option_text("PNG")
+            ->check(CheckNotEmpty);
+    app.add_option("--size", result.pictureSize, "The longer side of that drawing in pixels (1000)")
+        ->option_text("W")
+        ->needs(picture)
+        ->check(CLI::Range(c_smallestPicture, c_largestPicture));
+    app.add_flag("--answer-preview", result.answersPreview)->group("");
     app.add_flag("--mass", result.computesMasses, "Work out masses before printing");
-    app.add_option("--assembly", result.step.assembly, "Take this sub-assembly as the root")
+    app.add_option("--assembly", result.step.assembly,
+                   "Take this sub-assembly as the root; with --picture this part")
         ->option_text("NAME")
         ->check(CheckNotEmpty);
     app.add_flag("--flatten", result.step.flatten, "Show all parts of all sub-assemblies");
@@ -66,6 +79,9 @@ std::variant<CommandLine, CommandLineEnd> ParseCommandLine(int argc, const char*
         return CommandLineEnd{c_usageError,
                               "product-tree: " + std::string(error.what()) + "\n\n" + app.help()};
     }
+    if (!result.picture.empty() && result.file.empty())
+        return CommandLineEnd{c_usageError,
+                              "product-tree: --picture needs a FILE\n\n" + app.help()};
     if (!print.empty())
         result.print = print == "json" ? PrintForm::Json : PrintForm::Text;
     return result;

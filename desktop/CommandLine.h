@@ -21,6 +21,12 @@ struct CommandLine {
     /// Empty: no picture.
     std::filesystem::path screenshot;
     bool computesMasses = false;
+    /// Of what the file holds, without the window; empty: none.
+    std::filesystem::path picture;
+    /// Of the longer side of that picture, in pixels.
+    int pictureSize = 1000;
+    /// The program has called itself to work a preview out: there are no other options.
+    bool answersPreview = false;
     step::StepOptions step;
 };
 

@@ -72,6 +72,10 @@ std::vector<UniqueMetaObjectKey> ListAssemblies(const ProductModel& model,
     return found;
 }
 
+FileError NobodyIsCalled(const std::wstring& name) {
+    return {"no product is called " + Quote(name)};
+}
+
 } // namespace
 
 std::variant<std::string, FileError> ShowLevel(ProductModel& model,
@@ -82,7 +86,7 @@ std::variant<std::string, FileError> ShowLevel(ProductModel& model,
         const std::wstring name = FromUtf8OrLatin1(options.assembly);
         const std::vector<const ObjectRecord*> objects = FindByName(model, name);
         if (objects.empty())
-            return FileError{"no product is called " + Quote(name)};
+            return NobodyIsCalled(name);
         const std::vector<UniqueMetaObjectKey> assemblies = ListAssemblies(model, objects);
         if (assemblies.empty())
             return FileError{Quote(name) + " is no assembly: it has no components"};
@@ -99,6 +103,17 @@ std::variant<std::string, FileError> ShowLevel(ProductModel& model,
         return FileError{"more than " + std::to_string(platform::c_mostParts) +
                          " parts when flattened"};
     return note;
+}
+
+std::variant<UniqueMetaObjectKey, FileError> FindObject(const ProductModel& model,
+                                                        const std::string& name) {
+    if (name.empty())
+        return model.root.key;
+    const std::wstring wide = FromUtf8OrLatin1(name);
+    const std::vector<const ObjectRecord*> objects = FindByName(model, wide);
+    if (objects.empty())
+        return NobodyIsCalled(wide);
+    return objects.front()->key;
 }
 
 } // namespace desktop

@@ -16,4 +16,8 @@ namespace desktop {
 std::variant<std::string, FileError> ShowLevel(platform::ProductModel& model,
                                                const step::StepOptions& options);
 
+/// The first object that is called so, by its name or its designation; the root for an empty name.
+std::variant<UniqueMetaObjectKey, FileError> FindObject(const platform::ProductModel& model,
+                                                        const std::string& name);
+
 } // namespace desktop

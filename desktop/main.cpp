@@ -5,6 +5,7 @@
 #include "desktop/SampleFile.h"
 #include "desktop/Session.h"
 #include "desktop/books/UserLists.h"
+#include "desktop/preview/PreviewRun.h"
 #include "desktop/window/WindowProgram.h"
 
 #include <cstdio>
@@ -59,6 +60,15 @@ int RunHeadless(std::unique_ptr<Session> session, CommandLine options) {
     return c_fileError;
 }
 
+int DrawPicture(const CommandLine& options) {
+    const auto fault = WriteFilePicture({options.file, options.step.assembly, options.step.encoding,
+                                         options.pictureSize, options.picture});
+    if (!fault)
+        return EXIT_SUCCESS;
+    Complain(fault->path, fault->error.reason);
+    return c_fileError;
+}
+
 int Run(const CommandLine& options, const std::filesystem::path& file) {
     const bool isWindowWanted =
         options.print == PrintForm::None && options.screenshot.empty() && HasDisplay();
@@ -93,9 +103,11 @@ int main(int argc, char** argv) {
     if (const auto* end = std::get_if<CommandLineEnd>(&parsed))
         return End(*end);
     const auto& options = std::get<CommandLine>(parsed);
+    if (options.answersPreview)
+        AnswerPreviewRequest();
     const std::filesystem::path file = options.file.empty() ? FindSampleFile() : options.file;
     try {
-        return Run(options, file);
+        return options.picture.empty() ? Run(options, file) : DrawPicture(options);
     } catch (const std::exception& error) {
         Complain(file, error.what());
         return c_fileError;

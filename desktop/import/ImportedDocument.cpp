@@ -70,16 +70,29 @@ std::optional<std::wstring> ImportedDocument::Decode(const std::string& text,
 
 std::unique_ptr<Measuring> ImportedDocument::StartMeasuring(MeasuredParts parts,
                                                             const UniqueMetaObjectKey& below) {
-    std::vector<std::size_t> tops = m_roots.tops;
-    for (const ProductObject& object : m_objects.Get()) {
-        if (object.key == below)
-            tops = {object.definition};
-    }
     // Shells would be gone through for half a minute, to no end.
     std::vector<std::size_t> measured;
     if (m_hasSolids)
-        measured = FindPartsToMeasure(m_structure, tops, parts);
+        measured = FindPartsToMeasure(m_structure, FindTops(below), parts);
     return std::make_unique<VolumeMeasuring>(*this, *m_reader, m_structure, std::move(measured));
+}
+
+std::variant<LineDrawing, FileError> ImportedDocument::Draw(const UniqueMetaObjectKey& object) {
+    std::vector<int> entities;
+    for (const std::size_t top : FindTops(object))
+        entities.push_back(m_structure.definitions[top].entity);
+    LineDrawing drawing = m_reader->Draw(entities);
+    if (drawing.IsEmpty())
+        return FileError{"no shape that can be drawn"};
+    return drawing;
+}
+
+std::vector<std::size_t> ImportedDocument::FindTops(const UniqueMetaObjectKey& object) const {
+    for (const ProductObject& known : m_objects.Get()) {
+        if (known.key == object)
+            return {known.definition};
+    }
+    return m_roots.tops;
 }
 
 Measures ImportedDocument::GetMeasures(const std::vector<std::optional<double>>& volumes) const {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace desktop::step {
@@ -28,11 +29,14 @@ public:
                                        const std::string& encoding) const override;
     std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts,
                                               const UniqueMetaObjectKey& below) override;
+    std::variant<LineDrawing, FileError> Draw(const UniqueMetaObjectKey& object) override;
 
     /// From volumes in m3, by definition.
     Measures GetMeasures(const std::vector<std::optional<double>>& volumes) const;
 
 private:
+    /// What the key stands for: the definition of its object, else all that nothing else uses.
+    std::vector<std::size_t> FindTops(const UniqueMetaObjectKey& object) const;
     void AddNote(std::size_t count, const char* one, const char* many, const char* rest);
 
     std::unique_ptr<StepReader> m_reader;

@@ -3,6 +3,7 @@
 // out afterwards, on demand. Files that the file refers to are not followed.
 #pragma once
 
+#include "desktop/import/LineDrawing.h"
 #include "desktop/messages/FileError.h"
 #include "platform/product/model/ProductModel.h"
 
@@ -86,6 +87,10 @@ public:
     /// the child inherits every lock that is held and nobody who would give it back.
     virtual std::unique_ptr<Measuring> StartMeasuring(MeasuredParts parts,
                                                       const UniqueMetaObjectKey& below) = 0;
+    /// The object as a line drawing, or all that the file holds where the key is none of an
+    /// object's. Takes seconds, and a damaged shape may end the process: not for a process with
+    /// something to lose.
+    virtual std::variant<LineDrawing, FileError> Draw(const UniqueMetaObjectKey& object) = 0;
 };
 
 /// Whether text of that name can be read, for the command line's own check.

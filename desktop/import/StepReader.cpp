@@ -1,6 +1,7 @@
 #include "desktop/import/StepReader.h"
 
 #include <BRepGProp.hxx>
+#include <BRep_Builder.hxx>
 #include <GProp_GProps.hxx>
 #include <Interface_Check.hxx>
 #include <Message.hxx>
@@ -12,6 +13,7 @@
 #include <Standard_Failure.hxx>
 #include <StepData_StepModel.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopoDS_Compound.hxx>
 #include <TopoDS_Shape.hxx>
 #include <Transfer_TransientProcess.hxx>
 #include <XSControl_TransferReader.hxx>
@@ -94,6 +96,18 @@ double SolidVolume(const TopoDS_Shape& shape) {
     return volume;
 }
 
+TopoDS_Shape TransferShape(STEPControl_Reader& reader, int entity, const Progress& progress) {
+    const Handle(Standard_Transient) definition = reader.StepModel()->Value(entity);
+    const Handle(XSControl_TransferReader)& transfer = reader.WS()->TransferReader();
+    // Each part starts afresh: the shapes of all of them together need not stay.
+    transfer->Clear(finalResults);
+    transfer->BeginTransfer();
+    transfer->TransientProcess()->Clear();
+    const Handle(ProgressBridge) bridge = new ProgressBridge(progress);
+    transfer->TransferOne(definition, Standard_True, bridge->Start());
+    return transfer->ShapeResult(definition);
+}
+
 } // namespace
 
 StepReader::StepReader(std::unique_ptr<STEPControl_Reader> reader) : m_reader(std::move(reader)) {}
@@ -127,15 +141,7 @@ const StepData_StepModel& StepReader::GetModel() const {
 
 std::optional<double> StepReader::MeasureVolume(int entity, const Progress& progress) {
     try {
-        const Handle(Standard_Transient) definition = m_reader->StepModel()->Value(entity);
-        const Handle(XSControl_TransferReader)& transfer = m_reader->WS()->TransferReader();
-        // Each part starts afresh: the shapes of all of them together need not stay.
-        transfer->Clear(finalResults);
-        transfer->BeginTransfer();
-        transfer->TransientProcess()->Clear();
-        const Handle(ProgressBridge) bridge = new ProgressBridge(progress);
-        transfer->TransferOne(definition, Standard_True, bridge->Start());
-        const double volume = SolidVolume(transfer->ShapeResult(definition));
+        const double volume = SolidVolume(TransferShape(*m_reader, entity, progress));
         if (!(volume > 0) || !std::isfinite(volume))
             return std::nullopt;
         return volume * cubicMetresPerCubicMillimetre;
@@ -143,6 +149,22 @@ std::optional<double> StepReader::MeasureVolume(int entity, const Progress& prog
         return std::nullopt;
     } catch (const std::bad_alloc&) {
         return std::nullopt;
+    }
+}
+
+LineDrawing StepReader::Draw(const std::vector<int>& entities) {
+    try {
+        TopoDS_Compound all;
+        const BRep_Builder builder;
+        builder.MakeCompound(all);
+        for (const int entity : entities) {
+            const TopoDS_Shape shape = TransferShape(*m_reader, entity, [](double) {});
+            if (!shape.IsNull())
+                builder.Add(all, shape);
+        }
+        return DrawLines(all);
+    } catch (const Standard_Failure&) {
+        return {};
     }
 }
 

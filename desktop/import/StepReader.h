@@ -1,8 +1,9 @@
-// Open CASCADE's reader with one file in it: the loaded entities, and the volumes of its parts on
-// demand. Reading and measuring are quiet; failures that the reader notices come out as errors or
+// Open CASCADE's reader with one file in it: the loaded entities, and the volumes and drawings of
+// its parts on demand. All of it is quiet; failures that the reader notices come out as errors or
 // as missing values. One thread at a time.
 #pragma once
 
+#include "desktop/import/LineDrawing.h"
 #include "desktop/messages/FileError.h"
 
 #include <functional>
@@ -10,6 +11,7 @@
 #include <optional>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 class STEPControl_Reader;
 class StepData_StepModel;
@@ -33,6 +35,9 @@ public:
     /// and gives the volume of its solids in m3. No value: it has none, or it can't be transferred.
     /// A damaged shape may end the process.
     std::optional<double> MeasureVolume(int entity, const Progress& progress);
+    /// The same of several product definitions as one drawing. Empty: nothing can be seen of them,
+    /// or they can't be transferred. A damaged shape may end the process.
+    LineDrawing Draw(const std::vector<int>& entities);
 
 private:
     explicit StepReader(std::unique_ptr<STEPControl_Reader> reader);

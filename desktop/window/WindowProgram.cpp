@@ -2,6 +2,7 @@
 
 #include "desktop/books/UserLists.h"
 #include "desktop/icons/RowIcons.h"
+#include "desktop/preview/PreviewService.h"
 #include "desktop/window/MainWindow.h"
 #include "desktop/window/WindowMemory.h"
 
@@ -31,6 +32,7 @@ public:
         QApplication::setApplicationName(QStringLiteral("product-tree"));
         QApplication::setStyle(QStringLiteral("Fusion"));
         QApplication::setWindowIcon(RowIcons().Get(c_assemblyIcon));
+        PreviewService::SetProgram(QApplication::applicationFilePath());
     }
 
     int Run() { return QApplication::exec(); }

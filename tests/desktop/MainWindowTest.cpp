@@ -61,6 +61,10 @@ public:
         return measuring;
     }
 
+    std::variant<desktop::step::LineDrawing, desktop::FileError> Draw(const UniqueMetaObjectKey&) override {
+        return desktop::step::LineDrawing{};
+    }
+
     SlowMeasuring& GetMeasuring() { return *m_measuring; }
 
 private:

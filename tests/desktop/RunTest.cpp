@@ -191,4 +191,25 @@ TEST(Run, AnAssemblyIsShownByItsUses) {
     EXPECT_EQ(print({"--assembly", "rod-assembly", "--mass"}), (StringList{"- rod-assembly", "  + Parts (x3)"}));
 }
 
+TEST(Run, APartOfAnAssemblyIsDrawnByItsName) {
+    const auto file = Assembly("as1-oc-214.stp");
+    if (!CanOpen(file))
+        GTEST_SKIP() << "no STEP import, or no assembly " << file;
+    const Folder folder;
+    const auto draw = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"--picture", "x.png", "--size", "300"});
+        return RunProgram(folder, arguments);
+    };
+    EXPECT_EQ(draw({"--assembly", "bolt", file.string()}).err, "");
+    const QImage bolt(QString::fromStdString((folder.Path() / "x.png").string()));
+    EXPECT_EQ(std::max(bolt.width(), bolt.height()), 300);
+    EXPECT_EQ(draw({file.string()}).err, "");
+    EXPECT_NE(QImage(QString::fromStdString((folder.Path() / "x.png").string())), bolt);
+    const Outcome unknown = draw({"--assembly", "nut & bolt", file.string()});
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_EQ(unknown.err, "product-tree: " + file.string() + ": no product is called \"nut & bolt\"\n");
+    EXPECT_EQ(draw({"none.step"}).err, "product-tree: none.step: no such file\n");
+    EXPECT_EQ(draw({}).status, 1);
+}
+
 } // namespace

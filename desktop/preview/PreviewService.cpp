@@ -1,0 +1,104 @@
+#include "desktop/preview/PreviewService.h"
+
+#include "desktop/preview/PreviewProcess.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace desktop {
+
+namespace {
+
+constexpr std::chrono::seconds c_usualLimit{30};
+constexpr std::chrono::milliseconds c_rest{60};
+/// In KB: a few dozen pictures as large as a preview usually is.
+constexpr int c_mostKept = 96 * 1024;
+
+constexpr int c_mostPixels = 8192;
+
+QString& Program() {
+    static QString path;
+    return path;
+}
+
+QString MakeKey(const PreviewRequest& request) {
+    const QFileInfo file(request.path);
+    if (!file.isFile())
+        return {};
+    return QStringList{request.path,
+                       QString::number(file.size()),
+                       QString::number(file.lastModified().toMSecsSinceEpoch()),
+                       QString::number(request.pixels.width()),
+                       QString::number(request.pixels.height()),
+                       QString::number(request.scale),
+                       QString::number(request.page),
+                       request.ink.name()}
+        .join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+void PreviewService::SetProgram(const QString& path) {
+    Program() = path;
+}
+
+PreviewService::PreviewService(QObject* parent)
+    : QObject(parent), m_limit(c_usualLimit), m_known(c_mostKept) {
+    m_start.setSingleShot(true);
+    m_start.setInterval(c_rest);
+    connect(&m_start, &QTimer::timeout, this, &PreviewService::Start);
+}
+
+PreviewService::~PreviewService() = default;
+
+void PreviewService::Show(const QString& absolutePath, QSize pixels, int page) {
+    Cancel();
+    m_request = {};
+    m_request.path = absolutePath;
+    m_request.pixels = pixels.expandedTo(QSize(1, 1)).boundedTo(QSize(c_mostPixels, c_mostPixels));
+    m_request.scale = qGuiApp->devicePixelRatio();
+    m_request.page = page;
+    m_request.ink = QGuiApplication::palette().color(QPalette::Text);
+    m_key = MakeKey(m_request);
+    if (const PreviewAnswer* const known = m_known.object(m_key)) {
+        // A receiver may ask for another one, which may drop this one.
+        const PreviewAnswer answer = *known;
+        emit Ready(answer.image, answer.page, answer.pageCount);
+        return;
+    }
+    m_start.start();
+    emit Busy();
+}
+
+void PreviewService::Cancel() {
+    m_start.stop();
+    if (m_process)
+        m_process->Abandon();
+    m_process = nullptr;
+}
+
+void PreviewService::Start() {
+    if (Program().isEmpty()) {
+        emit Failed(tr("No previews here"));
+        return;
+    }
+    m_process = new PreviewProcess(Program(), m_request, m_limit, this);
+    connect(m_process, &PreviewProcess::Answered, this, &PreviewService::Take);
+}
+
+void PreviewService::Take(const PreviewAnswer& answer) {
+    m_process = nullptr;
+    if (!answer.error.isEmpty()) {
+        emit Failed(answer.error);
+        return;
+    }
+    // A file that was changed meanwhile may be in the picture or not.
+    if (!m_key.isEmpty() && m_key == MakeKey(m_request))
+        m_known.insert(m_key, new PreviewAnswer(answer),
+                       static_cast<int>(answer.image.sizeInBytes() / 1024 + 1));
+    emit Ready(answer.image, answer.page, answer.pageCount);
+}
+
+} // namespace desktop
