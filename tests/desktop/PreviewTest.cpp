@@ -77,7 +77,7 @@ protected:
         for (int page = 0; page < pages; ++page) {
             if (page > 0)
                 writer.newPage();
-            painter.fillRect(100, 100, 1000 * (page + 1), 1000, Qt::black);
+            painter.fillRect(0, 0, writer.width() * (page + 1) / 4, writer.height(), Qt::black);
         }
         return Path(name);
     }
@@ -96,7 +96,7 @@ protected:
 };
 
 TEST_F(Previews, EachKindOfFileIsKnownByItsContentsAndDrawn) {
-    QImage image(3000, 1000, QImage::Format_ARGB32);
+    QImage image(3000, 1500, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     image.setPixelColor(0, 0, Qt::white);
     QPainter(&image).fillRect(1000, 300, 500, 300, Qt::blue);
@@ -120,7 +120,7 @@ TEST_F(Previews, EachKindOfFileIsKnownByItsContentsAndDrawn) {
         EXPECT_EQ(answer.image.size().boundedTo(c_room), answer.image.size());
         EXPECT_EQ(answer.pageCount, 1);
     }
-    EXPECT_EQ(Ask(Path("image.txt")).image.size(), QSize(200, 67));
+    EXPECT_EQ(Ask(Path("image.txt")).image.size(), QSize(200, 100));
     EXPECT_EQ(Ask(Path("image.txt")).image.pixelColor(150, 50), QColor(Qt::white));
 }
 
@@ -149,7 +149,7 @@ TEST_F(Previews, WhatCannotBeShownIsOneLine) {
                            "0\nENDBLK\n0\nENDSEC\n" +
                                Dxf("0\nINSERT\n2\nA\n")),
          "Nothing is drawn in the DXF file"},
-        {Write("far.dxf", Dxf("0\nLINE\n10\n1e308\n20\n0\n11\n-1e308\n21\n0\n")), "The DXF file is damaged"},
+        {Write("far.dxf", Dxf("0\nLINE\n10\n1e308\n20\n0\n11\n-1e308\n21\n0\n")), "Nothing is drawn in the DXF file"},
 #ifdef PRODUCT_TREE_HAS_STEP
         {Write("cut.step", "ISO-10303-21;\nHEADER;\n"), ""},
 #endif
@@ -234,7 +234,7 @@ TEST_F(Previews, APaneLeafsThroughPagesAndForgetsThemWithTheFile) {
     EXPECT_EQ(text->text(), "3 of 3");
     EXPECT_FALSE(buttons[1]->isEnabled());
     EXPECT_TRUE(
-        QTest::qWaitFor([&] { return pane.grab().toImage().pixel(60, 30) != first.pixel(60, 30); }, c_patience));
+        QTest::qWaitFor([&] { return pane.grab().toImage().pixel(100, 60) != first.pixel(100, 60); }, c_patience));
     pane.ShowFile(Path("missing"));
     EXPECT_FALSE(text->isVisible());
     EXPECT_EQ(pane.toolTip(), Path("missing"));
