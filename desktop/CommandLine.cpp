@@ -42,12 +42,15 @@ std::variant<CommandLine, CommandLineEnd> ParseCommandLine(int argc, const char*
     app.set_version_flag("--version", "product-tree " PRODUCT_TREE_VERSION, "Show the version");
     app.add_option("FILE", result.file, "STEP assembly or product file; none: the sample")
         ->option_text(" ");
-    app.add_flag("--print", print, "Print the tree; with --print=json as JSON")
-        ->check(CheckPrintForm);
-    app.add_flag("--all", result.showsAllRows, "Show all rows, not only those that are expanded");
-    app.add_option("--screenshot", result.screenshot, "Write a picture of the window")
-        ->option_text("PNG")
-        ->check(CheckNotEmpty);
+    auto* const printing =
+        app.add_flag("--print", print, "Print the tree; with --print=json as JSON")
+            ->check(CheckPrintForm);
+    auto* const all = app.add_flag("--all", result.showsAllRows,
+                                   "Show all rows, not only those that are expanded");
+    auto* const screenshot =
+        app.add_option("--screenshot", result.screenshot, "Write a picture of the window")
+            ->option_text("PNG")
+            ->check(CheckNotEmpty);
     auto* const picture =
         app.add_option("--picture", result.picture, "Draw what the file holds, without the window")
             ->option_text("PNG")
@@ -57,16 +60,21 @@ std::variant<CommandLine, CommandLineEnd> ParseCommandLine(int argc, const char*
         ->needs(picture)
         ->check(CLI::Range(c_smallestPicture, c_largestPicture));
     app.add_flag("--answer-preview", result.answersPreview)->group("");
-    app.add_flag("--mass", result.computesMasses, "Work out masses before printing");
+    auto* const mass =
+        app.add_flag("--mass", result.computesMasses, "Work out masses before printing");
     app.add_option("--assembly", result.step.assembly,
                    "Take this sub-assembly as the root; with --picture this part")
         ->option_text("NAME")
         ->check(CheckNotEmpty);
-    app.add_flag("--flatten", result.step.flatten, "Show all parts of all sub-assemblies");
+    auto* const flatten =
+        app.add_flag("--flatten", result.step.flatten, "Show all parts of all sub-assemblies");
     app.add_option("--encoding", result.step.encoding,
                    "What 8-bit text of a STEP file is when it is not UTF-8 (Latin-1)")
         ->option_text("NAME")
         ->check(CheckEncoding);
+    // A drawing knows nothing of a tree.
+    for (auto* const other : {printing, all, screenshot, mass, flatten})
+        picture->excludes(other);
     app.get_formatter()->column_width(26);
 
     try {

@@ -9,7 +9,6 @@
 #include <dl_dxf.h>
 
 #include <cmath>
-#include <fstream>
 
 namespace desktop {
 
@@ -55,10 +54,10 @@ PreviewAnswer Fail(const char* text) {
 } // namespace
 
 PreviewAnswer MakeDxfPicture(const PreviewRequest& request, const FileHead&) {
-    std::ifstream file(QFile::encodeName(request.path).toStdString());
     DxfDrawing read;
     DL_Dxf reader;
-    if (!file || !reader.in(file, &read))
+    // From a stream it does not tell of every line, which dimensions need.
+    if (!reader.in(QFile::encodeName(request.path).toStdString(), &read))
         return Fail("The DXF file is damaged");
     const DxfBlock drawing = read.Flatten();
     const QFont font = MakeFont();

@@ -130,6 +130,10 @@ bool PreviewPane::event(QEvent* event) {
     // Lines and letters are drawn in the colours of the palette.
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange)
         m_growth.start();
+    // The user comes back from a program that may have changed the file; a known picture costs
+    // nothing.
+    if (event->type() == QEvent::WindowActivate && m_view->HasPicture() && !m_service->IsBusy())
+        m_growth.start();
     return QWidget::event(event);
 }
 

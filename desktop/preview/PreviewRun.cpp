@@ -46,9 +46,18 @@ int TakeStandardOutput() {
     return answer;
 }
 
-QByteArray ReadStandardInput() {
-    QFile input;
-    return input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+/// Not up to the end of the input: another child of the parent may keep that open.
+std::optional<PreviewRequest> TakeRequest() {
+    QByteArray bytes;
+    std::array<char, 4096> part{};
+    for (;;) {
+        const ssize_t size = read(STDIN_FILENO, part.data(), part.size());
+        if (size <= 0)
+            return std::nullopt;
+        bytes.append(part.data(), size);
+        if (std::optional<PreviewRequest> request = ReadRequest(bytes))
+            return request;
+    }
 }
 
 void Write(int pipe, const QByteArray& bytes) {
@@ -76,7 +85,7 @@ QString ToQString(const std::filesystem::path& path) {
 void AnswerPreviewRequest() {
     LimitItself();
     const int pipe = TakeStandardOutput();
-    const std::optional<PreviewRequest> request = ReadRequest(ReadStandardInput());
+    const std::optional<PreviewRequest> request = TakeRequest();
     if (pipe < 0 || !request)
         _exit(1);
     qputenv("QT_QPA_PLATFORM", "offscreen");

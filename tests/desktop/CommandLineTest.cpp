@@ -41,6 +41,9 @@ TEST(CommandLine, EveryOptionReachesItsPlace) {
     EXPECT_EQ(line.step.assembly, "Gear box");
     EXPECT_TRUE(line.step.flatten);
     EXPECT_EQ(line.file, "--odd.json");
+    const CommandLine drawing = Accepted({"--picture", "p.png", "--size", "300", "a.step"});
+    EXPECT_EQ(drawing.picture, "p.png");
+    EXPECT_EQ(drawing.pictureSize, 300);
 }
 
 TEST(CommandLine, WrongOptionsEndWithUsage) {
@@ -54,6 +57,10 @@ TEST(CommandLine, WrongOptionsEndWithUsage) {
         {"--screenshot", ""},
         {"--assembly", ""},
         {"--flatten=maybe"},
+        {"--picture", "p.png"},
+        {"--picture", "p.png", "--print", "a.step"},
+        {"--picture", "p.png", "--size", "0", "a.step"},
+        {"--size", "300", "a.step"},
 #ifdef PRODUCT_TREE_HAS_STEP
         {"--encoding", "no such encoding"},
 #endif
@@ -72,8 +79,8 @@ TEST(CommandLine, HelpNamesEveryOption) {
     const auto parsed = Parse({"--help"});
     ASSERT_TRUE(std::holds_alternative<CommandLineEnd>(parsed));
     EXPECT_EQ(std::get<CommandLineEnd>(parsed).exitCode, 0);
-    for (const char* option :
-         {"--print", "--all", "--screenshot", "--mass", "--assembly", "--flatten", "--encoding", "--help", "--version"})
+    for (const char* option : {"--print", "--all", "--screenshot", "--picture", "--size", "--mass", "--assembly",
+                               "--flatten", "--encoding", "--help", "--version"})
         EXPECT_NE(std::get<CommandLineEnd>(parsed).text.find(option), std::string::npos) << option;
 }
 

@@ -26,6 +26,9 @@ public:
                                                              const UniqueMetaObjectKey&) override {
         return nullptr;
     }
+    std::variant<desktop::step::LineDrawing, desktop::FileError> Draw(const UniqueMetaObjectKey&) override {
+        return desktop::step::LineDrawing{};
+    }
 
 private:
     platform::ProductModel m_model;
