@@ -8,6 +8,7 @@
 #include <HLRAlgo_Projector.hxx>
 #include <HLRBRep_PolyAlgo.hxx>
 #include <HLRBRep_PolyHLRToShape.hxx>
+#include <TColStd_Array1OfReal.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
@@ -32,7 +33,7 @@ const gp_Ax2& GetIsometricView() {
     return view;
 }
 
-/// No value for a shape without extent, or with one that is no number.
+/// 0 for a shape without extent, or with one that is no number.
 double FindDiagonal(const TopoDS_Shape& shape) {
     Bnd_Box box;
     BRepBndLib::Add(shape, box, Standard_False);
@@ -73,6 +74,30 @@ LineDrawing DrawFaces(const TopoDS_Shape& shape, double diagonal) {
     return drawing;
 }
 
+bool IsStraight(const BRepAdaptor_Curve& curve) {
+    return curve.GetType() == GeomAbs_Line ||
+           (curve.GetType() == GeomAbs_BSplineCurve && curve.Degree() == 1);
+}
+
+/// Each corner of it is a point of a line.
+void AddCurve(const BRepAdaptor_Curve& curve, const HLRAlgo_Projector& projector,
+              std::vector<DrawnLine>& lines) {
+    const int steps = IsStraight(curve) ? 1 : c_stepsOfCurve;
+    const int pieces = curve.NbIntervals(GeomAbs_C1);
+    TColStd_Array1OfReal ends(1, pieces + 1);
+    curve.Intervals(ends, GeomAbs_C1);
+    gp_Pnt2d from;
+    projector.Project(curve.Value(ends.First()), from);
+    for (int step = 1; step <= pieces * steps; ++step) {
+        const int piece = (step - 1) / steps + 1;
+        const double share = static_cast<double>((step - 1) % steps + 1) / steps;
+        gp_Pnt2d to;
+        projector.Project(curve.Value(std::lerp(ends(piece), ends(piece + 1), share)), to);
+        lines.push_back({from.X(), from.Y(), to.X(), to.Y()});
+        from = to;
+    }
+}
+
 /// A frame of wires hides nothing.
 LineDrawing DrawWires(const TopoDS_Shape& shape) {
     const HLRAlgo_Projector projector(GetIsometricView());
@@ -81,17 +106,7 @@ LineDrawing DrawWires(const TopoDS_Shape& shape) {
         const TopoDS_Edge& edge = TopoDS::Edge(edges.Current());
         if (!BRep_Tool::IsGeometric(edge))
             continue;
-        const BRepAdaptor_Curve curve(edge);
-        const int steps = curve.GetType() == GeomAbs_Line ? 1 : c_stepsOfCurve;
-        const double step = (curve.LastParameter() - curve.FirstParameter()) / steps;
-        gp_Pnt2d from;
-        projector.Project(curve.Value(curve.FirstParameter()), from);
-        for (int i = 1; i <= steps; ++i) {
-            gp_Pnt2d to;
-            projector.Project(curve.Value(curve.FirstParameter() + i * step), to);
-            drawing.edges.push_back({from.X(), from.Y(), to.X(), to.Y()});
-            from = to;
-        }
+        AddCurve(BRepAdaptor_Curve(edge), projector, drawing.edges);
     }
     return drawing;
 }
