@@ -61,7 +61,9 @@ Session::Session(Document document)
     m_file->source.Use(std::move(document.step), m_product->GetModel().source);
     m_file->mark = document.mark;
     m_file->isProduct = !GetStep() && !document.isNew;
+    m_file->documents.UseFolderOf(document.isNew ? std::filesystem::path() : m_file->path);
     m_product->SetSourceFiles(&m_file->source);
+    m_product->SetDocumentFiles(&m_file->documents);
 }
 
 Session::Session(std::shared_ptr<File> file, std::shared_ptr<platform::MemoryProduct> product)
@@ -421,6 +423,11 @@ std::optional<FileError> Session::SaveAs(const std::filesystem::path& path) {
     m_file->isGone = false;
     m_file->mark = FileMark::Take(path);
     m_product->MarkSaved();
+    // Documents are named as seen from the file.
+    const std::filesystem::path before = m_file->documents.GetFolder();
+    m_file->documents.UseFolderOf(path);
+    if (m_file->documents.GetFolder() != before)
+        m_frame->TellDocumentChanged(false);
     TellListeners();
     return std::nullopt;
 }

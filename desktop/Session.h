@@ -3,6 +3,7 @@
 // product. It asks nobody: what to do about unsaved changes is the caller's business.
 #pragma once
 
+#include "desktop/AttachedFiles.h"
 #include "desktop/Document.h"
 #include "desktop/StepSource.h"
 #include "platform/product/answers/MemoryProduct.h"
@@ -189,6 +190,7 @@ private:
         std::filesystem::path path;
         std::vector<std::string> notes;
         StepSource source;
+        AttachedFiles documents{source};
         /// The source that was looked at last.
         std::filesystem::path noticedSource;
         bool isSourceGone = false;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "desktop/import/StepImport.h"
+#include "platform/product/answers/DocumentFiles.h"
 #include "platform/product/answers/SourceFiles.h"
 
 #include <filesystem>
@@ -20,6 +21,8 @@ public:
 
     /// In the program that the user has for such files. False: there is none.
     virtual bool OpenFile(const std::filesystem::path& path) = 0;
+    /// Of the first page of a PDF; no value where it can't be had.
+    virtual std::optional<platform::SheetSize> FindSheetSize(const std::filesystem::path& path) = 0;
     /// Reading takes a while.
     virtual void SetBusy(bool isBusy) = 0;
     /// The document that was read before goes, so that nothing may measure it any more.
@@ -39,6 +42,8 @@ public:
     /// The first is that of the window that the user works with. Null is none.
     void PutFirst(ISourceDesk* desk);
     void RemoveDesk(const ISourceDesk* desk) { std::erase(m_desks, desk); }
+    /// Null while there is none.
+    ISourceDesk* GetDesk() const { return m_desks.empty() ? nullptr : m_desks.front(); }
 
     /// What the document measured, by the product's keys; no value for a product that agrees with
     /// another reading. It is kept then for the day on which the product comes back to this one.
@@ -59,7 +64,6 @@ private:
         std::optional<platform::ContentsMark> contents;
     };
 
-    ISourceDesk* GetDesk() const { return m_desks.empty() ? nullptr : m_desks.front(); }
     bool Fits(const platform::ProductModel& product) const;
 
     Reading m_last;

@@ -2,6 +2,7 @@
 
 #include "desktop/books/MaterialBook.h"
 #include "desktop/books/MaterialDialog.h"
+#include "desktop/dialogs/DocumentDialog.h"
 #include "desktop/dialogs/ItemPropertiesDialog.h"
 #include "desktop/dialogs/ListDialog.h"
 #include "desktop/dialogs/ObjectDialog.h"
@@ -80,6 +81,19 @@ DialogDecisions::ChooseFile(const platform::FileRequest& request) {
     return std::filesystem::path(QFile::encodeName(dialog.selectedFiles().front()).toStdString());
 }
 
+std::vector<std::filesystem::path>
+DialogDecisions::ChooseFiles(const platform::FileRequest& request) {
+    QFileDialog dialog(&m_window, ToQString(request.title),
+                       QFile::decodeName(request.start.c_str()), FilterOf(request.patterns));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    std::vector<std::filesystem::path> paths;
+    if (dialog.exec() != QDialog::Accepted)
+        return paths;
+    for (const QString& path : dialog.selectedFiles())
+        paths.emplace_back(QFile::encodeName(path).toStdString());
+    return paths;
+}
+
 std::optional<SharedText> DialogDecisions::EnterText(const platform::TextRequest& request) {
     bool isEntered = false;
     const QString text =
@@ -130,6 +144,12 @@ std::optional<std::vector<platform::ItemPropertyInput>>
 DialogDecisions::EditItemProperties(const platform::ItemPropertiesRequest& request) {
     ItemPropertiesDialog dialog(request, &m_window);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetInputs()) : std::nullopt;
+}
+
+std::optional<platform::DocumentTexts>
+DialogDecisions::EditDocument(const platform::DocumentRequest& request) {
+    DocumentDialog dialog(request, &m_window);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetTexts()) : std::nullopt;
 }
 
 void DialogDecisions::Tell(const SharedText& title, const SharedText& text) {

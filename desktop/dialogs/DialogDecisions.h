@@ -19,6 +19,7 @@ public:
 
     std::optional<std::size_t> Ask(const platform::Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const platform::FileRequest& request) override;
+    std::vector<std::filesystem::path> ChooseFiles(const platform::FileRequest& request) override;
     std::optional<SharedText> EnterText(const platform::TextRequest& request) override;
     std::optional<UniqueMetaObjectKey>
     ChooseObject(const platform::ObjectRequest& request) override;
@@ -33,6 +34,8 @@ public:
     std::optional<std::vector<bool>> ChooseSeveral(const platform::ListRequest& request) override;
     std::optional<std::vector<platform::ItemPropertyInput>>
     EditItemProperties(const platform::ItemPropertiesRequest& request) override;
+    std::optional<platform::DocumentTexts>
+    EditDocument(const platform::DocumentRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:

@@ -3,6 +3,7 @@
 #include "desktop/store/PropertyValues.h"
 #include "desktop/store/SectionNames.h"
 #include "desktop/store/SourceTexts.h"
+#include "platform/product/model/DocumentNames.h"
 
 #include <algorithm>
 #include <fstream>
@@ -92,7 +93,7 @@ void MemberReader::Path(std::string_view name, std::string& path) {
     if (!json)
         Refuse(m_json.at, place, "a path is needed");
     Decode(*json, place, path);
-    path = FromStoredPath(path, m_context.folder);
+    path = platform::PathIn(m_context.folder, path);
 }
 
 void MemberReader::Contents(std::string_view name, platform::ContentsMark& contents) {

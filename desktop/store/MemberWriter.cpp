@@ -4,6 +4,7 @@
 #include "desktop/store/PropertyValues.h"
 #include "desktop/store/SectionNames.h"
 #include "desktop/store/SourceTexts.h"
+#include "platform/product/model/DocumentNames.h"
 #include "platform/values/Utf8.h"
 
 #include <algorithm>
@@ -85,7 +86,7 @@ void MemberWriter::Put(std::string_view name, JsonData data) {
 }
 
 void MemberWriter::Path(std::string_view name, const std::string& path) {
-    Put(name, ToStoredPath(path, m_context->folder));
+    Put(name, platform::PathFrom(m_context->folder, path));
 }
 
 void MemberWriter::Contents(std::string_view name, const platform::ContentsMark& contents) {

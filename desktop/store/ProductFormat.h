@@ -165,6 +165,18 @@ void Describe(Archive& file, In<Archive, platform::SourceProduct> record) {
 }
 
 template <class Archive>
+void Describe(Archive& file, In<Archive, platform::DocumentRecord> record) {
+    file.Path("file", record.file);
+    file.Value("designation", record.marking);
+    file.Value("name", record.name);
+    file.Value("format", record.format);
+    file.Value("comment", record.comment);
+    file.Value("formatUsed", record.formatUsed);
+    file.Value("isSource", record.isSource);
+    file.Value("sourceLocked", record.sourceLocked);
+}
+
+template <class Archive>
 void Describe(Archive& file, In<Archive, platform::DeletedUse> record) {
     file.Value("assembly", record.assembly);
     file.Value("object", record.object);
@@ -216,6 +228,7 @@ void DescribeObject(Archive& file, In<Archive, platform::ObjectRecord> object,
     file.Value("volume", object.volume);
     file.Value("massOfParts", object.sumsPartMasses);
     file.Record("source", object.source);
+    file.Records("documents", object.documents);
     file.Values("properties", object.properties);
     file.Properties("readOnlyProperties", object.readOnlyProperties);
     file.Links("links", object.links);

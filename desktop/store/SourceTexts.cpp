@@ -11,17 +11,6 @@ constexpr int c_hexadecimal = 16;
 
 } // namespace
 
-std::string ToStoredPath(const std::string& path, const std::filesystem::path& folder) {
-    const std::filesystem::path relative = std::filesystem::path(path).lexically_relative(folder);
-    const bool isBelow = !folder.empty() && !relative.empty() && *relative.begin() != "..";
-    return isBelow ? relative.native() : path;
-}
-
-std::string FromStoredPath(const std::string& stored, const std::filesystem::path& folder) {
-    return folder.empty() || stored.empty() ? stored
-                                            : (folder / stored).lexically_normal().native();
-}
-
 std::string FormatContents(const platform::ContentsMark& contents) {
     char hash[c_hexadecimal + 1];
     std::snprintf(hash, sizeof(hash), "%016llx", static_cast<unsigned long long>(contents.hash));

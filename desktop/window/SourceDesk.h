@@ -17,6 +17,7 @@ public:
         : m_stop(std::move(stop)), m_updated(std::move(updated)) {}
 
     bool OpenFile(const std::filesystem::path& path) override;
+    std::optional<platform::SheetSize> FindSheetSize(const std::filesystem::path& path) override;
     void SetBusy(bool isBusy) override;
     void StopMeasuring() override { m_stop(); }
     void OnUpdated(const platform::SourceUpdate& update) override { m_updated(update); }

@@ -21,4 +21,6 @@ struct PartDocument {
     bool isSource = false;
     /// Whether they are can't be changed.
     bool sourceLocked = false;
+    /// There is no such file now.
+    bool isMissing = false;
 };

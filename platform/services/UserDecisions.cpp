@@ -48,6 +48,11 @@ std::optional<std::filesystem::path> ScriptedDecisions::ChooseFile(const FileReq
     return TakeFirst(m_files);
 }
 
+std::vector<std::filesystem::path> ScriptedDecisions::ChooseFiles(const FileRequest& request) {
+    m_fileRequests.push_back(request);
+    return TakeFirst(m_severalFiles).value_or(std::vector<std::filesystem::path>());
+}
+
 std::optional<SharedText> ScriptedDecisions::EnterText(const TextRequest& request) {
     m_textRequests.push_back(request);
     return TakeFirst(m_texts);
@@ -88,6 +93,11 @@ std::optional<std::vector<ItemPropertyInput>>
 ScriptedDecisions::EditItemProperties(const ItemPropertiesRequest& request) {
     m_itemPropertiesRequests.push_back(request);
     return TakeFirst(m_itemProperties);
+}
+
+std::optional<DocumentTexts> ScriptedDecisions::EditDocument(const DocumentRequest& request) {
+    m_documentRequests.push_back(request);
+    return TakeFirst(m_documents);
 }
 
 void ScriptedDecisions::Tell(const SharedText& /*title*/, const SharedText& text) {

@@ -1,8 +1,7 @@
 // How anything asks the user to decide: a question with buttons, a text to enter, a file to open or
-// to write, a property to link to, a section, a roughness, a material, values of properties,
-// a message to take
-// note of. The program answers with real dialogs, a test with a script. Code that needs a decision
-// is given an IUserDecisions and knows no dialog.
+// to write, a property to link to, a section, a roughness, a material, values of properties, what
+// a document is called, a message to take note of. The program answers with real dialogs, a test
+// with a script. Code that needs a decision is given an IUserDecisions and knows no dialog.
 #pragma once
 
 #include "host/SharedText.h"
@@ -226,6 +225,24 @@ struct MaterialDecision {
     std::optional<std::optional<double>> mass;
 };
 
+/// What the user says of a document.
+struct DocumentTexts {
+    SharedText designation;
+    SharedText name;
+    SharedText format;
+    SharedText comment;
+
+    friend bool operator==(const DocumentTexts&, const DocumentTexts&) = default;
+};
+
+struct DocumentRequest {
+    SharedText title;
+    /// What stands in the fields at first.
+    DocumentTexts texts;
+    /// Why they were not taken; empty where nobody has refused them.
+    SharedText refusal;
+};
+
 class IUserDecisions {
 public:
     virtual ~IUserDecisions() = default;
@@ -234,6 +251,9 @@ public:
     virtual std::optional<std::size_t> Ask(const Question& question) = 0;
     /// No value when the user has chosen nothing.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) = 0;
+    /// Several that are there, where the request is not one for writing; none when the user has
+    /// chosen nothing.
+    virtual std::vector<std::filesystem::path> ChooseFiles(const FileRequest& request) = 0;
     /// No value when the user has cancelled. An empty text is an answer.
     virtual std::optional<SharedText> EnterText(const TextRequest& request) = 0;
     virtual std::optional<UniqueMetaObjectKey> ChooseObject(const ObjectRequest& request) = 0;
@@ -246,6 +266,8 @@ public:
     /// The lines that the user has changed; no value when he has cancelled.
     virtual std::optional<std::vector<ItemPropertyInput>>
     EditItemProperties(const ItemPropertiesRequest& request) = 0;
+    /// All texts as they are to be; no value when he has cancelled.
+    virtual std::optional<DocumentTexts> EditDocument(const DocumentRequest& request) = 0;
     /// Returns when the user has taken note.
     virtual void Tell(const SharedText& title, const SharedText& text) = 0;
 };
@@ -277,6 +299,9 @@ public:
         m_files.push_back(std::move(file));
     }
 
+    void ChooseNextFiles(std::vector<std::filesystem::path> files) {
+        m_severalFiles.emplace_back(std::move(files));
+    }
     void EnterNext(std::optional<SharedText> text) { m_texts.push_back(std::move(text)); }
     void ChooseNextObject(std::optional<UniqueMetaObjectKey> object) {
         m_objects.push_back(std::move(object));
@@ -298,6 +323,9 @@ public:
         m_materials.push_back(std::move(decision));
     }
 
+    void EditNextDocument(std::optional<DocumentTexts> texts) {
+        m_documents.push_back(std::move(texts));
+    }
     void EditNextItemProperties(std::optional<std::vector<ItemPropertyInput>> inputs) {
         m_itemProperties.push_back(std::move(inputs));
     }
@@ -316,10 +344,12 @@ public:
     const std::vector<ItemPropertiesRequest>& GetItemPropertiesRequests() const {
         return m_itemPropertiesRequests;
     }
+    const std::vector<DocumentRequest>& GetDocumentRequests() const { return m_documentRequests; }
     const std::vector<SharedText>& GetMessages() const { return m_messages; }
 
     std::optional<std::size_t> Ask(const Question& question) override;
     std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
+    std::vector<std::filesystem::path> ChooseFiles(const FileRequest& request) override;
     std::optional<SharedText> EnterText(const TextRequest& request) override;
     std::optional<UniqueMetaObjectKey> ChooseObject(const ObjectRequest& request) override;
     std::optional<PropertyChoice> ChooseProperty(const PropertyRequest& request) override;
@@ -329,11 +359,13 @@ public:
     std::optional<std::vector<bool>> ChooseSeveral(const ListRequest& request) override;
     std::optional<std::vector<ItemPropertyInput>>
     EditItemProperties(const ItemPropertiesRequest& request) override;
+    std::optional<DocumentTexts> EditDocument(const DocumentRequest& request) override;
     void Tell(const SharedText& title, const SharedText& text) override;
 
 private:
     std::deque<std::optional<std::size_t>> m_buttons;
     std::deque<std::optional<std::filesystem::path>> m_files;
+    std::deque<std::optional<std::vector<std::filesystem::path>>> m_severalFiles;
     std::deque<std::optional<SharedText>> m_texts;
     std::deque<std::optional<UniqueMetaObjectKey>> m_objects;
     std::deque<std::optional<PropertyChoice>> m_properties;
@@ -342,6 +374,7 @@ private:
     std::deque<std::optional<MaterialDecision>> m_materials;
     std::deque<std::optional<std::vector<bool>>> m_lines;
     std::deque<std::optional<std::vector<ItemPropertyInput>>> m_itemProperties;
+    std::deque<std::optional<DocumentTexts>> m_documents;
     std::vector<Question> m_questions;
     std::vector<FileRequest> m_fileRequests;
     std::vector<TextRequest> m_textRequests;
@@ -352,6 +385,7 @@ private:
     std::vector<MaterialRequest> m_materialRequests;
     std::vector<ListRequest> m_listRequests;
     std::vector<ItemPropertiesRequest> m_itemPropertiesRequests;
+    std::vector<DocumentRequest> m_documentRequests;
     std::vector<SharedText> m_messages;
 };
 

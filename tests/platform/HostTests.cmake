@@ -8,6 +8,7 @@ add_executable(hostTests
     MarkingTest.cpp
     NaturalOrderTest.cpp
     ProductCountsTest.cpp
+    ProductDocumentsTest.cpp
     ProductHistoryTest.cpp
     ProductIndexTest.cpp
     ProductLinksTest.cpp

@@ -144,6 +144,22 @@ SourceFile File() {
     return file;
 }
 
+std::vector<DocumentRecord> Documents() {
+    std::vector<DocumentRecord> documents;
+    for (int i = Number(3); i > 0; --i) {
+        DocumentRecord& document = documents.emplace_back();
+        document.file = "/parts/\xC3\xA4 \"" + std::to_string(i) + ".pdf";
+        document.marking = Marking();
+        document.name = Text();
+        document.format = Text();
+        document.comment = Text();
+        document.formatUsed = i == 1 && Flag();
+        document.isSource = i == 2 && Flag();
+        document.sourceLocked = Flag();
+    }
+    return documents;
+}
+
 void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t count) {
     object.name = Text();
     object.marking = Marking();
@@ -168,6 +184,7 @@ void FillObject(ObjectRecord& object, const ProductModel& model, std::size_t cou
     object.isNameLinkedToSection = Flag();
     if (Flag())
         object.source = Source();
+    object.documents = Documents();
     PartRecord plain;
     plain.part.used = meta_data::SPUsed({model.styleId});
     FillPart(object, plain, count);

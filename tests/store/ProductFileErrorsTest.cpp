@@ -67,6 +67,7 @@ TEST(WrongMembers, OfTheWrongTypeAreRefused) {
         {R"("objects": [{"key": "a", "properties": {"sheetsNumber": 3000000000}}]})", "57: objects[0].properties.sheetsNumber: a whole number of at most 32 bits is expected"},
         {R"("objects": [{"key": "a", "properties": {"comment": {"value": "2024-02-30", "type": "time"}}}]})", "62: objects[0].properties.comment.value: a time is expected, for instance \"2024-05-01T12:00:00Z\""},
         {R"("objects": [{"key": "a", "properties": {"comment": {"format": "x"}}}]})", "52: objects[0].properties.comment.value: a value is needed"},
+        {R"("objects": [{"key": "a", "documents": [{}]}]})", "40: objects[0].documents[0].file: a path is needed"},
         {R"("objects": [{"key": "a", "volume": "1"}]})", "36: objects[0].volume: a number is expected"},
         {R"("objects": [{"key": "a", "links": {"comment": "b"}}]})", "47: objects[0].links.comment: an object is expected"},
         {R"("source": {"contents": "1-00000000000000ff"}})", "11: source.file: a path is needed"},
@@ -141,6 +142,9 @@ TEST(WrongMembers, OutsideTheirRangeAreRefused) {
         {R"("properties": [{"property": "user.1000", "min": 2, "max": 1}]})", "59: properties[0].max: the range ends before it begins"},
         {R"("properties": [{"property": "mass"}, {"property": "mass"}]})", "51: properties[1].property: the property stands here twice"},
         {R"("product": {"uses": 1}})", "21: product.uses: the product itself has no uses"},
+        {R"("product": {"documents": [{"file": "a.pdf"}, {"file": "a.pdf"}]}})", "58: product.documents[1].file: the file stands here twice"},
+        {R"("product": {"documents": [{"file": ""}]}})", "37: product.documents[0].file: a path is expected, of 4096 bytes of UTF-8 at most"},
+        {R"("objects": [{"key": "a", "documents": [{"file": "a", "isSource": true}, {"file": "b", "isSource": true}]}])", "87: objects[0].documents[1].isSource: another document is the source already"},
         {R"("style": {"sections": [{"number": 5}, {"number": 5}]}})", "50: style.sections[1].number: another section has the number 5"}});
 }
 

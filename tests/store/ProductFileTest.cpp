@@ -73,6 +73,32 @@ TEST(ProductFile, NamesASourceBesideOrBelowAsSeenFromItself) {
     std::filesystem::remove_all(folder);
 }
 
+// A folder that is moved as a whole keeps its documents; a product that is saved elsewhere still has those
+// that it had.
+TEST(ProductFile, KeepsDocumentsWhereverItGoes) {
+    const std::filesystem::path folder = support::GetTestFolder();
+    std::filesystem::create_directories(folder / "a");
+    std::filesystem::create_directories(folder / "b");
+    const auto files = [](const ReadResult& read) {
+        std::vector<std::string> names;
+        for (const platform::DocumentRecord& document : std::get<ProductModel>(read).objects.at(0).documents)
+            names.push_back(document.file);
+        return names;
+    };
+    ProductModel model = ReadMembers(R"("objects": [{"key": "o"}])");
+    for (const char* const name : {"a/1.pdf", "a/d/2.pdf", "3.pdf"})
+        model.objects[0].documents.push_back({(folder / name).native(), {}, {}, {}, {}});
+    const std::vector<std::string> before = files(model);
+    EXPECT_FALSE(WriteProductFile(folder / "a" / "p.json", model));
+    EXPECT_FALSE(WriteProductFile(folder / "b" / "p.json", model));
+    EXPECT_EQ(files(ReadProductFile(folder / "a" / "p.json")), before);
+    EXPECT_EQ(files(ReadProductFile(folder / "b" / "p.json")), before);
+    std::filesystem::rename(folder / "a", folder / "c");
+    EXPECT_EQ(files(ReadProductFile(folder / "c" / "p.json")),
+              (std::vector{(folder / "c/1.pdf").native(), (folder / "c/d/2.pdf").native(), before[2]}));
+    std::filesystem::remove_all(folder);
+}
+
 TEST(ProductFile, LeavesOutWhatGoesWithoutSaying) {
     ProductModel model;
     model.root.key = UniqueMetaObjectKey(std::string("product"));

@@ -72,6 +72,16 @@ Product& Product::ReadOnlyValue(const std::wstring& path) {
 }
 
 Product& Product::Volume(double volume) { return Set(CurrentObject().volume, volume); }
+Product& Product::Document(const std::string& file, const std::wstring& designation, const std::wstring& name,
+                           const std::wstring& format) {
+    platform::DocumentRecord& document = CurrentObject().documents.emplace_back();
+    document.file = file;
+    document.marking.SetBase(designation);
+    document.name = name;
+    document.format = format;
+    return *this;
+}
+
 Product& Product::KeepsPosition() { return Set(CurrentObject().keepsOwnPosition, true); }
 Product& Product::NameLinkedToSection() { return Set(CurrentObject().isNameLinkedToSection, true); }
 Product& Product::Icon(int type) { return Set(CurrentObject().iconType, type); }

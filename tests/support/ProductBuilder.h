@@ -50,6 +50,9 @@ public:
     Product& ReadOnlyValue(const std::wstring& path);
     /// In cubic metres.
     Product& Volume(double volume);
+    /// A document of the object.
+    Product& Document(const std::string& file, const std::wstring& designation = {}, const std::wstring& name = {},
+                      const std::wstring& format = {});
     Product& KeepsPosition();
     Product& NameLinkedToSection();
     Product& Icon(int type);

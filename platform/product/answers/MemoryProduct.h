@@ -10,12 +10,14 @@
 #include "platform/product/edits/MassRules.h"
 #include "platform/product/model/ProductModel.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 
 namespace platform {
 
+class IDocumentFiles;
 class ISourceFiles;
 class IUserDecisions;
 class ItemProperties;
@@ -91,6 +93,17 @@ public:
     /// where that is not known. The change stamp moves when it makes a difference.
     void NoteSource(const std::optional<ContentsMark>& onDisk);
     bool IsSourceChanged() const;
+
+    /// Who gets at the files of documents; null, as at first: nobody, and none can be opened. Must
+    /// outlive the document.
+    void SetDocumentFiles(IDocumentFiles* files);
+    /// Adds these files to the documents of the part's object, and tells which of them can't be.
+    /// How many were added.
+    std::size_t AddDocumentFiles(const UniqueMetaObjectKey& key,
+                                 const std::vector<std::filesystem::path>& paths);
+    /// Asks what the document that is listed with that file is called. True: it was changed.
+    bool CanEditDocument(const UniqueMetaObjectKey& key, const std::wstring& file) const;
+    bool EditDocument(const UniqueMetaObjectKey& key, const std::wstring& file);
 
     /// Of this look. Null at first and after the observer has gone: nothing can be highlighted
     /// then.
@@ -262,7 +275,7 @@ public:
                                                       std::optional<bool> inGroup,
                                                       bool value) override;
 
-    /// How the document is looked at and no change of it.
+    /// An object that came from the product's source has that as its first document.
     std::vector<PartDocument> GetPartDocuments(const UniqueMetaObjectKey& key) const override;
     bool CanAddDocument(const UniqueMetaObjectKey& key) const override;
     ProductInfObjChangesResult AddDocument(const UniqueMetaObjectKey& key) override;

@@ -2,6 +2,7 @@
 // spread over by theme, and by nobody else.
 #pragma once
 
+#include "platform/product/answers/DocumentList.h"
 #include "platform/product/answers/MemoryAggregator.h"
 #include "platform/product/answers/MemoryProduct.h"
 #include "platform/product/edits/EditHistory.h"
@@ -41,6 +42,8 @@ struct MemoryProduct::State {
     EditRules GetRules() const { return {model, index, properties, rows, counts}; }
     /// The caption of the property, else its path.
     SharedText GetCaption(unsigned long number) const;
+    /// Of a step that makes such changes alone.
+    SharedText NameStep(const ProductChange& change) const;
     const PropertyTraits& GetTraits(const PropertyRef& ref) {
         return properties.Get(ref.propertyId);
     }
@@ -75,6 +78,21 @@ struct MemoryProduct::State {
     void TellOfLook() const;
     /// The observers of all looks hear of it.
     void TellAll(void (IProductObserver::*what)()) const;
+    std::optional<DocumentList> FindDocuments(const UniqueMetaObjectKey& key) const;
+    /// What is kept of the document that is listed so; null for none.
+    const DocumentRecord* FindDocument(const UniqueMetaObjectKey& key,
+                                       const std::wstring& file) const;
+    /// Of the files that can be added to those of the object. The user is told of the rest.
+    std::vector<DocumentRecord> MakeDocuments(const UniqueMetaObjectKey& key,
+                                              const std::vector<std::filesystem::path>& paths);
+    /// Asks before documents go. True also where none does.
+    bool MayRemove(const ProductInfObjChangesResult& changes) const;
+    ProductInfObjChangesResult MakeSourceSet(const UniqueMetaObjectKey& key,
+                                             const PartDocument& document, bool isSource) const;
+    ProductInfObjChangesResult MakeFormatSet(const UniqueMetaObjectKey& key,
+                                             const PartDocument& document, bool isUsed) const;
+    /// The change can be had, or is so already. Nobody is told why not.
+    bool CanMake(const ProductChange& change) const;
     /// The user of the present look. No value: nothing is to happen.
     std::optional<GoneParts> AskAboutGone(const SourceFile& source,
                                           const std::vector<GonePart>& gone);
@@ -93,6 +111,7 @@ struct MemoryProduct::State {
     Look* look = nullptr;
     std::vector<Look*> looks;
     ISourceFiles* sourceFiles = nullptr;
+    IDocumentFiles* documentFiles = nullptr;
     std::optional<ContentsMark> sourceOnDisk;
     std::vector<UniqueMetaObjectKey> selected;
     std::optional<Highlighting> highlighting;

@@ -90,24 +90,32 @@ ProductInfObjChangesResult MemoryProduct::MakeBySourceChanges(const PropertyRef&
         std::make_shared<BySourceChange>(ref.objectKey, m_state->GetTraits(ref).number, bySource));
 }
 
+SharedText MemoryProduct::State::NameStep(const ProductChange& change) const {
+    if (SharedText name = change.MakeStepName(); !name.IsEmpty())
+        return name;
+    const SharedText caption = change.MakeCaption();
+    return GetText(ProductText::Change,
+                   {caption.IsEmpty() ? GetCaption(change.GetNumber()) : caption});
+}
+
 void MemoryProduct::CommitChanges(ProductInfObjChangesResult& changes) {
+    if (!m_state->MayRemove(changes))
+        return changes.Clear();
     ValuePlan plan(m_state->index);
-    std::set<std::wstring> captions;
+    std::set<std::wstring> names;
     for (const auto& change : changes.GetChanges()) {
         const auto* const wanted = dynamic_cast<const ProductChange*>(change.get());
         if (!wanted || !wanted->Plan(m_state->GetRules(), plan))
             return changes.Clear();
-        const SharedText caption = wanted->MakeCaption();
-        captions.insert(caption.IsEmpty() ? m_state->GetCaption(wanted->GetNumber()).Str()
-                                          : caption.Str());
+        names.insert(m_state->NameStep(*wanted).Str());
         if (m_state->index.GetTopParts().GetCurrentKeys().size() > 1)
             m_state->note = wanted->MakeNote(m_state->GetRules());
     }
     std::vector<std::unique_ptr<IModelEdit>> edits = plan.MakeEdits();
     if (edits.empty())
         return changes.Clear();
-    SharedText name = captions.size() == 1 ? GetText(ProductText::Change, {*captions.begin()})
-                                           : GetText(ProductText::Changes);
+    SharedText name =
+        names.size() == 1 ? SharedText(*names.begin()) : GetText(ProductText::Changes);
     m_state->Do({std::move(name), std::move(edits)});
 }
 

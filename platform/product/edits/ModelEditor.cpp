@@ -153,6 +153,14 @@ void ModelEditor::Exchange(HeldCount& held) {
     m_isAnythingChanged = true;
 }
 
+void ModelEditor::Exchange(HeldDocuments& held) {
+    ObjectRecord* const object = FindObject(held.object);
+    if (!object)
+        return;
+    object->documents.swap(held.documents);
+    m_isAnythingChanged = true;
+}
+
 void ModelEditor::Exchange(HeldAttribute& held) {
     if (auto* const used = std::get_if<meta_data::SPUsed>(&held.value)) {
         if (PartRecord* const part = FindPart(held.part))

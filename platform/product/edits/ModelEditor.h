@@ -52,6 +52,12 @@ struct HeldCount {
     std::size_t place = PartPlace::none;
 };
 
+/// The list of an object's documents.
+struct HeldDocuments {
+    UniqueMetaObjectKey object;
+    std::vector<DocumentRecord> documents;
+};
+
 class ModelEditor {
 public:
     /// Both must outlive the editor and belong together.
@@ -70,6 +76,7 @@ public:
     void Exchange(HeldLink& held, PartRecord& record);
     void Exchange(HeldFlag& held);
     void Exchange(HeldCount& held);
+    void Exchange(HeldDocuments& held);
     /// NoteEverything has to follow, once for all of them.
     void Exchange(HeldAttribute& held);
     /// Records have come, gone or moved, or say other things of other parts.

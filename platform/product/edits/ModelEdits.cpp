@@ -67,6 +67,10 @@ void CountsEdit::Swap(ModelEditor& editor, Direction direction) {
     ForEachIn(m_counts, direction, [&](HeldCount& held) { editor.Exchange(held); });
 }
 
+void DocumentsEdit::Swap(ModelEditor& editor, Direction direction) {
+    ForEachIn(m_documents, direction, [&](HeldDocuments& held) { editor.Exchange(held); });
+}
+
 template <class Record>
 RecordsSwap<Record>::RecordsSwap(const std::vector<UniqueMetaObjectKey>& keys) {
     m_records.reserve(keys.size());

@@ -70,6 +70,17 @@ private:
     std::vector<HeldCount> m_counts;
 };
 
+class DocumentsEdit final : public IModelEdit {
+public:
+    explicit DocumentsEdit(std::vector<HeldDocuments> documents)
+        : m_documents(std::move(documents)) {}
+
+    void Swap(ModelEditor& editor, Direction direction) override;
+
+private:
+    std::vector<HeldDocuments> m_documents;
+};
+
 /// A record that is in the model or was taken from it.
 template <class Record>
 struct PlacedRecord {

@@ -56,6 +56,11 @@ const PartEntry* ProductChange::FindAnyPart(const EditRules& rules) const {
     return part && !part->isRoot ? part : nullptr;
 }
 
+const PartEntry* ProductChange::FindObject(const EditRules& rules) const {
+    const PartEntry* const part = rules.model.isReadOnly ? nullptr : rules.index.Find(m_part);
+    return part ? part->owner : nullptr;
+}
+
 bool AggregationChange::Plan(const EditRules& rules, ValuePlan& plan) const {
     const PartEntry* const part = FindAnyPart(rules);
     if (part)

@@ -45,6 +45,8 @@ public:
     unsigned long GetNumber() const { return m_number; }
     /// What is changed, in the user's words; empty: the property of that number.
     virtual SharedText MakeCaption() const { return {}; }
+    /// What a step is called that makes such changes alone; empty: by what they change.
+    virtual SharedText MakeStepName() const { return {}; }
     /// What the user should know when it was made; empty for nothing.
     virtual SharedText MakeNote(const EditRules&) const { return {}; }
 
@@ -56,6 +58,8 @@ protected:
     const PartEntry* FindPart(const EditRules& rules) const;
     /// The same for what is no property.
     const PartEntry* FindAnyPart(const EditRules& rules) const;
+    /// The part's object, which may be the product itself.
+    const PartEntry* FindObject(const EditRules& rules) const;
 
 private:
     UniqueMetaObjectKey m_part;

@@ -114,12 +114,28 @@ bool ValuePlan::IsNew(const ValueHolder& holder, const std::optional<AttributeVa
     return std::get<std::optional<bool>>(*value) != holder.part->object->record->aggrIntoProduct;
 }
 
+const std::vector<DocumentRecord>& ValuePlan::GetDocuments(const PartEntry& part) const {
+    const std::optional<std::vector<DocumentRecord>>* const planned =
+        m_documents.Find({part.owner, 0});
+    return planned ? planned->value() : part.object->record->documents;
+}
+
+void ValuePlan::SetDocuments(const PartEntry& part, std::vector<DocumentRecord> documents) {
+    m_documents.Set({part.owner, 0}, std::move(documents));
+}
+
+bool ValuePlan::IsNew(const ValueHolder& holder,
+                      const std::optional<std::vector<DocumentRecord>>& documents) {
+    return !(*documents == holder.part->object->record->documents);
+}
+
 bool ValuePlan::IsEmpty() const {
     const auto isNew = [this](const auto& wish) { return IsNew(wish.first, wish.second); };
     return std::ranges::none_of(m_values.list, isNew) &&
            std::ranges::none_of(m_links.list, isNew) && std::ranges::none_of(m_flags.list, isNew) &&
            std::ranges::none_of(m_counts.list, isNew) &&
-           std::ranges::none_of(m_attributes.list, isNew);
+           std::ranges::none_of(m_attributes.list, isNew) &&
+           std::ranges::none_of(m_documents.list, isNew);
 }
 
 std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
@@ -151,6 +167,11 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         if (IsNew(holder, value))
             attributes.push_back({holder.part->key, *value});
     }
+    std::vector<HeldDocuments> documents;
+    for (const auto& [holder, list] : m_documents.list) {
+        if (IsNew(holder, list))
+            documents.push_back({holder.part->key, *list});
+    }
     std::vector<std::unique_ptr<IModelEdit>> edits;
     if (!attributes.empty())
         edits.push_back(std::make_unique<AttributesEdit>(std::move(attributes)));
@@ -162,6 +183,8 @@ std::vector<std::unique_ptr<IModelEdit>> ValuePlan::MakeEdits() const {
         edits.push_back(std::make_unique<LinksEdit>(std::move(links)));
     if (!counts.empty())
         edits.push_back(std::make_unique<CountsEdit>(std::move(counts)));
+    if (!documents.empty())
+        edits.push_back(std::make_unique<DocumentsEdit>(std::move(documents)));
     return edits;
 }
 

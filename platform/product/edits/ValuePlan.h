@@ -36,6 +36,9 @@ public:
     void SetMassSum(const PartEntry& object, bool isSum);
     /// Of the object of the part, or of the part, by what it says.
     void SetAttribute(const PartEntry& part, AttributeValue value);
+    /// Those of the part's object, after what is planned.
+    const std::vector<DocumentRecord>& GetDocuments(const PartEntry& part) const;
+    void SetDocuments(const PartEntry& part, std::vector<DocumentRecord> documents);
 
     /// Why something that was wished for can't be had, where the user should be told; the first
     /// reason counts.
@@ -77,6 +80,8 @@ private:
     static bool IsNew(const ValueHolder& holder, std::optional<bool> isSet);
     bool IsNew(const CountHolder& holder, const std::optional<SharedText>& count) const;
     static bool IsNew(const ValueHolder& holder, const std::optional<AttributeValue>& value);
+    static bool IsNew(const ValueHolder& holder,
+                      const std::optional<std::vector<DocumentRecord>>& documents);
 
     ShownValues m_shown;
     std::optional<ProductText> m_refusal;
@@ -87,6 +92,8 @@ private:
     Wishes<CountHolder, SharedText> m_counts;
     /// By what they are among the attribute values.
     Wishes<ValueHolder, AttributeValue> m_attributes;
+    /// By number 0.
+    Wishes<ValueHolder, std::vector<DocumentRecord>> m_documents;
 };
 
 } // namespace platform

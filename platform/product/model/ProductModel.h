@@ -94,6 +94,25 @@ struct SourceProduct {
     friend bool operator==(const SourceProduct&, const SourceProduct&) = default;
 };
 
+/// A file that belongs to an object: its drawing, a description of it.
+struct DocumentRecord {
+    /// UTF-8, absolute. It tells the documents of one object apart.
+    std::string file;
+    SharedText name;
+    VariantMarking marking;
+    /// Of its sheet.
+    SharedText format;
+    SharedText comment;
+    /// The object has its format from here; true for one document at most.
+    bool formatUsed = false;
+    /// The object has name and designation from here; true for one document at most.
+    bool isSource = false;
+    /// That can't be changed.
+    bool sourceLocked = false;
+
+    friend bool operator==(const DocumentRecord&, const DocumentRecord&) = default;
+};
+
 struct ObjectRecord : PartRecord {
     SharedText name;
     VariantMarking marking;
@@ -125,6 +144,8 @@ struct ObjectRecord : PartRecord {
     UniqueMetaObjectKey billetOwner;
     /// No value: it did not come from the product's source.
     std::optional<SourceProduct> source;
+    /// In the order in which they are listed.
+    std::vector<DocumentRecord> documents;
 
     friend bool operator==(const ObjectRecord&, const ObjectRecord&) = default;
 };

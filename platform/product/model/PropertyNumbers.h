@@ -6,6 +6,7 @@ namespace platform::number {
 
 inline constexpr unsigned long position = 1;
 inline constexpr unsigned long section = 2;
+inline constexpr unsigned long format = 3;
 inline constexpr unsigned long count = 6;
 inline constexpr unsigned long material = 8;
 inline constexpr unsigned long density = 9;

@@ -1,7 +1,7 @@
 #include "platform/product/model/SourceProduct.h"
 
+#include "platform/product/model/DocumentNames.h"
 #include "platform/product/model/PropertyNumbers.h"
-#include "platform/values/Utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -87,7 +87,17 @@ SharedText TitleOf(const ObjectRecord& object) {
 }
 
 SharedText FileNameOf(const SourceFile& source) {
-    return FromUtf8(source.path.substr(source.path.rfind('/') + 1)).value_or(std::wstring());
+    return FileNameOf(source.path);
+}
+
+DocumentRecord MakeSourceDocument(const SourceFile& source, const ObjectRecord& object) {
+    DocumentRecord document;
+    document.file = source.path;
+    document.name = NameOf(*object.source);
+    document.marking = MarkingOf(*object.source);
+    document.isSource = object.name == document.name && object.marking == document.marking;
+    document.sourceLocked = true;
+    return document;
 }
 
 void TakeOver(ObjectRecord& object, SourceProduct product) {

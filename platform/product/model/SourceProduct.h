@@ -12,6 +12,10 @@ SharedText TitleOf(const ObjectRecord& object);
 /// Without its folders.
 SharedText FileNameOf(const SourceFile& source);
 
+/// The file as a document of an object that came from it. It is the source as long as the object
+/// has name and designation as the file last said.
+DocumentRecord MakeSourceDocument(const SourceFile& source, const ObjectRecord& object);
+
 /// Gives the object name, designation, material and density of the product, as they come with an
 /// import, and remembers them.
 void TakeOver(ObjectRecord& object, SourceProduct product);

@@ -31,10 +31,6 @@ bool IsGoodCharacter(wchar_t c) {
     return c != 0 && IsCodePoint(static_cast<char32_t>(c));
 }
 
-bool IsGoodText(const std::wstring& text) {
-    return text.size() <= c_maxTextSize && std::ranges::all_of(text, IsGoodCharacter);
-}
-
 bool IsBlank(wchar_t c) {
     return c == L' ' || c == L'\t' || c == L'\u00A0';
 }
@@ -131,6 +127,10 @@ VariantMarking ToMarking(const PropValue& value) {
 }
 
 } // namespace
+
+bool IsGoodText(const std::wstring& text) {
+    return text.size() <= c_maxTextSize && std::ranges::all_of(text, IsGoodCharacter);
+}
 
 std::optional<double> FindNumber(const SimplePropVal& value) {
     switch (value.GetType()) {

@@ -11,6 +11,9 @@ namespace platform {
 /// Longer texts are refused.
 inline constexpr std::size_t c_maxTextSize = 10'000;
 
+/// Unicode without null characters, and not too long.
+bool IsGoodText(const std::wstring& text);
+
 /// The number that a number or a text is; no value for any other value or text.
 std::optional<double> FindNumber(const SimplePropVal& value);
 

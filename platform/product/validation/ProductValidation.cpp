@@ -4,6 +4,7 @@
 #include "platform/product/model/AssemblyLevels.h"
 #include "platform/product/model/PropertyLookup.h"
 #include "platform/product/model/PropertyNumbers.h"
+#include "platform/product/validation/DocumentValidation.h"
 #include "platform/product/validation/LinkValidation.h"
 #include "platform/product/validation/ModelPath.h"
 #include "platform/product/validation/ReferenceValidation.h"
@@ -435,6 +436,8 @@ private:
 
 std::optional<ModelFault> ValidateModel(const ProductModel& model) {
     if (std::optional<ModelFault> fault = ValueValidator(model).Validate())
+        return fault;
+    if (std::optional<ModelFault> fault = ValidateDocuments(model))
         return fault;
     if (std::optional<ModelFault> fault = ValidateReferences(model))
         return fault;
