@@ -15,6 +15,7 @@
 class IPopupMenuTracker;
 
 namespace platform {
+class DocumentBox;
 class HostFrame;
 class IUserDecisions;
 class TreeTableRow;
@@ -80,6 +81,14 @@ public:
     void SetListener(ISessionListener* listener) { m_listener = listener; }
 
     platform::TreeTableView& GetView() const;
+    /// The box with the documents of the selected row; null for none.
+    platform::DocumentBox* GetDocumentBox() const;
+    // Of that row, by what its list calls the document.
+    /// By which it is opened; empty for one that is not there.
+    std::wstring FindDocumentPath(const std::wstring& file) const;
+    bool CanEditDocument(const std::wstring& file) const;
+    void EditDocument(const std::wstring& file);
+    void AddDocuments(const std::vector<std::filesystem::path>& paths);
     /// The document as this view looks at it.
     const platform::MemoryProduct& GetProduct() const { return *m_product; }
     const std::filesystem::path& GetPath() const { return m_file->path; }
@@ -220,6 +229,7 @@ private:
     void FollowLevel();
     /// Those below the part, or the part by itself where its mass is no sum.
     platform::MassesBelow FindMassesOf(const UniqueMetaObjectKey& part) const;
+    UniqueMetaObjectKey FindListedObject() const;
     UniqueMetaObjectKey FindAssembly(const platform::TreeTableRow& row) const;
     SharedText NameOf(const UniqueMetaObjectKey& assembly) const;
 

@@ -97,6 +97,25 @@ void Columns(QPainter& painter) {
     Fill(painter, c_steel, {{11, 2}, {14.5, 2}, {14.5, 14}, {11, 14}});
 }
 
+/// Out of its box, into another program.
+void OpenedDocument(QPainter& painter) {
+    Document(painter);
+    Lines(painter, c_paper, 4.6, {{6, 11.6, 12, 5.6}});
+    Lines(painter, c_steel, 2, {{5.6, 12, 12.4, 5.2}});
+    Fill(painter, c_steel, {{14.6, 3}, {13.8, 9}, {8.6, 3.8}});
+}
+
+/// A picture in its frame.
+void Picture(QPainter& painter) {
+    painter.setPen(QPen(c_grey, 1.2));
+    painter.setBrush(c_paper);
+    painter.drawRect(QRectF(1.5, 2.5, 13, 11));
+    Fill(painter, c_green, {{2.6, 12.4}, {6.4, 6.6}, {9, 10}, {10.6, 8.4}, {13.4, 12.4}});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(c_amber);
+    painter.drawEllipse(QPointF(11.2, 5.6), 1.5, 1.5);
+}
+
 struct IconRow {
     unsigned command;
     Draw object;
@@ -106,29 +125,35 @@ struct IconRow {
 
 // clang-format off
 constexpr IconRow c_icons[] = {
-    {7745, Part,          Plus},
-    {7746, RedCross,      nullptr},
-    {7747, TurningArrows, nullptr},
-    {7752, LitRow,        nullptr},
-    {7766, NumberedRows,  nullptr},
-    {7753, Chain,         Plus},
-    {7755, Chain,         SmallPencil},
-    {7754, Chain,         Cross},
-    {7757, Billet,        nullptr},
-    {7764, Billet,        Plus},
-    {7758, Sheet,         nullptr},
-    {7759, Calculator,    nullptr},
-    {7765, ArrowUp,       nullptr},
-    {7789, ArrowDown,     nullptr},
-    {7020, Assembly,      nullptr},
-    {7763, Complex,       nullptr},
-    {5707, Drawing,       nullptr},
-    {7790, Columns,       Cross},
-    {7795, Columns,       SmallPencil},
-    {7791, Assembly,      Tick},
-    {7792, Assembly,      Cross},
-    {7793, PartsList,     Tick},
-    {7794, PartsList,     Cross},
+    {7745, Part,           Plus},
+    {7746, RedCross,       nullptr},
+    {7747, TurningArrows,  nullptr},
+    {7752, LitRow,         nullptr},
+    {7766, NumberedRows,   nullptr},
+    {7753, Chain,          Plus},
+    {7755, Chain,          SmallPencil},
+    {7754, Chain,          Cross},
+    {7757, Billet,         nullptr},
+    {7764, Billet,         Plus},
+    {7758, Sheet,          nullptr},
+    {7759, Calculator,     nullptr},
+    {7765, ArrowUp,        nullptr},
+    {7789, ArrowDown,      nullptr},
+    {7020, Assembly,       nullptr},
+    {7763, Complex,        nullptr},
+    {5707, Drawing,        nullptr},
+    {7783, Document,       Plus},
+    {7785, Document,       Cross},
+    {7749, OpenedDocument, nullptr},
+    {7751, NameDocument,   nullptr},
+    {7750, FormatDocument, nullptr},
+    {7784, Picture,        nullptr},
+    {7790, Columns,        Cross},
+    {7795, Columns,        SmallPencil},
+    {7791, Assembly,       Tick},
+    {7792, Assembly,       Cross},
+    {7793, PartsList,      Tick},
+    {7794, PartsList,      Cross},
 };
 // clang-format on
 

@@ -54,6 +54,21 @@ void Paper(QPainter& painter, QColor edge) {
     Fill(painter, edge, {{9.5, 1}, {13, 4.5}, {9.5, 4.5}});
 }
 
+/// The size of a sheet, from corner to corner.
+void Size(QPainter& painter) {
+    Lines(painter, c_steel, 1.4, {{5.6, 11, 10.4, 5.6}});
+    Fill(painter, c_steel, {{4.4, 9.2}, {4.4, 12.2}, {7.4, 12.2}});
+    Fill(painter, c_steel, {{11.6, 7.4}, {11.6, 4.4}, {8.6, 4.4}});
+}
+
+/// A plate with a name on it.
+void NamePlate(QPainter& painter) {
+    painter.setPen(QPen(c_amber.darker(130), 1));
+    painter.setBrush(c_amber);
+    painter.drawRoundedRect(QRectF(1, 9.5, 14, 5.5), 1, 1);
+    Lines(painter, Qt::white, 1.3, {{3.6, 12.2, 12.4, 12.2}});
+}
+
 /// A small mark at the lower right: an execution of the object, not the object itself.
 void Badge(QPainter& painter) {
     painter.setPen(QPen(Qt::white, 1));
@@ -172,6 +187,30 @@ void Other(QPainter& painter) {
 void Sheet(QPainter& painter) {
     Paper(painter, c_grey);
     Lines(painter, c_grey, 1, {{5, 7.5, 11, 7.5}, {5, 10, 11, 10}, {5, 12.5, 9, 12.5}});
+}
+
+void Document(QPainter& painter) {
+    Paper(painter, c_grey);
+}
+
+void FormatDocument(QPainter& painter) {
+    Paper(painter, c_grey);
+    Size(painter);
+}
+
+void NameDocument(QPainter& painter) {
+    Paper(painter, c_grey);
+    NamePlate(painter);
+}
+
+void SourceDocument(QPainter& painter) {
+    Paper(painter, c_grey);
+    painter.save();
+    painter.translate(0.6, -2.6);
+    painter.scale(0.92, 0.92);
+    Size(painter);
+    painter.restore();
+    NamePlate(painter);
 }
 
 void Drawing(QPainter& painter) {

@@ -40,6 +40,13 @@ void Drawing(QPainter& painter);
 void PartsList(QPainter& painter);
 void Report(QPainter& painter);
 
+/// A document that a part has, and what it takes over from it: the sheet's format, name and
+/// designation, or both.
+void Document(QPainter& painter);
+void FormatDocument(QPainter& painter);
+void NameDocument(QPainter& painter);
+void SourceDocument(QPainter& painter);
+
 void Profile(QPainter& painter);
 void Circle(QPainter& painter);
 void Text(QPainter& painter);

@@ -1,4 +1,4 @@
-// The pictures before the rows' names. The library names an icon by the number of a resource; here
+// The pictures before the rows' names, and those of documents. The library names an icon by the number of a resource; here
 // each number in use has a drawing of our own.
 #pragma once
 

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <initializer_list>
+#include <span>
 
 namespace desktop {
 
@@ -31,19 +32,37 @@ const KeyRow c_keys[] = {
     {{Qt::ALT | Qt::Key_Down},                           "In an editor of dates: open the calendar"},
     {{Qt::ALT | Qt::Key_Down, Qt::Key_F4},               "At a cell with an arrow and in its editor: open the list to choose from"},
 };
+
+const KeyRow c_documentKeys[] = {
+    {{Qt::Key_Return},                           "Open the selected documents in their programs"},
+    {{Qt::Key_F2},                               "Edit designation, name, format and comment of the document"},
+    {{Qt::Key_Insert},                           "Add documents to the part"},
+    {{Qt::Key_Delete},                           "Take the selected documents off the part; the files stay"},
+    {{Qt::Key_Space},                            "Show and hide the preview"},
+    {{Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10},    "Menu of the selected documents"},
+    {{Qt::Key_Escape},                           "Go back to the tree"},
+};
 // clang-format on
 
-} // namespace
-
-QList<PanelKey> ListPanelKeys() {
+QList<PanelKey> List(std::span<const KeyRow> rows) {
     QList<PanelKey> list;
-    for (const KeyRow& row : c_keys) {
+    for (const KeyRow& row : rows) {
         QStringList keys;
         for (const QKeyCombination key : row.keys)
             keys += QKeySequence(key).toString(QKeySequence::NativeText);
         list += {keys.join(QStringLiteral(", ")), QCoreApplication::translate("Keys", row.what)};
     }
     return list;
+}
+
+} // namespace
+
+QList<PanelKey> ListPanelKeys() {
+    return List(c_keys);
+}
+
+QList<PanelKey> ListDocumentKeys() {
+    return List(c_documentKeys);
 }
 
 } // namespace desktop

@@ -1,4 +1,4 @@
-// What the tree and its editors do with keys that no menu has.
+// What the tree, its editors and the list of documents do with keys that no menu has.
 #pragma once
 
 #include <QList>
@@ -12,5 +12,6 @@ struct PanelKey {
 };
 
 QList<PanelKey> ListPanelKeys();
+QList<PanelKey> ListDocumentKeys();
 
 } // namespace desktop

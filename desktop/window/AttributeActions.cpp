@@ -2,7 +2,7 @@
 
 #include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/PanelTree.h"
-#include "desktop/window/MenuLetters.h"
+#include "desktop/icons/MenuLetters.h"
 #include "platform/view/TreeTableView.h"
 
 #include <QAction>

@@ -1,9 +1,9 @@
 #include "desktop/window/ContextMenus.h"
 
+#include "desktop/icons/CommandLook.h"
+#include "desktop/icons/MenuLetters.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
-#include "desktop/window/MenuLetters.h"
-#include "platform/services/ToolStrips.h"
 
 #include <QAction>
 #include <QMenu>
@@ -18,22 +18,9 @@ namespace {
 // The commands of a cell that have keys, in the order of its menu.
 constexpr unsigned c_cellCommands[] = {7753, 7755, 7754, 7759, 7758};
 
-QString ToQString(const SharedText& text) {
-    return QString::fromStdWString(text.Str());
-}
-
-QKeySequence KeyOf(unsigned command) {
-    const std::string_view key = platform::GetCommandFace(command).key;
-    return QKeySequence::fromString(
-        QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())),
-        QKeySequence::PortableText);
-}
-
-/// As text alone: the key itself belongs to an action of the window.
 QString MakeText(const IContextMenuItem& item) {
-    const QString text = ToQString(item.GetText()).replace(QLatin1Char('&'), QStringLiteral("&&"));
-    const QString key = KeyOf(item.GetCommand()).toString(QKeySequence::NativeText);
-    return key.isEmpty() ? text : text + QLatin1Char('\t') + key;
+    return EntryOfCommand(QString::fromStdWString(item.GetText().Str()),
+                          KeyOfCommand(item.GetCommand()));
 }
 
 } // namespace
@@ -46,10 +33,9 @@ ContextMenus::ContextMenus(PanelTree& tree) : QObject(&tree), m_tree(tree) {
 void ContextMenus::AddActions(QMenu& menu) {
     QMenu* const cell = menu.addMenu(tr("This cell"));
     for (const unsigned command : c_cellCommands) {
-        QAction* const action =
-            cell->addAction(m_icons.Get(command), ToQString(platform::GetCommandFace(command).text),
-                            this, [this, command] { Choose(command); });
-        action->setShortcut(KeyOf(command));
+        QAction* const action = cell->addAction(m_icons.Get(command), TextOfCommand(command), this,
+                                                [this, command] { Choose(command); });
+        action->setShortcut(KeyOfCommand(command));
         m_actions.emplace(command, action);
     }
     MarkLetters(cell->actions());
@@ -148,8 +134,7 @@ void ContextMenus::Choose(unsigned command) {
         Ask(*cell, command);
     const auto found = m_offered.find(command);
     if (found == m_offered.end()) {
-        emit NothingOffered(ToQString(platform::GetCommandFace(command).text) +
-                            QStringLiteral(": ") + WhyNotIn(*cell));
+        emit NothingOffered(TextOfCommand(command) + QStringLiteral(": ") + WhyNotIn(*cell));
         return;
     }
     m_chosen = found->second;

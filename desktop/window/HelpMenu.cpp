@@ -59,7 +59,10 @@ QList<KeyGroup> HelpMenu::ListKeys() const {
     KeyGroup tree{tr("Tree"), {}};
     for (const PanelKey& key : ListPanelKeys())
         tree.lines += {key.keys, key.what};
-    return groups += tree;
+    KeyGroup documents{tr("List of documents"), {}};
+    for (const PanelKey& key : ListDocumentKeys())
+        documents.lines += {key.keys, key.what};
+    return groups << tree << documents;
 }
 
 void HelpMenu::ShowAbout() {

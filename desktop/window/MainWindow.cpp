@@ -2,6 +2,7 @@
 
 #include "desktop/books/UserListDialog.h"
 #include "desktop/dialogs/DialogDecisions.h"
+#include "desktop/documents/DocumentPane.h"
 #include "desktop/editors/LocaleNumbers.h"
 #include "desktop/tree/HighlightedRows.h"
 #include "desktop/tree/PanelTree.h"
@@ -118,6 +119,7 @@ MainWindow::~MainWindow() {
     m_masses->Stop();
     // It hears that the user leaves it while the window is taken down.
     m_embodimentBar->Show(nullptr);
+    m_documents->ShowBox(nullptr, nullptr);
     m_tree->ShowModel(nullptr);
 }
 
@@ -167,6 +169,7 @@ QMenu* MainWindow::MakeViewMenu() {
     m_embodiments = view->addAction(tr("Counts of All E&mbodiments"));
     m_embodiments->setCheckable(true);
     m_embodiments->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    AddDocumentActions(*view);
     return view;
 }
 
@@ -225,7 +228,7 @@ QWidget* MainWindow::MakePanel() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(head);
-    layout->addWidget(m_tree);
+    layout->addWidget(MakeDocuments());
     return panel;
 }
 
@@ -258,6 +261,7 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     m_waiting.clear();
     m_menus->Close();
     KeepView();
+    m_documents->ShowBox(nullptr, nullptr);
     m_tree->ShowModel(nullptr);
     m_model.reset();
     m_session = std::move(session);
@@ -280,6 +284,7 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
          },
          [this](const platform::TreeTableRow& row) { return MassNote(row); }});
     m_tree->ShowModel(m_model.get());
+    ShowDocuments();
 
     QStringList notes;
     for (const std::string& note : m_session->GetNotes())
@@ -416,6 +421,7 @@ void MainWindow::OnHeadAnswered(const platform::ColumnHead& column, int takers, 
 
 void MainWindow::RememberIn(std::unique_ptr<WindowMemory> memory) {
     m_memory = std::move(memory);
+    m_documents->Restore(m_memory->GetDocuments());
     if (const auto state = m_memory->Find(MemoryKey(*m_session)))
         restoreGeometry(state->place);
 }
@@ -435,6 +441,7 @@ void MainWindow::KeepView() {
     if (!m_memory || !m_session)
         return;
     KeepPlace();
+    m_memory->KeepDocuments(m_documents->GetState());
     const auto home = m_places.constFind(PlaceKey(m_session->GetHome()));
     m_memory->Keep(
         MemoryKey(*m_session),

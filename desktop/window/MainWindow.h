@@ -33,6 +33,7 @@ inline constexpr int c_messageMilliseconds = 10'000;
 
 class AttributeActions;
 class ContextMenus;
+class DocumentPane;
 class EmbodimentBar;
 class LevelBar;
 class MassIndicator;
@@ -84,6 +85,12 @@ private:
     QWidget* MakePanel();
     void MakeEmbodimentBar();
     void MakeStatusBar();
+    /// The tree with the box of documents below it.
+    QWidget* MakeDocuments();
+    void AddDocumentActions(QMenu& view);
+    void ShowDocuments();
+    void EditDocument(const std::wstring& file);
+    void AddDocuments(const QStringList& files);
 
     void ChooseFile();
     /// Reads the file again with names as the user chooses.
@@ -191,6 +198,7 @@ private:
     QAction* m_direct = nullptr;
     QAction* m_allParts = nullptr;
     PanelTree* m_tree = nullptr;
+    DocumentPane* m_documents = nullptr;
     ToolStrips* m_strips = nullptr;
     ContextMenus* m_menus = nullptr;
     LevelBar* m_levels = nullptr;

@@ -1,13 +1,13 @@
 // What the window does about the panel's commands: from strips, menus and keys they come here, and
 // what they have changed is shown before the next one.
+#include "desktop/icons/CommandLook.h"
+#include "desktop/icons/MenuLetters.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/ContextMenus.h"
 #include "desktop/window/MainWindow.h"
-#include "desktop/window/MenuLetters.h"
 #include "desktop/window/ProductActions.h"
 #include "desktop/window/ToolStrips.h"
-#include "platform/services/ToolStrips.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -29,10 +29,6 @@ constexpr unsigned c_editRoughSign = 7761;
 constexpr unsigned c_calculatePositions = 7766;
 constexpr unsigned c_manageProperties = 7795;
 
-QString TextOf(unsigned command) {
-    return QString::fromStdWString(platform::GetCommandFace(command).text.Str());
-}
-
 QString WhyNot(const platform::TreeTableView& view, unsigned command) {
     if (view.GetPanel().isReadOnly)
         return MainWindow::tr("the product is read-only");
@@ -51,7 +47,7 @@ void MainWindow::MakeCommands() {
     };
     connect(m_strips, &ToolStrips::Chosen, this, &MainWindow::RunStripCommand);
     connect(m_strips, &ToolStrips::PressedInVain, this, [this, tell](unsigned command) {
-        tell(TextOf(command) + QStringLiteral(": ") + WhyNot(m_session->GetView(), command));
+        tell(TextOfCommand(command) + QStringLiteral(": ") + WhyNot(m_session->GetView(), command));
     });
     connect(m_menus, &ContextMenus::NothingOffered, this, tell);
     m_menus->SetAddition(
@@ -115,12 +111,11 @@ void MainWindow::RunCommand(unsigned command, const std::function<void()>& run) 
         m_tree->setCurrentIndex(m_model->IndexOf(*chosen));
     if (place)
         m_tree->SelectAt(*place);
-    const SharedText refusal = m_session->TakeRefusal();
-    if (!refusal.IsEmpty())
-        statusBar()->showMessage(
-            (command == c_noCommand ? QString() : TextOf(command) + QStringLiteral(": ")) +
-                QString::fromStdWString(refusal.Str()),
-            c_messageMilliseconds);
+    const QString refusal = QString::fromStdWString(m_session->TakeRefusal().Str());
+    const QString name = TextOfCommand(command);
+    if (!refusal.isEmpty())
+        statusBar()->showMessage(name.isEmpty() ? refusal : name + QStringLiteral(": ") + refusal,
+                                 c_messageMilliseconds);
     else if (const SharedText note = m_session->TakeNote(); !note.IsEmpty())
         statusBar()->showMessage(QString::fromStdWString(note.Str()), c_messageMilliseconds);
     m_note->clear();

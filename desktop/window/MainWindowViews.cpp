@@ -1,5 +1,6 @@
 // What the window does about other windows with views of the same product.
 #include "desktop/dialogs/DialogDecisions.h"
+#include "desktop/documents/DocumentPane.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/MainWindow.h"
@@ -34,6 +35,7 @@ MainWindow* MainWindow::OpenView() {
     view->Show(m_session->MakeView());
     if (m_memory)
         view->m_memory = std::make_unique<WindowMemory>(m_memory->GetFile());
+    view->m_documents->Restore(m_documents->GetState());
     view->setGeometry(geometry().translated(c_beside));
     Expand(view->m_session->GetView(), ListExpanded(m_session->GetView()));
     view->show();

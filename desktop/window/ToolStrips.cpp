@@ -1,5 +1,6 @@
 #include "desktop/window/ToolStrips.h"
 
+#include "desktop/icons/CommandLook.h"
 #include "desktop/tree/PanelTree.h"
 #include "platform/services/ToolStrips.h"
 #include "platform/view/TreeTableView.h"
@@ -17,23 +18,6 @@ namespace desktop {
 namespace {
 
 constexpr const char* c_mainStrip = "PRODUCT_TREE_TOOLBAR";
-
-QString ToQString(const SharedText& text) {
-    return QString::fromStdWString(text.Str());
-}
-
-QKeySequence ToKey(std::string_view key) {
-    return QKeySequence::fromString(
-        QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())),
-        QKeySequence::PortableText);
-}
-
-/// What stands on a button has no room for its text: the tip tells it, with the key.
-QString MakeTip(const platform::CommandFace& face) {
-    const QString text = ToQString(face.tip.IsEmpty() ? face.text : face.tip);
-    const QString key = ToKey(face.key).toString(QKeySequence::NativeText);
-    return key.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, key);
-}
 
 QToolBar* AddBar(QMainWindow& window) {
     auto* const bar = new QToolBar(&window);
@@ -63,10 +47,9 @@ void ToolStrips::MakeActions(const char* strip) {
     for (const unsigned command : platform::FindToolStrip(strip)) {
         if (command == 0)
             continue;
-        const platform::CommandFace face = platform::GetCommandFace(command);
-        auto* const action = new QAction(m_icons.Get(command), ToQString(face.text), this);
-        action->setToolTip(MakeTip(face));
-        action->setShortcut(ToKey(face.key));
+        auto* const action = new QAction(m_icons.Get(command), TextOfCommand(command), this);
+        action->setToolTip(TipOfCommand(command));
+        action->setShortcut(KeyOfCommand(command));
         connect(action, &QAction::triggered, this, [this, command] { emit Chosen(command); });
         m_actions.insert(command, action);
     }

@@ -17,6 +17,10 @@ constexpr qsizetype c_mostRows = 2000;
 constexpr QChar c_separator(0x1F);
 
 const QString c_order = QStringLiteral("order");
+const QString c_isOpen = QStringLiteral("documents/open");
+const QString c_height = QStringLiteral("documents/height");
+const QString c_parts = QStringLiteral("documents/parts");
+const QString c_columns = QStringLiteral("documents/columns");
 
 /// A path has characters that the settings' names can't have.
 QString GroupOf(const QString& product) {
@@ -67,6 +71,18 @@ void WindowMemory::Keep(const QString& product, const FileState& state) {
     while (order.size() > c_mostFiles)
         m_settings.remove(order.takeLast());
     m_settings.setValue(c_order, order);
+}
+
+DocumentPane::State WindowMemory::GetDocuments() const {
+    return {m_settings.value(c_isOpen).toBool(), m_settings.value(c_height).toInt(),
+            m_settings.value(c_parts).toByteArray(), m_settings.value(c_columns).toByteArray()};
+}
+
+void WindowMemory::KeepDocuments(const DocumentPane::State& state) {
+    m_settings.setValue(c_isOpen, state.isOpen);
+    m_settings.setValue(c_height, state.height);
+    m_settings.setValue(c_parts, state.parts);
+    m_settings.setValue(c_columns, state.columns);
 }
 
 QStringList ListExpanded(const platform::TreeTableView& view) {

@@ -2,6 +2,8 @@
 // the program and never in the file.
 #pragma once
 
+#include "desktop/documents/DocumentPane.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QSettings>
@@ -35,6 +37,9 @@ public:
     std::optional<FileState> Find(const QString& product) const;
     /// Of more files than are worth it, those left longest ago are forgotten.
     void Keep(const QString& product, const FileState& state);
+    /// The box of documents, which is the same for all files.
+    DocumentPane::State GetDocuments() const;
+    void KeepDocuments(const DocumentPane::State& state);
 
 private:
     QSettings m_settings;

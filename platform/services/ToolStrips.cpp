@@ -37,6 +37,7 @@ constexpr CommandKey c_keys[] = {
     {7745, "Ins"},          // add an object
     {7746, "Del"},          // delete
     {7747, "F5"},           // update all
+    {7749, "Return"},       // open a document
     {7752, "Ctrl+H"},       // highlight
     {7753, "Ctrl+K"},       // insert a link
     {7754, "Ctrl+Shift+K"}, // remove it
@@ -44,6 +45,9 @@ constexpr CommandKey c_keys[] = {
     {7758, "Ctrl+I"},       // properties
     {7759, "F9"},           // recalculate
     {7766, "Ctrl+Shift+P"}, // number positions
+    {7783, "Ins"},          // add a document
+    {7784, "Space"},        // preview
+    {7785, "Del"},          // remove a document
 };
 
 } // namespace

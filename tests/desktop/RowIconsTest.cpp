@@ -15,10 +15,11 @@ QImage Picture(const desktop::RowIcons& icons, int number) {
 }
 
 TEST(RowIcons, EveryNumberThatThePanelShowsHasADrawing) {
-    // Objects, then groups, then sections.
-    const std::set<int> shown = {63248, 63247, 58775, 58778, 57348, 58599, 61275, 58598, 58465, 58764, 58806, 58787,
-                                 58881, 60275, 60730, 60735, 60731, 60732, 60733, 60736, 63251, 63250, 58763, 58760,
-                                 58776, 58767, 60897, 58782, 58033, 61276, 60276, 58762, 58759, 58766, 60737, 63242};
+    // Objects, then groups, then sections, then documents.
+    const std::set<int> shown = {63248, 63247, 58775, 58778, 57348, 58599, 61275, 58598, 58465, 58764,
+                                 58806, 58787, 58881, 60275, 60730, 60735, 60731, 60732, 60733, 60736,
+                                 63251, 63250, 58763, 58760, 58776, 58767, 60897, 58782, 58033, 61276,
+                                 60276, 58762, 58759, 58766, 60737, 63242, 61166, 60981, 60980, 60979};
     const std::vector<int> numbers = desktop::RowIcons::GetNumbers();
     EXPECT_EQ(numbers.size(), shown.size());
     EXPECT_EQ(std::set<int>(numbers.begin(), numbers.end()), shown);

@@ -30,13 +30,14 @@ declare -A rooms=(
     [desktop/import]="host platform/values platform/product/model desktop/messages"
     [desktop]="host platform exported desktop/messages desktop/store desktop/import desktop/preview desktop/books desktop/window"
     [desktop/preview]="host desktop desktop/import desktop/messages"
-    [desktop/icons]="host"
+    [desktop/icons]="host platform/services"
     [desktop/editors]="host desktop/icons"
     [desktop/books]="host platform/services desktop/store desktop/editors"
     [desktop/dialogs]="platform/services desktop desktop/import desktop/editors desktop/icons desktop/books"
+    [desktop/documents]="host platform/services platform/view desktop/icons desktop/preview"
     [desktop/help]=""
     [desktop/tree]="host platform/view exported desktop/icons desktop/editors"
-    [desktop/window]="host platform desktop/icons desktop/editors desktop/books desktop/dialogs desktop/help desktop/preview desktop/tree desktop/import desktop"
+    [desktop/window]="host platform desktop/icons desktop/editors desktop/books desktop/dialogs desktop/help desktop/preview desktop/tree desktop/import desktop desktop/documents"
 )
 
 found=0

@@ -1,4 +1,4 @@
-#include "desktop/window/MenuLetters.h"
+#include "desktop/icons/MenuLetters.h"
 
 #include <QAction>
 #include <QKeySequence>
