@@ -107,7 +107,7 @@ void DocumentPane::ShowBox(platform::DocumentBox* box, const platform::TreeTable
         return;
     box->SetObserver(this);
     FillStrip();
-    box->SetVisibleByUser(m_fold->isChecked());
+    box->SetVisibleByUser(m_isOpen);
     Update();
 }
 
@@ -132,8 +132,7 @@ void DocumentPane::FillStrip() {
 }
 
 DocumentPane::State DocumentPane::GetState() const {
-    const bool isOpen = m_fold->isChecked();
-    return {isOpen, isOpen && height() > 0 ? height() : m_height, m_parts->saveState(),
+    return {m_isOpen, m_isOpen && m_parts->isVisible() ? height() : m_height, m_parts->saveState(),
             m_list->SaveColumns()};
 }
 
@@ -141,13 +140,14 @@ void DocumentPane::Restore(const State& state) {
     m_height = state.height;
     m_parts->restoreState(state.parts);
     m_list->RestoreColumns(state.columns);
-    if (state.isOpen != m_fold->isChecked())
+    if (state.isOpen != m_isOpen)
         SetOpen(state.isOpen);
 }
 
 void DocumentPane::SetOpen(bool isOpen) {
-    if (!isOpen && m_fold->isChecked() && m_parts->isVisible())
+    if (!isOpen && m_isOpen && m_parts->isVisible())
         m_height = height();
+    m_isOpen = isOpen;
     m_fold->setChecked(isOpen);
     m_foldButton->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
     m_strip->setVisible(isOpen);
@@ -171,7 +171,7 @@ void DocumentPane::GoToList() {
         emit Left();
         return;
     }
-    if (!m_fold->isChecked())
+    if (!m_isOpen)
         SetOpen(true);
     m_list->setFocus();
 }
@@ -191,7 +191,7 @@ void DocumentPane::UpdateLater() {
 
 void DocumentPane::Update() {
     m_isUpdating = false;
-    if (!m_box || !m_fold->isChecked())
+    if (!m_box || !m_isOpen)
         return;
     m_list->Update();
     m_list->SetPlaceholder(WhyEmpty());

@@ -119,6 +119,7 @@ private:
     unsigned m_previewTurn = 0;
     QPointer<QMenu> m_menu;
     int m_height = 0;
+    bool m_isOpen = false;
     bool m_isUpdating = false;
 };
 

@@ -104,7 +104,7 @@ bool DocumentPane::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DocumentPane::keyPressEvent(QKeyEvent* event) {
-    if (!m_box || !m_fold->isChecked() || !RunKey(*event))
+    if (!m_box || !m_isOpen || !RunKey(*event))
         QWidget::keyPressEvent(event);
 }
 
@@ -195,7 +195,7 @@ QString DocumentPane::WhyEmpty() const {
 }
 
 void DocumentPane::dragEnterEvent(QDragEnterEvent* event) {
-    if (m_box && m_fold->isChecked() && CanRun(c_add) && !FilesIn(*event->mimeData()).isEmpty()) {
+    if (m_box && m_isOpen && CanRun(c_add) && !FilesIn(*event->mimeData()).isEmpty()) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
     }
