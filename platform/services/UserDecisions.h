@@ -1,7 +1,7 @@
 // How anything asks the user to decide: a question with buttons, a text to enter, a file to open or
-// to write, a property to link to, a section, a roughness, a material, values of properties, what
-// a document is called, a message to take note of. The program answers with real dialogs, a test
-// with a script. Code that needs a decision is given an IUserDecisions and knows no dialog.
+// to write, a property to link to, a section, a roughness, a material, values of properties, what a
+// document is called, a message to take note of. The program answers with real dialogs, a test with
+// a script. Code that needs a decision is given an IUserDecisions and knows no dialog.
 #pragma once
 
 #include "host/SharedText.h"

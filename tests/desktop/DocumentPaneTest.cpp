@@ -1,6 +1,6 @@
 // The box of documents below the tree, as a user works in it.
-#include "desktop/documents/DocumentList.h"
 #include "desktop/documents/DocumentPane.h"
+#include "desktop/documents/DocumentList.h"
 #include "desktop/window/WindowMemory.h"
 #include "platform/view/TreeTableView.h"
 #include "tests/desktop/WindowFixture.h"
@@ -30,9 +30,7 @@ constexpr int c_parts = 22;
 
 class DocumentPaneTest : public window_tests::WindowFixture {
 protected:
-    DocumentPaneTest() : m_folder(support::GetTestFolder()) {
-        std::filesystem::create_directories(m_folder);
-    }
+    DocumentPaneTest() : m_folder(support::GetTestFolder()) { std::filesystem::create_directories(m_folder); }
     ~DocumentPaneTest() override { std::filesystem::remove_all(m_folder); }
 
     void SetUp() override { ShowProduct(Parts()); }

@@ -142,9 +142,9 @@ TEST(WrongMembers, OutsideTheirRangeAreRefused) {
         {R"("properties": [{"property": "user.1000", "min": 2, "max": 1}]})", "59: properties[0].max: the range ends before it begins"},
         {R"("properties": [{"property": "mass"}, {"property": "mass"}]})", "51: properties[1].property: the property stands here twice"},
         {R"("product": {"uses": 1}})", "21: product.uses: the product itself has no uses"},
-        {R"("product": {"documents": [{"file": "a.pdf"}, {"file": "a.pdf"}]}})", "58: product.documents[1].file: the file stands here twice"},
-        {R"("product": {"documents": [{"file": ""}]}})", "37: product.documents[0].file: a path is expected, of 4096 bytes of UTF-8 at most"},
-        {R"("objects": [{"key": "a", "documents": [{"file": "a", "isSource": true}, {"file": "b", "isSource": true}]}])", "87: objects[0].documents[1].isSource: another document is the source already"},
+        {R"("product": {"documents": [{"file": "a.pdf"}, {"file": "a.pdf"}]}})", "55: product.documents[1].file: the file stands here twice"},
+        {R"("product": {"documents": [{"file": ""}]}})", "36: product.documents[0].file: a path is expected, of 4096 bytes of UTF-8 at most"},
+        {R"("objects": [{"key": "a", "documents": [{"file": "a", "isSource": true}, {"file": "b", "isSource": true}]}]})", "99: objects[0].documents[1].isSource: another document is the source already"},
         {R"("style": {"sections": [{"number": 5}, {"number": 5}]}})", "50: style.sections[1].number: another section has the number 5"}});
 }
 

@@ -3,7 +3,9 @@
 #include "platform/product/model/DocumentNames.h"
 #include "platform/product/model/ValueFitting.h"
 #include "platform/product/validation/ModelPath.h"
+#include "platform/values/Utf8.h"
 
+#include <algorithm>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -11,6 +13,12 @@
 namespace platform {
 
 namespace {
+
+bool IsSoundText(const std::wstring& text) {
+    return text.size() <= c_maxTextSize && std::ranges::all_of(text, [](wchar_t c) {
+               return IsCodePoint(static_cast<char32_t>(c));
+           });
+}
 
 class DocumentsOfObject final {
 public:
@@ -28,11 +36,11 @@ public:
                   "a path is expected, of 4096 bytes of UTF-8 at most");
             Check({place, "file"}, files.insert(document.file).second,
                   "the file stands here twice");
-            Check({place, "designation"}, IsGoodText(document.marking.GetDisplayName()),
+            Check({place, "designation"}, IsSoundText(document.marking.GetDisplayName()),
                   c_textExpected);
-            Check({place, "name"}, IsGoodText(document.name), c_textExpected);
-            Check({place, "format"}, IsGoodText(document.format), c_textExpected);
-            Check({place, "comment"}, IsGoodText(document.comment), c_textExpected);
+            Check({place, "name"}, IsSoundText(document.name), c_textExpected);
+            Check({place, "format"}, IsSoundText(document.format), c_textExpected);
+            Check({place, "comment"}, IsSoundText(document.comment), c_textExpected);
             sources += document.isSource ? 1 : 0;
             Check({place, "isSource"}, sources <= 1, "another document is the source already");
             formats += document.formatUsed ? 1 : 0;
@@ -44,7 +52,7 @@ public:
 
 private:
     static constexpr std::string_view c_textExpected =
-        "a Unicode text of at most 10000 characters is expected, without null characters";
+        "a Unicode text of at most 10000 characters is expected";
 
     void Check(const ModelPath& path, bool isRight, std::string_view reason) {
         if (!isRight && !m_fault)
