@@ -103,7 +103,8 @@ private:
     QString WhyNot(unsigned command) const;
     QString WhyEmpty() const;
 
-    platform::DocumentBox* m_box = nullptr;
+    /// Held: a session may go before the pane is told of another one.
+    boost::intrusive_ptr<platform::DocumentBox> m_box;
     const platform::TreeTableView* m_view = nullptr;
     Questions m_questions;
     CommandIcons m_icons;

@@ -1,4 +1,5 @@
 // What the window does about files: opening, saving, leaving, and files that others change.
+#include "desktop/documents/DocumentPane.h"
 #include "desktop/window/MainWindow.h"
 
 #include "desktop/dialogs/EncodingDialog.h"
@@ -74,6 +75,7 @@ void MainWindow::OpenFile(const std::filesystem::path& path, const step::StepOpt
             if (wasMeasuring)
                 HandOverMasses();
             m_menus->Close();
+            m_documents->ShowBox(nullptr, nullptr);
             m_tree->ShowModel(nullptr);
             m_model.reset();
             m_session.reset();
