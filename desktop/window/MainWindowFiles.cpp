@@ -1,8 +1,8 @@
 // What the window does about files: opening, saving, leaving, and files that others change.
-#include "desktop/documents/DocumentPane.h"
 #include "desktop/window/MainWindow.h"
 
 #include "desktop/dialogs/EncodingDialog.h"
+#include "desktop/documents/DocumentPane.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/ContextMenus.h"
