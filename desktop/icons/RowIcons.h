@@ -1,5 +1,5 @@
-// The pictures before the rows' names, and those of documents. The library names an icon by the number of a resource; here
-// each number in use has a drawing of our own.
+// The pictures before the rows' names, and those of documents. The library names an icon by the
+// number of a resource; here each number in use has a drawing of our own.
 #pragma once
 
 #include <QIcon>

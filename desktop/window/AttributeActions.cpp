@@ -1,8 +1,8 @@
 #include "desktop/window/AttributeActions.h"
 
+#include "desktop/icons/MenuLetters.h"
 #include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/PanelTree.h"
-#include "desktop/icons/MenuLetters.h"
 #include "platform/view/TreeTableView.h"
 
 #include <QAction>

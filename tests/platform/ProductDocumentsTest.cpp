@@ -54,7 +54,7 @@ public:
         Product product;
         product.Root(L"Gearbox");
         product.Object("a", L"Arm", L"AB.1")
-            .Document("/work/d/arm.pdf", L"AB.101", L"Bracket", L"A3")
+            .Document("/plant/d/arm.pdf", L"AB.101", L"Bracket", L"A3")
             .Document("/else/arm.txt", L"", L"Lever", L"A4")
             .Uses(2);
         product.Object("billet", L"Bar").BilletOf("a");
@@ -109,8 +109,8 @@ TEST_F(DocumentsOfAProduct, AreEditedInOneStepEach) {
     } edits[] = {
         {L"New documents",
          [](DocumentsOfAProduct& t) {
-             t.files.sizes["/work/C.7 Cap.pdf"] = {420, 297};
-             t.decisions.ChooseNextFiles({"/work/d/../C.7 Cap.pdf", "/work/C.7 Cap.pdf", "/work/d/arm.pdf"});
+             t.files.sizes["/plant/C.7 Cap.pdf"] = {420, 297};
+             t.decisions.ChooseNextFiles({"/plant/d/../C.7 Cap.pdf", "/plant/C.7 Cap.pdf", "/plant/d/arm.pdf"});
              return t.Commit(t.product->AddDocument(Key("a#2")));
          },
          first + "|" + second + "|C.7 Cap.pdf,C.7,A3," + arm},
@@ -180,7 +180,7 @@ TEST_F(DocumentsOfAProduct, BelongToTheObjectAndGoAndComeWithIt) {
     EXPECT_EQ(List("a#1"), List("a"));
     EXPECT_EQ(List("billet"), "");
     EXPECT_EQ(List(""), "");
-    EXPECT_EQ(product->AddDocumentFiles(Key("root"), {"/work/all.pdf", "/work/"}), 1U);
+    EXPECT_EQ(product->AddDocumentFiles(Key("root"), {"/plant/all.pdf", "/plant/"}), 1U);
     EXPECT_EQ(List("root"), "all.pdf,,,");
     const auto look = product->MakeLook();
     EXPECT_EQ(look->GetPartDocuments(Key("root")).size(), 1U);
@@ -192,7 +192,7 @@ TEST_F(DocumentsOfAProduct, BelongToTheObjectAndGoAndComeWithIt) {
 }
 
 TEST_F(DocumentsOfAProduct, WhoseFilesAreGoneSaySoAndAreNotOpened) {
-    files.gone.insert("/work/d/arm.pdf");
+    files.gone.insert("/plant/d/arm.pdf");
     EXPECT_EQ(Document(0).comment, L"File not found");
     EXPECT_FALSE(product->CanOpenDocument(Key("a"), Document(0)));
     EXPECT_FALSE(product->CanPreviewDocument(Key("a"), Document(0)));
@@ -219,7 +219,7 @@ TEST_F(DocumentsOfAProduct, CannotBeChangedWhereThePartOrTheProductCannot) {
     EXPECT_FALSE(product->CanChangeDocumentSource(Key("a"), Document(0)));
     EXPECT_FALSE(product->CanUseDocumentFormat(Key("a"), Document(0), L"A3"));
     EXPECT_FALSE(product->CanEditDocument(Key("a"), L"d/arm.pdf"));
-    EXPECT_EQ(product->AddDocumentFiles(Key("a"), {"/work/b.pdf"}), 0U);
+    EXPECT_EQ(product->AddDocumentFiles(Key("a"), {"/plant/b.pdf"}), 0U);
 
     model.isReadOnly = false;
     model.objects[0].lockedMarkingParts = {1};
@@ -238,7 +238,7 @@ TEST_F(DocumentsOfAProduct, CannotBeChangedWhereThePartOrTheProductCannot) {
 
 TEST_F(DocumentsOfAProduct, OfAnImportedPartBeginWithItsFile) {
     platform::ProductModel model = MakeProduct();
-    model.source = platform::SourceFile{"/work/gear.stp", {1, 2}, "", {}};
+    model.source = platform::SourceFile{"/plant/gear.stp", {1, 2}, "", {}};
     model.objects[0].source = platform::SourceProduct{L"AB.1", L"Arm", {}, {}};
     Use(model);
     EXPECT_EQ(List(), "*gear.stp,AB.1,,|d/arm.pdf,AB.101,A3,|/else/arm.txt,,A4,");
@@ -247,7 +247,7 @@ TEST_F(DocumentsOfAProduct, OfAnImportedPartBeginWithItsFile) {
     EXPECT_TRUE(product->CanOpenDocument(Key("a"), source));
     EXPECT_FALSE(product->CanRemoveDocuments(Key("a"), {L"d/arm.pdf", L"gear.stp"}));
     EXPECT_FALSE(product->CanChangeDocumentSource(Key("a"), source));
-    EXPECT_EQ(product->AddDocumentFiles(Key("a"), {"/work/gear.stp"}), 0U);
+    EXPECT_EQ(product->AddDocumentFiles(Key("a"), {"/plant/gear.stp"}), 0U);
     Commit(product->SetDocumentSource(Key("a"), Document(1)));
     EXPECT_EQ(List(), "gear.stp,AB.1,,|*d/arm.pdf,AB.101,A3,|/else/arm.txt,,A4,");
 }

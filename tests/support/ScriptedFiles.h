@@ -12,7 +12,7 @@ namespace support {
 
 class ScriptedFiles final : public platform::IDocumentFiles {
 public:
-    std::filesystem::path folder = "/work";
+    std::filesystem::path folder = "/plant";
     std::set<std::string> gone;
     std::map<std::string, platform::SheetSize> sizes;
     std::vector<std::string> opened;
