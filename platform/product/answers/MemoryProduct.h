@@ -2,8 +2,8 @@
 // the program shows and edits, whatever file the model came from, and what tests describe their
 // products by. Each change that the user makes is one step, which can be undone by name.
 //
-// What comes by source is what an occurrence has from its object. A model holds no materials and no
-// features: questions about them have the neutral answers.
+// What comes by source is what an occurrence has from its object. A model holds no features:
+// questions about them have the neutral answers.
 #pragma once
 
 #include "host/data/IfProductTreeData.h"
