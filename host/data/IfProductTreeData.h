@@ -26,6 +26,15 @@
 #include <utility>
 #include <vector>
 
+/// Which objects' rows have to be read again.
+struct ChangedObjects {
+    /// False: any row may have to be.
+    bool isKnown = false;
+    /// In any order. More than there need be, an object named twice and one without a row do no
+    /// harm.
+    std::vector<UniqueMetaObjectKey> keys;
+};
+
 /// When the panel has to catch up.
 class IProductDataRefresh {
 public:
@@ -47,7 +56,16 @@ public:
     /// of each full build. A host need not do anything with it: it is for having at hand what will
     /// be asked for next.
     virtual void ExpectReads(const std::vector<UniqueMetaObjectKey>&) {}
-    /// Bracket each walk that reads the values of all rows.
+    /// All objects about which any question of a row may be answered otherwise now than when the
+    /// change stamp was `since`. A part is one of them where its value came from an object or by a
+    /// link that changed, where it is counted in another number, and where another row shows it.
+    /// Rows that stand for others, and the root row, are read again whenever one below them is.
+    /// What concerns all rows, as a document that becomes read-only, is not known. A host that
+    /// can't tell says so, and has all rows read at each refresh. Called at the beginning of a
+    /// refresh.
+    virtual ChangedObjects GetChangedObjects(std::uint64_t /*since*/) const { return {}; }
+    /// Bracket each walk that reads the values of rows: of all of them, or of those that have
+    /// changed.
     virtual void BeginRead() = 0;
     virtual void EndRead() = 0;
 };

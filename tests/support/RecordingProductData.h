@@ -53,6 +53,7 @@ public:
     void BeginRebuild() override { Note("BeginRebuild"), m_product.BeginRebuild(); }
     void PrepareData() override { Note("PrepareData"), m_product.PrepareData(); }
     void ExpectReads(const std::vector<Key>& keys) override { Note("ExpectReads"), m_product.ExpectReads(keys); }
+    ChangedObjects GetChangedObjects(std::uint64_t since) const override { return Note("GetChangedObjects"), m_product.GetChangedObjects(since); }
     void BeginRead() override { Note("BeginRead"), m_product.BeginRead(); }
     void EndRead() override { Note("EndRead"), m_product.EndRead(); }
     IfProductDataAggregator& GetAggregator() const override { return Note("GetAggregator"), m_product.GetAggregator(); }
