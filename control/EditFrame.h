@@ -9,13 +9,13 @@ namespace productTree {
 
 // The guard goes before the result is applied: applying builds and reads.
 template <class Work>
-void ProductTreeCtrl::RunEdit(const Work& work) {
+void ProductTreeCtrl::RunEdit(const Work& work, const TreeRowPtr& touched) {
     TreeActionResult result;
     {
         const SyncGuard guard(*this, m_wrapper);
         result = work();
     }
-    ApplyResult(result);
+    ApplyResult(result, touched);
 }
 
 } // namespace productTree

@@ -4,6 +4,7 @@
 #include "control/Bracket.h"
 #include "control/GrProductTreeWrapper.h"
 #include "control/ProductPartDocsList.h"
+#include "control/RowUpdates.h"
 #include "host/DocumentEvents.h"
 #include "host/data/IfProductTreeData.h"
 #include "items/ProductTreeItemImpl.h"
@@ -73,6 +74,10 @@ void ProductTreeCtrl::Synchronize() {
 }
 
 void ProductTreeCtrl::Refresh() {
+    RefreshAfterEdit(nullptr);
+}
+
+void ProductTreeCtrl::RefreshAfterEdit(ITreeTableRow* touched) {
     RefreshReadOnlyMode();
     if (!m_data || m_guarded || m_rebuilding)
         return;
@@ -91,7 +96,8 @@ void ProductTreeCtrl::Refresh() {
     ITreeTableRow* root = m_tree->GetRootRow(0);
     if (!root)
         return;
-    UpdateRows(*root);
+    if (!UpdateChangedRows(touched))
+        UpdateRows(*root);
     UpdateCommandStates();
     UpdateDocsList();
     UpdateEmbodimentFilter();
@@ -140,8 +146,31 @@ void ProductTreeCtrl::UpdateRows(ITreeTableRow& root) {
     ProductTreeItemImpl* item = FindItemOfRow(root);
     if (!item)
         return;
+    // What changes during the walk may have been read before.
+    const std::uint64_t stamp = m_data->GetChangeStamp();
+    m_readStamp.reset();
     m_data->BeginRead();
     RunBracketed([&] { item->UpdateRow(); }, [&] { m_data->EndRead(); });
+    m_readStamp = stamp;
+}
+
+bool ProductTreeCtrl::UpdateChangedRows(ITreeTableRow* touched) {
+    if (!m_readStamp || !m_rowsByKey.IsClosed())
+        return false;
+    const std::uint64_t stamp = m_data->GetChangeStamp();
+    const ChangedObjects changed = m_data->GetChangedObjects(*m_readStamp);
+    // All rows in their order are read faster than most of them in any.
+    if (!changed.isKnown || changed.keys.size() > m_rowsByKey.GetSize() / 2)
+        return false;
+    RowUpdates updates;
+    for (const UniqueMetaObjectKey& key : changed.keys)
+        m_rowsByKey.ForEach(key, [&](ITreeTableRow& row) { updates.Add(row); });
+    if (touched)
+        updates.Add(*touched);
+    m_data->BeginRead();
+    RunBracketed([&] { updates.Run(); }, [&] { m_data->EndRead(); });
+    m_readStamp = stamp;
+    return true;
 }
 
 } // namespace productTree

@@ -10,6 +10,7 @@
 #include "control/EmbodimentFilter.h"
 #include "control/IfProductTreeCtrl.h"
 #include "control/ProductTreeEmbItemsStates.h"
+#include "control/RowsByKey.h"
 #include "host/EventsBus.h"
 #include "host/UniqueMetaObjectKey.h"
 #include "host/view/ITreeTableModel.h"
@@ -19,6 +20,7 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -52,7 +54,8 @@ public:
     /// The full build of columns and rows. Owed instead while the panel is hidden, skipped in a
     /// read-only document that has not changed.
     void Synchronize();
-    /// Reads all values again; rows and columns stay.
+    /// Reads values again, all of them where the product data can't tell which have changed; rows
+    /// and columns stay.
     void Refresh();
     void RefreshReadOnlyMode();
     /// Selects the rows of what is selected in the document. Owed, as a refresh, while the panel is
@@ -105,7 +108,12 @@ private:
     bool IsUnchanged() const;
     void LeaveImpossibleEmbodimentMode();
     void RememberBuild();
+    /// The user has been at work in `touched`, which may show what nobody has: it is read again in
+    /// any case. Null for no row.
+    void RefreshAfterEdit(ITreeTableRow* touched);
     void UpdateRows(ITreeTableRow& root);
+    /// False, with no row read, where it takes a walk over all rows.
+    bool UpdateChangedRows(ITreeTableRow* touched);
 
     void RebuildColumns();
     void TakeWidthsFromView(DocumentColumnsInfo& columns) const;
@@ -126,11 +134,12 @@ private:
     std::shared_ptr<ProductTreeItemImpl> CreateItem(const ProductTreeRowInfo& node,
                                                     const TreeRowPtr& row) const;
 
+    /// `touched` is the row in which the user has edited something; null for none.
     template <class Work>
-    void RunEdit(const Work& work);
+    void RunEdit(const Work& work, const TreeRowPtr& touched = {});
     template <class Work>
     void RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId, const Work& work);
-    void ApplyResult(const TreeActionResult& result);
+    void ApplyResult(const TreeActionResult& result, const TreeRowPtr& touched = {});
 
     /// Offers the editors in the heads where several rows are selected.
     void UpdateGroupEdit();
@@ -225,6 +234,9 @@ private:
     std::string m_columnSetKey;
     std::uint64_t m_refreshStamp = 0;
     std::uint64_t m_syncStamp = 0;
+    /// Up to which change all rows were read. No value: they are not there, or not all were.
+    std::optional<std::uint64_t> m_readStamp;
+    RowsByKey m_rowsByKey;
     bool m_embodimentMode = false;
     /// The column of counts is shown only because embodiment mode went on.
     bool m_countColumnAdded = false;

@@ -53,20 +53,26 @@ std::shared_ptr<ProductTreeItemImpl> HoldItem(const ProductTreeItemData& data) {
     return data.GetImpl();
 }
 
+TreeRowPtr RowOf(const std::shared_ptr<ProductTreeItemImpl>& item) {
+    return item ? &item->GetRow() : nullptr;
+}
+
 } // namespace
 
 template <class Work>
 void ProductTreeCtrl::RunCellEdit(ProductTreeItemData& item, const std::wstring& columnId,
                                   const Work& work) {
     const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
-    RunEdit([&] {
-        TreeActionResult result;
-        if (ProductTreeCellImpl* const cell = impl ? impl->FindCell(columnId) : nullptr) {
-            result = work(*cell);
-            result.item = impl->GetId();
-        }
-        return result;
-    });
+    RunEdit(
+        [&] {
+            TreeActionResult result;
+            if (ProductTreeCellImpl* const cell = impl ? impl->FindCell(columnId) : nullptr) {
+                result = work(*cell);
+                result.item = impl->GetId();
+            }
+            return result;
+        },
+        RowOf(impl));
 }
 
 void ProductTreeCtrl::OnCellEdited(ProductTreeItemData& item, const std::wstring& columnId) {
@@ -98,8 +104,8 @@ void ProductTreeCtrl::OnCellSourceIconClicked(ProductTreeItemData& item,
 void ProductTreeCtrl::OnItemPopupCommand(ProductTreeItemData& item, const std::wstring& columnId,
                                          int command) {
     const std::shared_ptr<ProductTreeItemImpl> impl = HoldItem(item);
-    RunEdit(
-        [&] { return impl ? impl->OnCellPopupCommand(columnId, command) : TreeActionResult(); });
+    RunEdit([&] { return impl ? impl->OnCellPopupCommand(columnId, command) : TreeActionResult(); },
+            RowOf(impl));
 }
 
 void ProductTreeCtrl::OnDesignationCodeCommand() {
@@ -149,7 +155,7 @@ void ProductTreeCtrl::OnHeaderPopupCommand(const std::wstring& columnId, int com
         RunEdit([&] { return header->OnPopupCommand(command); });
 }
 
-void ProductTreeCtrl::ApplyResult(const TreeActionResult& result) {
+void ProductTreeCtrl::ApplyResult(const TreeActionResult& result, const TreeRowPtr& touched) {
     bool isBuilt = result.action == TreeActionResult::Synchronise;
     if (result.action == TreeActionResult::ValuesChanged)
         isBuilt = m_data->IsRebuildRequired();
@@ -157,7 +163,7 @@ void ProductTreeCtrl::ApplyResult(const TreeActionResult& result) {
         Synchronize();
     else if (result.action == TreeActionResult::ValuesChanged ||
              result.action == TreeActionResult::Refresh)
-        Refresh();
+        RefreshAfterEdit(touched.get());
 
     ITreeTableRow* const root = m_tree->GetRootRow(0);
     if (!result.selectKey.IsEmpty()) {

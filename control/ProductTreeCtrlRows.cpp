@@ -56,6 +56,7 @@ void ProductTreeCtrl::RebuildRows() {
     const CellArena::KeptMemory keptMemory;
     m_rowStates.Store(*m_tree, m_rootKey, m_embodimentMode);
     m_rootKey = UniqueMetaObjectKey::null;
+    m_rowsByKey.Clear();
     m_tree->ClearSelection();
     std::vector<ProductTreeRowInfo> nodes = m_sorter->Sort();
     const UniqueMetaObjectKey rootKey = m_data->GetRootKey();
@@ -65,6 +66,8 @@ void ProductTreeCtrl::RebuildRows() {
     UpdateChildRows(nodes, root, keys);
     // Cells can have their memory.
     nodes = {};
+    m_rowsByKey.Add(rootKey, root);
+    m_rowsByKey.Close();
     FindItemOfRow(root)->RebuildCells(
         GetCurrentColumns().GetShownColumns(m_data->IsEmbodimentMode()));
     m_data->ExpectReads(keys);
@@ -95,8 +98,12 @@ void ProductTreeCtrl::UpdateChildRows(const std::vector<ProductTreeRowInfo>& nod
         if (isNew)
             parent.AppendChild(row);
         UpdateChildRows(nodes[i].children, *row, keys);
-        if (!nodes[i].key.IsEmpty())
+        if (!nodes[i].key.IsEmpty()) {
             keys.push_back(nodes[i].key);
+            m_rowsByKey.Add(nodes[i].key, *row);
+        }
+        if (!nodes[i].sourceKey.IsEmpty())
+            m_rowsByKey.Add(nodes[i].sourceKey, *row);
     }
 }
 

@@ -13,7 +13,7 @@ namespace productTree {
 
 GroupItemImpl::GroupItemImpl(TreeRowPtr row, IfProductTreeData* data, UniqueMetaObjectKey key)
     : SubTreeItemImpl(std::move(row), data), m_key(std::move(key)),
-      m_ownRegAttribute(m_row, data, m_key) {
+      m_ownRegAttribute(m_row, data, GetTally(), m_key) {
     m_regAttribute = &m_ownRegAttribute;
 }
 

@@ -114,12 +114,7 @@ ProductInfObjChangesResult SubTreeAttribute<Attribute>::MakeChanges(bool value, 
 
 template <class Attribute>
 void SubTreeAttribute<Attribute>::Update() {
-    // A bit for each state that is there.
-    unsigned states = 0;
-    ForEachChildRow(*this->m_row, [&](const ITreeTableRow& child) {
-        states |= 1U << Attribute::GetState(child);
-        return true;
-    });
+    const unsigned states = Attribute::GetChildStates(m_childRows);
     int state = AttributeStateNone;
     if (std::has_single_bit(states))
         state = std::countr_zero(states);

@@ -9,6 +9,7 @@
 #include "host/UniqueMetaObjectKey.h"
 #include "host/data/ProductInfObjChangesResult.h"
 #include "host/view/ITreeTableRow.h"
+#include "items/RowTally.h"
 
 #include <memory>
 #include <utility>
@@ -55,6 +56,7 @@ public:
     static void SetState(ITreeTableRow& row, int state);
     /// Null for a row that has none.
     static AggrIntoProductAttribute* FindOf(const ProductTreeItemImpl& item);
+    static unsigned GetChildStates(const RowTally& rows) { return rows.GetAggrStates(); }
 };
 
 class RegWithDescAttribute : public ItemAttribute<RegWithDescAttribute> {
@@ -64,6 +66,7 @@ public:
     static int GetState(const ITreeTableRow& row);
     static void SetState(ITreeTableRow& row, int state);
     static RegWithDescAttribute* FindOf(const ProductTreeItemImpl& item);
+    static unsigned GetChildStates(const RowTally& rows) { return rows.GetRegStates(); }
 };
 
 class InfObjAggrIntoProductAttributeImpl final : public AggrIntoProductAttribute {
@@ -97,12 +100,17 @@ private:
 template <class Attribute>
 class SubTreeAttribute : public Attribute {
 public:
-    using Attribute::Attribute;
+    /// `childRows` is the row's tally, and lives as long.
+    SubTreeAttribute(TreeRowPtr row, IfProductTreeData* data, const RowTally& childRows)
+        : Attribute(std::move(row), data), m_childRows(childRows) {}
 
     ProductInfObjChangesResult MakeChanges(bool value, ChangedRows& rows) override;
     /// The state that all child rows have. Of several it is one that can be switched, and off only
     /// where none can be switched off.
     void Update() override;
+
+private:
+    const RowTally& m_childRows;
 };
 
 class SubTreeAggrIntoProductAttributeImpl final
@@ -120,8 +128,8 @@ public:
 class GroupRegWithDescAttributeImpl final : public SubTreeRegWithDescAttributeImpl {
 public:
     GroupRegWithDescAttributeImpl(TreeRowPtr row, IfProductTreeData* data,
-                                  const UniqueMetaObjectKey& key)
-        : SubTreeRegWithDescAttributeImpl(std::move(row), data), m_key(key) {}
+                                  const RowTally& childRows, const UniqueMetaObjectKey& key)
+        : SubTreeRegWithDescAttributeImpl(std::move(row), data, childRows), m_key(key) {}
 
     ProductInfObjChangesResult MakeChanges(bool value, ChangedRows& rows) override;
 

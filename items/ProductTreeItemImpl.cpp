@@ -101,9 +101,14 @@ bool ProductTreeItemImpl::CanSetBySource(const std::wstring& columnId) const {
 }
 
 void ProductTreeItemImpl::UpdateRow() {
-    m_row->SetReadOnly(m_data->IsReadOnly());
     // Rows that stand for others go by what those have worked out.
+    OnChildRowsUpdate();
     UpdateChildRows();
+    UpdateThisRow();
+}
+
+void ProductTreeItemImpl::UpdateThisRow() {
+    m_row->SetReadOnly(m_data->IsReadOnly());
     UpdateActual();
     UpdateCells();
     UpdateIcon();
@@ -115,6 +120,7 @@ void ProductTreeItemImpl::UpdateRow() {
         m_aggrAttribute->Update();
     else
         m_row->SetAggrIntoProductState(AttributeStateNone);
+    UpdateRowStyle();
 }
 
 bool ProductTreeItemImpl::TrackCellContextMenu(const std::wstring& columnId,
@@ -146,11 +152,16 @@ void ProductTreeItemImpl::ForEachChildFetched(const Callback& callback) const {
 void ProductTreeItemImpl::UpdateChildRows() {
     ForEachChildFetched([this](ProductTreeItemImpl& child) {
         child.UpdateRow();
+        child.GiveShare({});
         OnChildRowUpdated(child);
     });
 }
 
-void ProductTreeItemImpl::OnChildRowUpdated(const ProductTreeItemImpl&) {}
+void ProductTreeItemImpl::OnChildRowsUpdate() {}
+
+void ProductTreeItemImpl::OnChildRowUpdated(ProductTreeItemImpl&) {}
+
+void ProductTreeItemImpl::UpdateRowStyle() {}
 
 void ProductTreeItemImpl::UpdateCells() {
     // Not reset where it is set again: a row that stays as it is has no news for the front end.

@@ -11,6 +11,7 @@
 #include "items/ItemAttributes.h"
 #include "items/ProductTreeItemData.h"
 #include "items/ProductTreeItemId.h"
+#include "items/RowTally.h"
 
 #include <list>
 #include <memory>
@@ -111,7 +112,7 @@ public:
     virtual bool CanTransmitToSource(const std::wstring& columnId) const = 0;
     virtual bool CanSetBySource(const std::wstring& columnId) const;
     /// Pushes the state of this row and of all rows below it to the view.
-    virtual void UpdateRow();
+    void UpdateRow();
     /// Opens the menu of the row's cell; false when there is nothing to offer. The choice goes to
     /// `handler`.
     virtual bool TrackCellContextMenu(const std::wstring& columnId, LEventsHandler* handler);
@@ -122,6 +123,14 @@ public:
     virtual std::shared_ptr<ProductTreeCellImpl> CreateCell(const ColumnInfo& column);
 
     ITreeTableRow& GetRow() const { return *m_row; }
+    /// The same for this row alone, where those below it are up to date.
+    void UpdateThisRow();
+    /// A child row has been updated, and what belongs to it is at hand.
+    virtual void OnChildRowUpdated(ProductTreeItemImpl& child);
+    /// What the row above counts of this one from now on; the answer is what it has counted until
+    /// now.
+    RowShare GiveShare(const RowShare& share) { return std::exchange(m_share, share); }
+
     /// Null for a row without the check box.
     AggrIntoProductAttribute* GetAggrAttribute() const { return m_aggrAttribute; }
     RegWithDescAttribute* GetRegAttribute() const { return m_regAttribute; }
@@ -189,8 +198,10 @@ protected:
     /// rows would mostly wait for it.
     template <class Callback>
     void ForEachChildFetched(const Callback& callback) const;
-    /// A child row has just been updated, and what belongs to it is at hand.
-    virtual void OnChildRowUpdated(const ProductTreeItemImpl& child);
+    /// All rows below are about to be updated.
+    virtual void OnChildRowsUpdate();
+    /// Pushes what there is beside the icon, the cells and the boxes.
+    virtual void UpdateRowStyle();
     /// Empty before the first rebuild.
     std::span<ProductTreeCellImpl* const> GetCells() const {
         return m_cells ? m_cells->GetCells() : std::span<ProductTreeCellImpl* const>();
@@ -204,6 +215,9 @@ protected:
     bool m_actual = true;
     TreeRowPtr m_row;
     IfProductTreeData* m_data;
+
+private:
+    RowShare m_share;
 };
 
 } // namespace productTree

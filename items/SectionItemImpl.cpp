@@ -21,7 +21,7 @@ constexpr unsigned c_freeNumbers = 2;
 SectionItemImpl::SectionItemImpl(TreeRowPtr row, IfProductTreeData* data, SPCSection section,
                                  SharedText label)
     : SubTreeItemImpl(std::move(row), data), m_section(std::move(section)),
-      m_label(std::move(label)), m_ownRegAttribute(m_row, data) {
+      m_label(std::move(label)), m_ownRegAttribute(m_row, data, GetTally()) {
     m_regAttribute = &m_ownRegAttribute;
 }
 
@@ -94,11 +94,9 @@ bool SectionItemImpl::CanSetBySource(const std::wstring&) const {
     return false;
 }
 
-void SectionItemImpl::UpdateRow() {
-    m_updatedCount = 0;
-    SubTreeItemImpl::UpdateRow();
+void SectionItemImpl::UpdateRowStyle() {
     m_row->SetSectionRowStyle(true);
-    const SharedText suffix = MakeCountSuffix(m_updatedCount);
+    const SharedText suffix = MakeCountSuffix(GetTally().GetObjectCount());
     const SharedText raw = JoinTexts(m_row->GetNameValue(), {m_label.Str(), L" ", suffix.Str()});
     const SharedText shown =
         format_label_utils::RemoveNewLineSymbols(format_label_utils::FormatLabelForDisplay(raw));
@@ -121,9 +119,8 @@ bool SectionItemImpl::TrackCellContextMenu(const std::wstring&, LEventsHandler* 
     return CanDelete() && ShowItemMenu({commands::removeProductPart}, handler);
 }
 
-// Billets are left out here; the group rows below count them.
-void SectionItemImpl::OnChildRowUpdated(const ProductTreeItemImpl& child) {
-    m_updatedCount += child.GetCount(0);
+unsigned SectionItemImpl::CountObjects(const ProductTreeItemImpl& child) const {
+    return child.GetCount(0);
 }
 
 void SectionItemImpl::UpdateIcon() {

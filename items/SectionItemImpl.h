@@ -27,20 +27,19 @@ public:
     GetValuesToTransmit(const std::wstring& columnId) const override;
     bool CanTransmitToSource(const std::wstring& columnId) const override;
     bool CanSetBySource(const std::wstring& columnId) const override;
-    void UpdateRow() override;
     /// Deleting what stands in the section is all that there is.
     bool TrackCellContextMenu(const std::wstring& columnId, LEventsHandler* handler) override;
     void UpdateIcon() override;
 
 protected:
-    void OnChildRowUpdated(const ProductTreeItemImpl& child) override;
+    void UpdateRowStyle() override;
+    /// Billets are left out here; the group rows below count them.
+    unsigned CountObjects(const ProductTreeItemImpl& child) const override;
 
 private:
     SPCSection m_section;
     SharedText m_label;
     SubTreeRegWithDescAttributeImpl m_ownRegAttribute;
-    /// Added up while the rows are at hand: a section may have most of a product below it.
-    unsigned m_updatedCount = 0;
 };
 
 } // namespace productTree

@@ -10,7 +10,7 @@
 namespace productTree {
 
 SubTreeItemImpl::SubTreeItemImpl(TreeRowPtr row, IfProductTreeData* data)
-    : ProductTreeItemImpl(std::move(row), data), m_ownAggrAttribute(m_row, data) {
+    : ProductTreeItemImpl(std::move(row), data), m_ownAggrAttribute(m_row, data, m_tally) {
     m_aggrAttribute = &m_ownAggrAttribute;
 }
 
@@ -41,7 +41,7 @@ void SubTreeItemImpl::SplitByHypertext(std::vector<Key>& with, std::vector<Key>&
 }
 
 bool SubTreeItemImpl::UpdateActual() {
-    m_actual = ForEachChildItem([](const ProductTreeItemImpl& child) { return child.IsActual(); });
+    m_actual = m_tally.AreAllActual();
     return m_actual;
 }
 
@@ -80,6 +80,23 @@ unsigned SubTreeItemImpl::GetCount(int withBillets) const {
         return true;
     });
     return count;
+}
+
+void SubTreeItemImpl::OnChildRowsUpdate() {
+    m_tally = {};
+}
+
+void SubTreeItemImpl::OnChildRowUpdated(ProductTreeItemImpl& child) {
+    const ITreeTableRow& row = child.GetRow();
+    const RowShare share = {CountObjects(child), true, child.IsActual(),
+                            static_cast<std::uint8_t>(row.GetAggrIntoProductState()),
+                            static_cast<std::uint8_t>(row.GetRegWithDescState())};
+    m_tally.Remove(child.GiveShare(share));
+    m_tally.Add(share);
+}
+
+unsigned SubTreeItemImpl::CountObjects(const ProductTreeItemImpl&) const {
+    return 0;
 }
 
 std::vector<std::pair<UniqueMetaObjectKey, PropValue>>

@@ -116,7 +116,7 @@ void MemoryProduct::MarkSaved() {
 }
 
 std::uint64_t MemoryProduct::GetChangeStamp() const {
-    return m_state->stamp + m_state->look->stamp;
+    return m_state->GetStamp();
 }
 
 bool MemoryProduct::IsReadOnly() const {
@@ -136,6 +136,14 @@ void MemoryProduct::PrepareData() {}
 
 void MemoryProduct::ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) {
     m_state->index.ExpectReads(keys);
+}
+
+ChangedObjects MemoryProduct::GetChangedObjects(std::uint64_t since) const {
+    const State& state = *m_state.operator->();
+    const std::uint64_t stamp = state.GetStamp();
+    if (since > stamp || since < state.look->turnedAt)
+        return {};
+    return state.log.FindLast(stamp - since);
 }
 
 void MemoryProduct::BeginRead() {
@@ -250,8 +258,11 @@ bool MemoryProduct::IsEmbodimentMode() const {
 }
 
 void MemoryProduct::SetEmbodimentMode(bool on) {
-    m_state->look->isRebuildRequired |= m_state->model.embodimentMode != on;
+    if (m_state->model.embodimentMode == on)
+        return;
     m_state->model.embodimentMode = on;
+    m_state->look->isRebuildRequired = true;
+    m_state->NoteTurn();
 }
 
 const EmbodimentsModel& MemoryProduct::GetEmbodiments() const {
@@ -273,7 +284,7 @@ std::wstring MemoryProduct::GetEmbodimentFilter() const {
 void MemoryProduct::SetEmbodimentFilter(const std::wstring& text) {
     m_state->model.embodimentFilter = text;
     m_state->areColumnsUnsaved |= !m_state->model.isReadOnly;
-    ++m_state->look->stamp;
+    m_state->NoteTurn();
 }
 
 } // namespace platform

@@ -147,6 +147,7 @@ public:
     void BeginRebuild() override;
     void PrepareData() override;
     void ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) override;
+    ChangedObjects GetChangedObjects(std::uint64_t since) const override;
     void BeginRead() override;
     void EndRead() override;
 

@@ -59,7 +59,7 @@ void MemoryProduct::NoteSource(const std::optional<ContentsMark>& onDisk) {
     m_state->sourceOnDisk = onDisk;
     if (wasChanged == IsSourceChanged())
         return;
-    ++m_state->stamp;
+    m_state->log.Note({});
     m_state->TellOfChange(false);
 }
 

@@ -3,6 +3,7 @@
 #include "host/ProductProperties.h"
 #include "platform/product/answers/MemoryStyle.h"
 #include "platform/product/edits/MassRules.h"
+#include "platform/product/index/Dependents.h"
 
 #include <algorithm>
 #include <utility>
@@ -90,6 +91,8 @@ void MemoryProduct::State::TurnTo(Look& wanted) {
     }
     ModelEditor editor(model, index);
     ReadLevel(editor);
+    // What was changed meanwhile was said of the parts of another level.
+    look->turnedAt = GetStamp();
 }
 
 void MemoryProduct::State::Forget(Look& gone) {
@@ -103,8 +106,13 @@ void MemoryProduct::State::Forget(Look& gone) {
     TurnTo(*looks.front());
 }
 
-void MemoryProduct::State::NoteLook() {
+void MemoryProduct::State::NoteTurn() {
     ++look->stamp;
+    look->turnedAt = GetStamp();
+}
+
+void MemoryProduct::State::NoteLook() {
+    NoteTurn();
     look->isRebuildRequired = true;
 }
 
@@ -206,7 +214,12 @@ void MemoryProduct::State::Finish(ModelEditor& editor) {
         rows.Forget();
     for (Look* const panel : looks)
         panel->isRebuildRequired |= editor.AreRowsChanged();
-    ++stamp;
+    if (editor.AreRowsChanged())
+        log.Note({});
+    else
+        log.Note(
+            {true,
+             Dependents(index, rows).Find(editor.GetChangedParts(), editor.AreCountsChanged())});
 }
 
 void MemoryProduct::State::NoteColumns() {

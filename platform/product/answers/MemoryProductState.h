@@ -5,6 +5,7 @@
 #include "platform/product/answers/DocumentList.h"
 #include "platform/product/answers/MemoryAggregator.h"
 #include "platform/product/answers/MemoryProduct.h"
+#include "platform/product/edits/ChangeLog.h"
 #include "platform/product/edits/EditHistory.h"
 #include "platform/product/edits/ProductChanges.h"
 #include "platform/product/edits/SourceUpdate.h"
@@ -26,6 +27,8 @@ struct MemoryProduct::Look {
     IProductObserver* observer = nullptr;
     /// Counts what was changed in the look and not in the document.
     std::uint64_t stamp = 0;
+    /// The change stamp after the last time that all rows may have become others by it.
+    std::uint64_t turnedAt = 0;
     bool isRebuildRequired = true;
     /// Of earlier states of the document: the panel may hold them until BeginRebuild.
     std::vector<std::shared_ptr<const PropertyDescriptions>> retired;
@@ -61,7 +64,11 @@ struct MemoryProduct::State {
     /// From now on the model is as that look has it.
     void TurnTo(Look& wanted);
     void Forget(Look& gone);
-    /// Other columns or another level are to be seen in the present look.
+    /// As the panel of the present look knows it.
+    std::uint64_t GetStamp() const { return log.GetStamp() + look->stamp; }
+    /// The present look is another one: all rows may show other values.
+    void NoteTurn();
+    /// Other columns or another level are to be seen in it.
     void NoteLook();
 
     /// Makes the step with what follows from it, and remembers it. False: there was nothing to do.
@@ -120,7 +127,7 @@ struct MemoryProduct::State {
     /// asked for.
     mutable std::optional<ProductText> refusal;
     SharedText note;
-    std::uint64_t stamp = 0;
+    ChangeLog log;
     bool areColumnsUnsaved = false;
 
 private:

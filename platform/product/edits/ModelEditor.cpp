@@ -139,7 +139,7 @@ void ModelEditor::Exchange(HeldFlag& held) {
     if (!object)
         return;
     std::swap(object->*held.flag, held.isSet);
-    m_isAnythingChanged = true;
+    NotePart(held.object);
     m_areMassesChanged |= held.flag == &ObjectRecord::sumsPartMasses;
 }
 
@@ -150,7 +150,8 @@ void ModelEditor::Exchange(HeldCount& held) {
     ExchangeEntry(GetRecord(*part).counts, held.count, held.place,
                   [&](const CountRecord& count) { return count.embodiment == held.embodiment; });
     m_index.UpdateCounts(*part);
-    m_isAnythingChanged = true;
+    NotePart(held.part);
+    m_areCountsChanged = true;
 }
 
 void ModelEditor::Exchange(HeldDocuments& held) {
@@ -158,7 +159,7 @@ void ModelEditor::Exchange(HeldDocuments& held) {
     if (!object)
         return;
     object->documents.swap(held.documents);
-    m_isAnythingChanged = true;
+    NotePart(held.object);
 }
 
 void ModelEditor::Exchange(HeldAttribute& held) {
@@ -190,8 +191,14 @@ void ModelEditor::NoteEverything() {
     NoteStructure();
 }
 
-void ModelEditor::NoteValue(const PartEntry& part, unsigned long number) {
+void ModelEditor::NotePart(const UniqueMetaObjectKey& key) {
     m_isAnythingChanged = true;
+    m_changedParts.push_back(key);
+}
+
+void ModelEditor::NoteValue(const PartEntry& part, unsigned long number) {
+    NotePart(part.key);
+    m_areCountsChanged |= number == number::count;
     m_index.Update(part, number);
     if (!part.isUse && IsGroupedBy(number))
         m_areRowsChanged |= RegroupByShownValues(m_index, part);

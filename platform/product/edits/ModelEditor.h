@@ -94,6 +94,10 @@ public:
     void NoteRows() { m_areRowsChanged = true; }
     /// How the document is edited, which cells and heads depend on, and nothing of what it holds.
     void NoteMode() { m_isAnythingChanged = m_areRowsChanged = true; }
+    /// What something was written of, where no rows are changed. Parts may be in it twice.
+    const std::vector<UniqueMetaObjectKey>& GetChangedParts() const { return m_changedParts; }
+    /// Among it are counts.
+    bool AreCountsChanged() const { return m_areCountsChanged; }
     /// Masses of parts may be others.
     bool AreMassesChanged() const { return m_areMassesChanged; }
     /// The objects whose densities were changed, and those whose masses were.
@@ -105,6 +109,7 @@ public:
 private:
     ObjectRecord& GetObject(const PartEntry& part);
     PartRecord& GetRecord(const PartEntry& part);
+    void NotePart(const UniqueMetaObjectKey& key);
     void NoteValue(const PartEntry& part, unsigned long number);
     void NoteWeight(const PartEntry& part, unsigned long number);
 
@@ -115,7 +120,9 @@ private:
     bool m_isDocumentChanged = false;
     bool m_isAnythingChanged = false;
     bool m_areRowsChanged = false;
+    bool m_areCountsChanged = false;
     bool m_areMassesChanged = false;
+    std::vector<UniqueMetaObjectKey> m_changedParts;
     std::vector<UniqueMetaObjectKey> m_densityChanges;
     std::unordered_set<UniqueMetaObjectKey> m_massChanges;
 };

@@ -225,6 +225,10 @@ void IndexBuilder::Link() {
         if (record.billet != BilletKind::None && !record.billetOwner.IsEmpty())
             m_tables.billets[record.billetOwner].push_back(&m_tables.parts[i]);
     }
+    for (const PartEntry* const part : m_tables.linkedParts) {
+        for (const LinkRecord& link : part->record->links)
+            m_tables.linkedTo[link.target].push_back(part);
+    }
 }
 
 } // namespace platform

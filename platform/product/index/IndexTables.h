@@ -164,6 +164,8 @@ struct IndexTables {
     OpenTable<NumberEntry> numbers;
     Links children;
     Links billets;
+    /// The parts with links to a part.
+    Links linkedTo;
 
     std::uint32_t FindPlace(const UniqueMetaObjectKey& key) const;
     /// Has the part fetched that FindPlace will most likely find.

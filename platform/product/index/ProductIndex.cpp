@@ -91,6 +91,10 @@ void ProductIndex::ExpectReads(const std::vector<UniqueMetaObjectKey>& keys) {
     }
 }
 
+std::span<const PartEntry* const> ProductIndex::GetLinkedTo(const UniqueMetaObjectKey& part) const {
+    return FindLinks(m_tables.linkedTo, part);
+}
+
 PartPlace ProductIndex::GetPlace(const PartEntry& part) const {
     const auto owner = PlaceOf(*part.owner);
     PartPlace place;

@@ -55,6 +55,8 @@ public:
     /// The parts with links of their own.
     const std::vector<const PartEntry*>& GetLinkedParts() const { return m_tables.linkedParts; }
     std::size_t GetLinkCount() const { return m_tables.linkCount; }
+    /// Of these, those with a link to a property of that part.
+    std::span<const PartEntry* const> GetLinkedTo(const UniqueMetaObjectKey& part) const;
 
     /// In the document's order, without the root.
     std::span<const PartEntry> GetObjects() const;
