@@ -2,6 +2,8 @@
 
 #include "tests/support/GeneratedProduct.h"
 
+#include <cstdlib>
+#include <ctime>
 #include <map>
 #include <vector>
 
@@ -28,12 +30,24 @@ void CoolCaches() {
     benchmark::ClobberMemory();
 }
 
+double GetProcessorTime() {
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+    if (std::getenv("PRODUCT_TREE_BENCH_LARGE"))
+        benchmark->Arg(1'000'000);
+    benchmark->Arg(1'000)
+        ->Arg(10'000)
+        ->Arg(100'000)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime();
 }
 
 void GroupSizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+    benchmark->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond)->UseManualTime();
 }
 
 } // namespace bench

@@ -1,7 +1,8 @@
 // What a user's edit costs, from what he leaves in the editor to the rows as they are afterwards:
-// one cell, and one head over every tenth row.
+// one cell, one head over a tenth of the rows, and a name by which rows are sorted.
 
 #include "bench/BenchProduct.h"
+#include "host/frame/FeatureTrees.h"
 #include "platform/view/HostFrame.h"
 
 #include <algorithm>
@@ -75,5 +76,28 @@ void CellEdit(benchmark::State& state) {
     });
 }
 BENCHMARK(CellEdit)->Apply(bench::Sizes);
+
+/// Sorts the object of some row elsewhere.
+void BuildAfterRename(benchmark::State& state) {
+    const auto product = GetProduct(GetSize(state));
+    const HostFrame frame(product);
+    const UniqueMetaObjectKey key =
+        product->GetModel().objects[product->GetModel().objects.size() / 2].key;
+    const SharedText names[] = {L"Aa", L"Zz"};
+    std::size_t turn = 0;
+    bool isRebuilt = true;
+    Measure(state, [&] {
+        auto changes = product->MakeValueChanges({key, {}, SharedText(L"name"), {}},
+                                                 PropValue(SimplePropVal(names[turn++ % 2])));
+        product->CommitChanges(changes);
+        isRebuilt = isRebuilt && product->IsRebuildRequired();
+        frame.GetTree().Synchronize();
+        return 0;
+    });
+    bench::UndoAll(*product);
+    if (!isRebuilt)
+        state.SkipWithError("the name did not matter");
+}
+BENCHMARK(BuildAfterRename)->Apply(bench::Sizes);
 
 } // namespace

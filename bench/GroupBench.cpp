@@ -26,11 +26,11 @@ TreeTableRow* FindRowWith(TreeTableRow& row, std::size_t children) {
 }
 
 /// Two groups of that many members, and nothing else.
+template <class Product = platform::MemoryProduct>
 struct Groups {
     explicit Groups(const benchmark::State& state)
         : members(static_cast<std::size_t>(state.range(0))),
-          product(std::make_shared<platform::MemoryProduct>(
-              support::GenerateProduct(2 * members, members))),
+          product(std::make_shared<Product>(support::GenerateProduct(2 * members, members))),
           frame(product), row(*FindRowWith(*frame.GetView().GetRoot(), members)) {}
 
     std::size_t members;
@@ -40,7 +40,7 @@ struct Groups {
 };
 
 void GroupMembers(benchmark::State& state) {
-    const Groups groups(state);
+    const Groups<> groups(state);
     Measure(state, [&] {
         productTree::FindItemOfRow(groups.row)
             ->ForEachChildItem([](productTree::ProductTreeItemImpl& child) {
@@ -54,7 +54,7 @@ BENCHMARK(GroupMembers)->Apply(bench::GroupSizes);
 
 // The members' rows are read first, as they are by each refresh.
 void GroupAndMembers(benchmark::State& state) {
-    const Groups groups(state);
+    const Groups<> groups(state);
     Measure(state, [&] {
         productTree::FindItemOfRow(groups.row)->UpdateRow();
         return 0;
@@ -63,7 +63,7 @@ void GroupAndMembers(benchmark::State& state) {
 BENCHMARK(GroupAndMembers)->Apply(bench::GroupSizes);
 
 void GroupRefresh(benchmark::State& state) {
-    const Groups groups(state);
+    const Groups<bench::UntellingProduct> groups(state);
     Measure(state, [&] {
         groups.frame.GetTree().Refresh();
         return 0;
@@ -72,7 +72,7 @@ void GroupRefresh(benchmark::State& state) {
 BENCHMARK(GroupRefresh)->Apply(bench::GroupSizes);
 
 void GroupEdit(benchmark::State& state) {
-    const Groups groups(state);
+    const Groups<> groups(state);
     const SharedText texts[] = {L"Mirrored", L"As drawn"};
     std::size_t turn = 0;
     bool isOneStep = true;

@@ -22,8 +22,15 @@ public:
 
     void Run() {
         for (std::size_t level = m_levels.size(); level-- > 0;) {
-            for (ITreeTableRow* const row : m_levels[level])
-                Update(level, *row);
+            // Rows join the level above alone.
+            const std::vector<ITreeTableRow*>& rows = m_levels[level];
+            for (std::size_t i = 0; i < rows.size(); ++i) {
+                const ProductTreeItemImpl* const next =
+                    i + 1 < rows.size() ? FindItemOfRow(*rows[i + 1]) : nullptr;
+                if (next)
+                    next->FetchAhead();
+                Update(level, *rows[i]);
+            }
         }
     }
 

@@ -139,8 +139,7 @@ template <class Callback>
 void ProductTreeItemImpl::ForEachChildFetched(const Callback& callback) const {
     ProductTreeItemImpl* previous = nullptr;
     ForEachChildItem([&](ProductTreeItemImpl& child) {
-        if (child.m_cells)
-            child.m_cells->FetchAhead();
+        child.FetchAhead();
         if (ProductTreeItemImpl* const item = std::exchange(previous, &child))
             callback(*item);
         return true;

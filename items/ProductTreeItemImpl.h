@@ -127,6 +127,11 @@ public:
     void UpdateThisRow();
     /// A child row has been updated, and what belongs to it is at hand.
     virtual void OnChildRowUpdated(ProductTreeItemImpl& child);
+    /// Has the memory of the cells fetched while something else is done.
+    void FetchAhead() const {
+        if (m_cells)
+            m_cells->FetchAhead();
+    }
     /// What the row above counts of this one from now on; the answer is what it has counted until
     /// now.
     RowShare GiveShare(const RowShare& share) { return std::exchange(m_share, share); }

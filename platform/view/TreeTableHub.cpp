@@ -2,9 +2,38 @@
 
 #include "platform/view/TreeTableRow.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
+
+namespace {
+
+std::size_t Depth(const TreeTableRow& row) {
+    std::size_t depth = 0;
+    for (const TreeTableRow* up = row.GetParentRow(); up; up = up->GetParentRow())
+        ++depth;
+    return depth;
+}
+
+/// The order from top to bottom: a row stands before the rows below it.
+bool StandsAbove(const TreeTableRow* a, const TreeTableRow* b) {
+    const std::size_t depthA = Depth(*a);
+    const std::size_t depthB = Depth(*b);
+    for (std::size_t depth = depthA; depth > depthB; --depth)
+        a = a->GetParentRow();
+    for (std::size_t depth = depthB; depth > depthA; --depth)
+        b = b->GetParentRow();
+    if (a == b)
+        return depthA < depthB;
+    while (a->GetParentRow() != b->GetParentRow()) {
+        a = a->GetParentRow();
+        b = b->GetParentRow();
+    }
+    return a->GetIndex() < b->GetIndex();
+}
+
+} // namespace
 
 void TreeTableHub::BeginUpdate() {
     if (m_updateDepth++ == 0)
@@ -83,6 +112,16 @@ bool TreeTableHub::IsInTree(const TreeTableRow& row) const {
     while (const TreeTableRow* parent = top->GetParentRow())
         top = parent;
     return top == m_root;
+}
+
+const std::vector<TreeTableRow*>& TreeTableHub::GetSelected() {
+    // Asked for again and again between two selections.
+    if (!std::ranges::is_sorted(m_selected, StandsAbove)) {
+        std::ranges::sort(m_selected, StandsAbove);
+        for (std::size_t i = 0; i < m_selected.size(); ++i)
+            m_selected[i]->m_selectionPlace = static_cast<std::uint32_t>(i);
+    }
+    return m_selected;
 }
 
 void TreeTableHub::Select(TreeTableRow& row, bool select) {

@@ -52,7 +52,8 @@ public:
     void SetRoot(const TreeTableRow* root) { m_root = root; }
     bool IsInTree(const TreeTableRow& row) const;
 
-    const std::vector<TreeTableRow*>& GetSelected() const { return m_selected; }
+    /// From top to bottom.
+    const std::vector<TreeTableRow*>& GetSelected();
     void Select(TreeTableRow& row, bool select);
     void ClearSelection();
     /// Makes the row the only selected one and the current one.

@@ -2,38 +2,9 @@
 
 #include "control/IfProductTreeCtrl.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace platform {
-
-namespace {
-
-std::size_t Depth(const TreeTableRow& row) {
-    std::size_t depth = 0;
-    for (const TreeTableRow* up = row.GetParentRow(); up; up = up->GetParentRow())
-        ++depth;
-    return depth;
-}
-
-/// The order from top to bottom: a row stands before the rows below it.
-bool StandsAbove(const TreeTableRow* a, const TreeTableRow* b) {
-    const std::size_t depthA = Depth(*a);
-    const std::size_t depthB = Depth(*b);
-    for (std::size_t depth = depthA; depth > depthB; --depth)
-        a = a->GetParentRow();
-    for (std::size_t depth = depthB; depth > depthA; --depth)
-        b = b->GetParentRow();
-    if (a == b)
-        return depthA < depthB;
-    while (a->GetParentRow() != b->GetParentRow()) {
-        a = a->GetParentRow();
-        b = b->GetParentRow();
-    }
-    return a->GetIndex() < b->GetIndex();
-}
-
-} // namespace
 
 /// An update of the view's own around a single change.
 class TreeTableView::Update {
@@ -221,8 +192,7 @@ void TreeTableView::SetAttributeColumnShown(int id, bool shown) {
 }
 
 std::vector<TreeRowPtr> TreeTableView::GetSelectedRows() const {
-    std::vector<TreeTableRow*> rows = m_hub->GetSelected();
-    std::sort(rows.begin(), rows.end(), StandsAbove);
+    const std::vector<TreeTableRow*>& rows = m_hub->GetSelected();
     return {rows.begin(), rows.end()};
 }
 
