@@ -111,5 +111,8 @@ build() {
 }
 
 mkdir -p "$root/build"
+# What is compiled alike with and without Qt is compiled once: which build folder it is made in is not
+# looked at.
+export CCACHE_NOHASHDIR=1
 # ccache needs a home; not every account of a build machine has one.
 [[ -w ${HOME:-/nonexistent} ]] || export CCACHE_DIR=${CCACHE_DIR:-$root/build/ccache}

@@ -22,7 +22,8 @@ if(PRODUCT_TREE_ASSERTIONS)
     target_compile_definitions(productTreeRules INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 if(PRODUCT_TREE_SANITIZE)
+    # Of debug information only the lines: reports name no more, and it is half of what is linked.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
-                        -fno-omit-frame-pointer)
+                        -fno-omit-frame-pointer -g1)
     add_link_options(-fsanitize=address,undefined)
 endif()
