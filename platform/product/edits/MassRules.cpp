@@ -264,7 +264,7 @@ std::vector<HeldValue> FindAssemblyMasses(ModelEditor& editor) {
 
 std::vector<HeldValue> FindProductMass(ModelEditor& editor) {
     const ProductModel& model = editor.GetModel();
-    const bool mayBeOther = editor.AreMassesChanged() || editor.GetIndex().GetLinkCount() > 0;
+    const bool mayBeOther = editor.AreMassesChanged() || editor.GetIndex().AreMassesLinked();
     if (!model.root.sumsPartMasses || !mayBeOther)
         return {};
     const ProductIndex& index = editor.GetIndex();

@@ -1,5 +1,7 @@
 #include "platform/product/index/IndexBuilder.h"
 
+#include "platform/product/model/PropertyNumbers.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -226,8 +228,10 @@ void IndexBuilder::Link() {
             m_tables.billets[record.billetOwner].push_back(&m_tables.parts[i]);
     }
     for (const PartEntry* const part : m_tables.linkedParts) {
-        for (const LinkRecord& link : part->record->links)
+        for (const LinkRecord& link : part->record->links) {
             m_tables.linkedTo[link.target].push_back(part);
+            m_tables.areMassesLinked |= link.property == number::mass;
+        }
     }
 }
 

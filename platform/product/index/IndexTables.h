@@ -158,6 +158,8 @@ struct IndexTables {
     std::vector<const PartEntry*> usesByKey;
     std::vector<const PartEntry*> linkedParts;
     std::size_t linkCount = 0;
+    /// The mass of a part is a value of another property.
+    bool areMassesLinked = false;
     /// By the parts' numbers, which `numbers` and the hints of keys name and which stay while parts
     /// move; `none` for a part that is gone.
     std::vector<std::uint32_t> places;

@@ -55,6 +55,7 @@ public:
     /// The parts with links of their own.
     const std::vector<const PartEntry*>& GetLinkedParts() const { return m_tables.linkedParts; }
     std::size_t GetLinkCount() const { return m_tables.linkCount; }
+    bool AreMassesLinked() const { return m_tables.areMassesLinked; }
     /// Of these, those with a link to a property of that part.
     std::span<const PartEntry* const> GetLinkedTo(const UniqueMetaObjectKey& part) const;
 
