@@ -2,26 +2,7 @@
 
 #include "desktop/StepSource.h"
 
-#include <algorithm>
-#include <string_view>
-
 namespace desktop {
-
-namespace {
-
-constexpr std::string_view c_seen[] = {".pdf", ".png",  ".jpg", ".jpeg", ".bmp", ".gif",
-                                       ".tif", ".tiff", ".svg", ".webp", ".txt", ".csv",
-                                       ".md",  ".log",  ".dxf", ".stp",  ".step"};
-
-std::string LowerExtension(const std::string& path) {
-    std::string extension = std::filesystem::path(path).extension().native();
-    std::ranges::transform(extension, extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return extension;
-}
-
-} // namespace
 
 void AttachedFiles::UseFolderOf(const std::filesystem::path& product) {
     std::error_code error;
@@ -43,15 +24,9 @@ bool AttachedFiles::Open(const std::string& path) {
     return desk && desk->OpenFile(path);
 }
 
-bool AttachedFiles::CanPreview(const std::string& path) const {
-    return std::ranges::find(c_seen, LowerExtension(path)) != std::ranges::end(c_seen);
-}
-
 std::optional<platform::SheetSize> AttachedFiles::FindSheetSize(const std::string& path) {
     ISourceDesk* const desk = m_source.GetDesk();
-    if (!desk || LowerExtension(path) != ".pdf")
-        return std::nullopt;
-    return desk->FindSheetSize(path);
+    return desk ? desk->FindSheetSize(path) : std::nullopt;
 }
 
 } // namespace desktop

@@ -1,6 +1,6 @@
-// The files of a product's documents on this machine: whether they are there, and what of them can
-// be seen. What only the desktop can do, which is to open them and to look into them, is asked of
-// the desk of the window that the user works with.
+// The files of a product's documents on this machine: whether they are there. What only the
+// desktop can do, which is to open them and to look into them, is asked of the desk of the window
+// that the user works with.
 #pragma once
 
 #include "platform/product/answers/DocumentFiles.h"
@@ -20,7 +20,6 @@ public:
     std::filesystem::path GetFolder() const override { return m_folder; }
     Found Look(const std::string& path) const override;
     bool Open(const std::string& path) override;
-    bool CanPreview(const std::string& path) const override;
     std::optional<platform::SheetSize> FindSheetSize(const std::string& path) override;
 
 private:

@@ -195,7 +195,8 @@ TEST_F(DocumentsOfAProduct, WhoseFilesAreGoneSaySoAndAreNotOpened) {
     files.gone.insert("/plant/d/arm.pdf");
     EXPECT_EQ(Document(0).comment, L"File not found");
     EXPECT_FALSE(product->CanOpenDocument(Key("a"), Document(0)));
-    EXPECT_FALSE(product->CanPreviewDocument(Key("a"), Document(0)));
+    // Whoever shows it says so.
+    EXPECT_TRUE(product->CanPreviewDocument(Key("a"), Document(0)));
     const auto open = [&](std::size_t place) {
         product->OpenDocument(Document(place), {}, MbPath_From_String(Document(place).path));
     };

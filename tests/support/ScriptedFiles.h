@@ -28,7 +28,6 @@ public:
         opened.push_back(path);
         return hasProgram;
     }
-    bool CanPreview(const std::string& path) const override { return path.ends_with(".pdf"); }
     std::optional<platform::SheetSize> FindSheetSize(const std::string& path) override {
         const auto found = sizes.find(path);
         return found == sizes.end() ? std::nullopt : std::optional(found->second);

@@ -25,8 +25,6 @@ public:
     virtual Found Look(const std::string& path) const = 0;
     /// In whatever program the user has for it. False: it was not opened.
     virtual bool Open(const std::string& path) = 0;
-    /// There may be something to see of a file of that name.
-    virtual bool CanPreview(const std::string& path) const = 0;
     /// Of the first sheet of a new document; no value where that is not known.
     virtual std::optional<SheetSize> FindSheetSize(const std::string& path) = 0;
 };

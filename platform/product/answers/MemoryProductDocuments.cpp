@@ -199,8 +199,8 @@ void MemoryProduct::OpenDocument(const PartDocument& document, const VariantMark
 
 bool MemoryProduct::CanPreviewDocument(const UniqueMetaObjectKey& key,
                                        const PartDocument& document) const {
-    return CanOpenDocument(key, document) &&
-           m_state->documentFiles->CanPreview(ToUtf8(document.path));
+    // Who shows it says why there is nothing to see.
+    return m_state->documentFiles && m_state->index.Find(key) && !document.path.empty();
 }
 
 ProductInfObjChangesResult MemoryProduct::SetDocumentSource(const UniqueMetaObjectKey& key,
