@@ -119,6 +119,12 @@ std::variant<FileHead, QString> LoadHead(const QString& path) {
     return head;
 }
 
+bool IsPdfFile(const QString& path) {
+    const auto loaded = LoadHead(path);
+    const auto* const head = std::get_if<FileHead>(&loaded);
+    return head && IsPdf(head->bytes, path);
+}
+
 FileKind TellKind(const QByteArray& head, const QString& path) {
     const auto* const row = std::ranges::find_if(
         c_kinds, [&](const KindRow& kind) { return kind.matches(head, path); });

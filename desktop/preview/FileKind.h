@@ -19,6 +19,9 @@ struct FileHead {
 
 std::variant<FileHead, QString> LoadHead(const QString& path);
 
+/// By its first bytes; false also where they can't be had.
+bool IsPdfFile(const QString& path);
+
 /// `path` is looked at for formats that the toolkit reads, and for packed files.
 FileKind TellKind(const QByteArray& head, const QString& path);
 

@@ -44,4 +44,15 @@ PreviewAnswer MakePdfPicture(const PreviewRequest& request, const FileHead&) {
     return {PutOnPaper(image), page, pages, {}};
 }
 
+PreviewAnswer MeasurePdfSheet(const PreviewRequest& request, const FileHead&) {
+    constexpr double millimetresInPoint = 25.4 / 72;
+    QPdfDocument document;
+    const QPdfDocument::Error error = document.load(request.path);
+    if (error != QPdfDocument::Error::None)
+        return Fail(Explain(error));
+    PreviewAnswer answer;
+    answer.sheet = document.pagePointSize(0) * millimetresInPoint;
+    return answer;
+}
+
 } // namespace desktop

@@ -27,6 +27,7 @@ PreviewAnswer RefuseUnknown(const PreviewRequest&, const FileHead&) {
 
 #ifndef PRODUCT_TREE_HAS_PDF
 constexpr auto MakePdfPicture = RefuseAbsent;
+constexpr auto MeasurePdfSheet = RefuseAbsent;
 #endif
 #ifndef PRODUCT_TREE_HAS_STEP
 constexpr auto MakeStepPicture = RefuseAbsent;
@@ -39,20 +40,25 @@ constexpr auto MakeSvgPicture = RefuseAbsent;
 #endif
 
 struct PictureRow {
+    PreviewTask task;
     FileKind kind;
     PreviewAnswer (*make)(const PreviewRequest& request, const FileHead& head);
 };
 
 constexpr PictureRow c_pictures[] = {
-    {FileKind::Pdf, MakePdfPicture},   {FileKind::Step, MakeStepPicture},
-    {FileKind::Dxf, MakeDxfPicture},   {FileKind::BinaryDxf, RefuseBinaryDxf},
-    {FileKind::Svg, MakeSvgPicture},   {FileKind::Image, MakeImagePicture},
-    {FileKind::Text, MakeTextPicture}, {FileKind::Unknown, RefuseUnknown},
+    {PreviewTask::Picture, FileKind::Pdf, MakePdfPicture},
+    {PreviewTask::Picture, FileKind::Step, MakeStepPicture},
+    {PreviewTask::Picture, FileKind::Dxf, MakeDxfPicture},
+    {PreviewTask::Picture, FileKind::BinaryDxf, RefuseBinaryDxf},
+    {PreviewTask::Picture, FileKind::Svg, MakeSvgPicture},
+    {PreviewTask::Picture, FileKind::Image, MakeImagePicture},
+    {PreviewTask::Picture, FileKind::Text, MakeTextPicture},
+    {PreviewTask::SheetSize, FileKind::Pdf, MeasurePdfSheet},
 };
 
 } // namespace
 
-PreviewAnswer MakePicture(const PreviewRequest& request) {
+PreviewAnswer MakeAnswer(const PreviewRequest& request) {
     const auto loaded = LoadHead(request.path);
     if (const auto* const obstacle = std::get_if<QString>(&loaded))
         return MakeFailure(*obstacle);
@@ -60,7 +66,10 @@ PreviewAnswer MakePicture(const PreviewRequest& request) {
     const FileKind kind = TellKind(head.bytes, request.path);
     if (!request.assembly.isEmpty() && kind != FileKind::Step)
         return MakeFailure(Tr("Not a STEP file"));
-    return std::ranges::find(c_pictures, kind, &PictureRow::kind)->make(request, head);
+    const auto* const row = std::ranges::find_if(c_pictures, [&](const PictureRow& known) {
+        return known.task == request.task && known.kind == kind;
+    });
+    return row == std::end(c_pictures) ? RefuseUnknown(request, head) : row->make(request, head);
 }
 
 QSize FitSize(QSizeF shape, const PreviewRequest& request) {

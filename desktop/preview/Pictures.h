@@ -8,7 +8,7 @@
 
 namespace desktop {
 
-PreviewAnswer MakePicture(const PreviewRequest& request);
+PreviewAnswer MakeAnswer(const PreviewRequest& request);
 
 /// Of a file of that kind.
 PreviewAnswer MakePdfPicture(const PreviewRequest& request, const FileHead& head);
@@ -17,6 +17,9 @@ PreviewAnswer MakeDxfPicture(const PreviewRequest& request, const FileHead& head
 PreviewAnswer MakeSvgPicture(const PreviewRequest& request, const FileHead& head);
 PreviewAnswer MakeImagePicture(const PreviewRequest& request, const FileHead& head);
 PreviewAnswer MakeTextPicture(const PreviewRequest& request, const FileHead& head);
+
+/// Of the first page of a PDF file.
+PreviewAnswer MeasurePdfSheet(const PreviewRequest& request, const FileHead& head);
 
 /// The size of a thing of that shape that fills the request as far as it can.
 QSize FitSize(QSizeF shape, const PreviewRequest& request);

@@ -1,5 +1,9 @@
 #include "desktop/preview/PreviewProcess.h"
 
+#include <QDeadlineTimer>
+
+#include <csignal>
+#include <sys/types.h>
 #include <utility>
 
 namespace desktop {
@@ -10,11 +14,11 @@ constexpr int c_endOfProcess = 2000;
 
 } // namespace
 
-PreviewProcess::PreviewProcess(const QString& program, const PreviewRequest& request,
-                               std::chrono::milliseconds limit, QObject* parent)
-    : QObject(parent), m_request(request), m_limit(limit) {
+PreviewProcess::PreviewProcess(const QString& program, QObject* parent)
+    : QObject(parent), m_program(program) {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &PreviewProcess::OnTooLong);
+    connect(&m_process, &QProcess::readyReadStandardOutput, this, &PreviewProcess::OnNews);
     connect(&m_process, &QProcess::finished, this, &PreviewProcess::OnEnd);
     // Queued: it may come while nobody listens yet.
     connect(
@@ -25,10 +29,6 @@ PreviewProcess::PreviewProcess(const QString& program, const PreviewRequest& req
         },
         Qt::QueuedConnection);
     m_process.setStandardErrorFile(QProcess::nullDevice());
-    m_process.start(program, {QStringLiteral("--answer-preview")});
-    m_process.write(ToBytes(request));
-    m_process.closeWriteChannel();
-    m_timer.start(m_limit);
 }
 
 PreviewProcess::~PreviewProcess() {
@@ -37,16 +37,49 @@ PreviewProcess::~PreviewProcess() {
     m_process.waitForFinished(c_endOfProcess);
 }
 
+void PreviewProcess::Ask(const PreviewRequest& request, std::chrono::milliseconds limit) {
+    if (m_process.state() == QProcess::NotRunning)
+        m_process.start(m_program, {QStringLiteral("--answer-preview")});
+    m_isAsked = true;
+    m_limit = limit;
+    m_process.write(ToFrame(ToBytes(request)));
+    m_timer.start(m_limit);
+}
+
 PreviewAnswer PreviewProcess::Wait() {
     m_process.disconnect(this);
-    m_isTooLong = !m_process.waitForFinished(static_cast<int>(m_limit.count())) &&
-                  m_process.state() != QProcess::NotRunning;
-    return TakeAnswer();
+    m_timer.stop();
+    m_isAsked = false;
+    const QDeadlineTimer end(m_limit);
+    std::optional<QByteArray> bytes;
+    while (!(bytes = TakeFrame(m_process)) && m_process.state() != QProcess::NotRunning) {
+        if (end.hasExpired()) {
+            m_process.kill();
+            return MakeTooLong();
+        }
+        m_process.waitForReadyRead(static_cast<int>(end.remainingTime()));
+    }
+    std::optional<PreviewAnswer> answer = bytes ? ReadAnswer(*bytes) : std::nullopt;
+    return answer ? *std::move(answer) : MakeLost();
+}
+
+void PreviewProcess::SetAsleep(bool isAsleep) {
+    if (isAsleep == m_isAsleep || m_process.state() != QProcess::Running)
+        return;
+    m_isAsleep = isAsleep;
+    ::kill(static_cast<pid_t>(m_process.processId()), isAsleep ? SIGSTOP : SIGCONT);
+    if (isAsleep && m_timer.isActive()) {
+        m_left = m_timer.remainingTimeAsDuration();
+        m_timer.stop();
+    } else if (!isAsleep && m_isAsked) {
+        m_timer.start(m_left);
+    }
 }
 
 void PreviewProcess::Abandon() {
     disconnect(this, &PreviewProcess::Answered, nullptr, nullptr);
     m_timer.stop();
+    connect(&m_process, &QProcess::finished, this, &QObject::deleteLater);
     if (m_process.state() == QProcess::NotRunning)
         deleteLater();
     else
@@ -54,26 +87,43 @@ void PreviewProcess::Abandon() {
 }
 
 void PreviewProcess::OnTooLong() {
-    m_isTooLong = true;
     m_process.kill();
+    Answer(MakeTooLong());
+}
+
+void PreviewProcess::OnNews() {
+    const std::optional<QByteArray> bytes = TakeFrame(m_process);
+    if (!bytes || !m_isAsked)
+        return;
+    std::optional<PreviewAnswer> answer = ReadAnswer(*bytes);
+    Answer(answer ? *std::move(answer) : MakeLost());
 }
 
 void PreviewProcess::OnEnd() {
-    m_timer.stop();
-    emit Answered(TakeAnswer());
-    deleteLater();
+    m_isAsleep = false;
+    if (m_isAsked)
+        Answer(MakeLost());
 }
 
-PreviewAnswer PreviewProcess::TakeAnswer() {
-    if (m_isTooLong) {
-        const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(m_limit).count();
-        return MakeFailure(tr("Takes longer than %1 s to draw").arg(seconds));
-    }
-    if (m_process.error() == QProcess::FailedToStart)
-        return MakeFailure(tr("The preview can't be started"));
-    if (std::optional<PreviewAnswer> answer = ReadAnswer(m_process.readAllStandardOutput()))
-        return *std::move(answer);
-    return MakeFailure(tr("The file is damaged, or needs too much memory"));
+void PreviewProcess::Answer(const PreviewAnswer& answer) {
+    m_timer.stop();
+    m_isAsked = false;
+    emit Answered(answer);
+}
+
+PreviewAnswer PreviewProcess::MakeTooLong() const {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(m_limit).count();
+    PreviewAnswer answer = MakeFailure(tr("Takes longer than %1 s to draw").arg(seconds));
+    answer.isLasting = false;
+    return answer;
+}
+
+PreviewAnswer PreviewProcess::MakeLost() const {
+    PreviewAnswer answer = MakeFailure(m_process.error() == QProcess::FailedToStart
+                                           ? tr("The preview can't be started")
+                                           : tr("The file is damaged, or needs too much memory"));
+    answer.isLasting = false;
+    return answer;
 }
 
 } // namespace desktop

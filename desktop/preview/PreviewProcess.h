@@ -1,5 +1,6 @@
-// One preview on its way: the program works it out in a process of its own, which may crash, hang
-// and eat memory without any harm to this one.
+// What is asked of the program in a process of its own, which may crash, hang and eat memory
+// without any harm to this one. It answers one request after the other, and may know by then what
+// it has read for the one before.
 #pragma once
 
 #include "desktop/preview/PreviewRequest.h"
@@ -16,15 +17,19 @@ class PreviewProcess final : public QObject {
     Q_OBJECT
 
 public:
-    /// Starts at once. `program` is the path of this program.
-    PreviewProcess(const QString& program, const PreviewRequest& request,
-                   std::chrono::milliseconds limit, QObject* parent = nullptr);
+    /// `program` is the path of this program.
+    explicit PreviewProcess(const QString& program, QObject* parent = nullptr);
     /// Ends the process, wherever it is.
     ~PreviewProcess() override;
 
-    const PreviewRequest& GetRequest() const { return m_request; }
+    /// The limit is for this request alone, for which the process is started unless it still runs.
+    /// Not before the one before is answered.
+    void Ask(const PreviewRequest& request, std::chrono::milliseconds limit);
+    bool IsRunning() const { return m_process.state() == QProcess::Running; }
     /// The answer, without going through the event loop.
     PreviewAnswer Wait();
+    /// The process stands still, and time with it, until it is woken.
+    void SetAsleep(bool isAsleep);
     /// Answers never, and goes by itself once the process is gone.
     void Abandon();
 
@@ -32,15 +37,21 @@ signals:
     void Answered(const desktop::PreviewAnswer& answer);
 
 private:
+    void OnNews();
     void OnEnd();
     void OnTooLong();
-    PreviewAnswer TakeAnswer();
+    void Answer(const PreviewAnswer& answer);
+    PreviewAnswer MakeTooLong() const;
+    PreviewAnswer MakeLost() const;
 
-    PreviewRequest m_request;
-    std::chrono::milliseconds m_limit;
+    QString m_program;
+    std::chrono::milliseconds m_limit{};
     QTimer m_timer;
+    /// What is left of the limit while it sleeps.
+    std::chrono::milliseconds m_left{};
     QProcess m_process;
-    bool m_isTooLong = false;
+    bool m_isAsked = false;
+    bool m_isAsleep = false;
 };
 
 } // namespace desktop

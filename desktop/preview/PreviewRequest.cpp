@@ -2,8 +2,10 @@
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QtEndian>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace desktop {
@@ -11,6 +13,9 @@ namespace desktop {
 namespace {
 
 constexpr QImage::Format c_format = QImage::Format_ARGB32_Premultiplied;
+
+constexpr qint64 c_lengthSize = sizeof(quint64);
+using FrameLength = std::array<char, c_lengthSize>;
 
 /// The pixels as they are: an image of its own form would be packed on its way.
 QByteArray TakePixels(const QImage& image) {
@@ -38,15 +43,15 @@ PreviewAnswer MakeFailure(const QString& oneLine) {
 QByteArray ToBytes(const PreviewRequest& request) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << request.path << request.pixels << request.scale << request.page << request.ink
-           << request.assembly << request.encoding;
+    stream << request.task << request.path << request.pixels << request.scale << request.page
+           << request.ink << request.assembly << request.encoding;
     return bytes;
 }
 
 QByteArray ToBytes(const PreviewAnswer& answer) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << answer.error << answer.page << answer.pageCount << answer.image.size()
+    stream << answer.error << answer.page << answer.pageCount << answer.sheet << answer.image.size()
            << TakePixels(answer.image);
     return bytes;
 }
@@ -54,9 +59,9 @@ QByteArray ToBytes(const PreviewAnswer& answer) {
 std::optional<PreviewRequest> ReadRequest(const QByteArray& bytes) {
     PreviewRequest request;
     QDataStream stream(bytes);
-    stream >> request.path >> request.pixels >> request.scale >> request.page >> request.ink >>
-        request.assembly >> request.encoding;
-    if (stream.status() != QDataStream::Ok || request.pixels.isEmpty())
+    stream >> request.task >> request.path >> request.pixels >> request.scale >> request.page >>
+        request.ink >> request.assembly >> request.encoding;
+    if (stream.status() != QDataStream::Ok)
         return std::nullopt;
     return request;
 }
@@ -66,13 +71,30 @@ std::optional<PreviewAnswer> ReadAnswer(const QByteArray& bytes) {
     QSize size;
     QByteArray pixels;
     QDataStream stream(bytes);
-    stream >> answer.error >> answer.page >> answer.pageCount >> size >> pixels;
+    stream >> answer.error >> answer.page >> answer.pageCount >> answer.sheet >> size >> pixels;
     if (stream.status() != QDataStream::Ok)
         return std::nullopt;
-    if (!answer.error.isEmpty())
+    if (!answer.error.isEmpty() || size.isEmpty())
         return answer;
     answer.image = MakeImage(size, pixels);
     return answer.image.isNull() ? std::nullopt : std::optional(std::move(answer));
+}
+
+QByteArray ToFrame(const QByteArray& bytes) {
+    FrameLength length{};
+    qToBigEndian(static_cast<quint64>(bytes.size()), length.data());
+    return QByteArray(length.data(), c_lengthSize) + bytes;
+}
+
+std::optional<QByteArray> TakeFrame(QIODevice& pipe) {
+    FrameLength length{};
+    if (pipe.peek(length.data(), c_lengthSize) < c_lengthSize)
+        return std::nullopt;
+    const auto size = static_cast<qint64>(qFromBigEndian<quint64>(length.data()));
+    if (pipe.bytesAvailable() - c_lengthSize < size)
+        return std::nullopt;
+    pipe.skip(c_lengthSize);
+    return pipe.read(size);
 }
 
 } // namespace desktop

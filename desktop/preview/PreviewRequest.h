@@ -6,13 +6,24 @@
 #include <QColor>
 #include <QImage>
 #include <QSize>
+#include <QSizeF>
 #include <QString>
 
 #include <optional>
 
+class QIODevice;
+
 namespace desktop {
 
+/// What is to be answered.
+enum class PreviewTask : quint8 {
+    Picture,
+    /// How large the first page of a PDF is.
+    SheetSize
+};
+
 struct PreviewRequest {
+    PreviewTask task = PreviewTask::Picture;
     /// Absolute.
     QString path;
     /// Of the screen or the file; no picture is larger.
@@ -33,8 +44,12 @@ struct PreviewAnswer {
     QImage image;
     int page = 0;
     int pageCount = 1;
-    /// One line; empty where there is a picture.
+    /// One line; empty where there is an answer.
     QString error;
+    /// In millimetres, where that was asked for.
+    QSizeF sheet{};
+    /// It would be answered so again as long as the file stays as it is.
+    bool isLasting = true;
 };
 
 PreviewAnswer MakeFailure(const QString& oneLine);
@@ -44,5 +59,10 @@ QByteArray ToBytes(const PreviewAnswer& answer);
 /// No value for bytes that are not whole.
 std::optional<PreviewRequest> ReadRequest(const QByteArray& bytes);
 std::optional<PreviewAnswer> ReadAnswer(const QByteArray& bytes);
+
+/// The bytes with their length before them, and the first such in the pipe, once it is there as a
+/// whole.
+QByteArray ToFrame(const QByteArray& bytes);
+std::optional<QByteArray> TakeFrame(QIODevice& pipe);
 
 } // namespace desktop

@@ -3,6 +3,7 @@
 #include "desktop/preview/Pictures.h"
 #include "desktop/preview/PreviewProcess.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
@@ -46,17 +47,18 @@ int TakeStandardOutput() {
     return answer;
 }
 
-/// Not up to the end of the input: another child of the parent may keep that open.
+/// No value: whoever asked has gone.
 std::optional<PreviewRequest> TakeRequest() {
-    QByteArray bytes;
+    QBuffer input;
+    input.open(QIODevice::ReadWrite);
     std::array<char, 4096> part{};
     for (;;) {
         const ssize_t size = read(STDIN_FILENO, part.data(), part.size());
         if (size <= 0)
             return std::nullopt;
-        bytes.append(part.data(), size);
-        if (std::optional<PreviewRequest> request = ReadRequest(bytes))
-            return request;
+        input.buffer().append(part.data(), size);
+        if (const std::optional<QByteArray> bytes = TakeFrame(input))
+            return ReadRequest(*bytes);
     }
 }
 
@@ -68,7 +70,11 @@ void Write(int pipe, const QByteArray& bytes) {
 
 PreviewAnswer Work(const PreviewRequest& request) {
     try {
-        return MakePicture(request);
+        PreviewAnswer answer = MakeAnswer(request);
+        const bool isEmpty = answer.image.isNull() && answer.sheet.isEmpty();
+        return isEmpty && answer.error.isEmpty()
+                   ? MakeFailure(PreviewProcess::tr("Needs more memory than a preview may take"))
+                   : answer;
     } catch (const std::bad_alloc&) {
         return MakeFailure(PreviewProcess::tr("Needs more memory than a preview may take"));
     } catch (const std::exception&) {
@@ -85,8 +91,7 @@ QString ToQString(const std::filesystem::path& path) {
 void AnswerPreviewRequest() {
     LimitItself();
     const int pipe = TakeStandardOutput();
-    const std::optional<PreviewRequest> request = TakeRequest();
-    if (pipe < 0 || !request)
+    if (pipe < 0)
         _exit(1);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
@@ -95,7 +100,8 @@ void AnswerPreviewRequest() {
     const QGuiApplication application(count, arguments.data());
     // Numbers in files have points, wherever the user lives.
     std::setlocale(LC_NUMERIC, "C");
-    Write(pipe, ToBytes(Work(*request)));
+    while (const std::optional<PreviewRequest> request = TakeRequest())
+        Write(pipe, ToFrame(ToBytes(Work(*request))));
     // What a damaged file has left behind is not cleared up: that might not end.
     _exit(0);
 }
@@ -111,7 +117,8 @@ std::optional<PictureFault> WriteFilePicture(const PictureOrder& order) {
     request.ink = Qt::black;
     request.assembly = QString::fromStdString(order.assembly);
     request.encoding = QString::fromStdString(order.encoding);
-    PreviewProcess process(QCoreApplication::applicationFilePath(), request, c_longestDrawing);
+    PreviewProcess process(QCoreApplication::applicationFilePath());
+    process.Ask(request, c_longestDrawing);
     const PreviewAnswer answer = process.Wait();
     if (!answer.error.isEmpty()) {
         QString reason = answer.error;

@@ -1,4 +1,4 @@
-// The program as the process that works one preview out, and as the one that asks for it and waits.
+// The program as the process that works previews out, and as the one that asks for it and waits.
 #pragma once
 
 #include "desktop/messages/FileError.h"
@@ -9,8 +9,9 @@
 
 namespace desktop {
 
-/// Reads a request from standard input, answers on standard output and never returns. Whatever the
-/// file does to it, it takes no more memory than it may, and ends with the process that asked.
+/// Reads requests from standard input, one after the other, answers on standard output and never
+/// returns. Whatever a file does to it, it takes no more memory than it may, and ends with the
+/// process that asked.
 [[noreturn]] void AnswerPreviewRequest();
 
 /// A picture for a file: of what `file` holds, or of the product in it that is called `assembly`.

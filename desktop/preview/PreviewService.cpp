@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <utility>
+
 namespace desktop {
 
 namespace {
@@ -23,25 +25,38 @@ QString& Program() {
     return path;
 }
 
-QString MakeKey(const PreviewRequest& request) {
-    const QFileInfo file(request.path);
+} // namespace
+
+void PreviewService::SetProgram(const QString& path) {
+    Program() = path;
+}
+
+QString PreviewService::GetProgram() {
+    return Program();
+}
+
+QString PreviewService::MarkFile(const QString& path) {
+    const QFileInfo file(path);
     if (!file.isFile())
         return {};
-    return QStringList{request.path,
-                       QString::number(file.size()),
+    // That of its rights, too, on which depends whether it can be read.
+    return QStringList{path, QString::number(file.size()),
                        QString::number(file.lastModified().toMSecsSinceEpoch()),
+                       QString::number(file.metadataChangeTime().toMSecsSinceEpoch())}
+        .join(QLatin1Char('\n'));
+}
+
+QString PreviewService::MakeKey(const PreviewRequest& request) {
+    const QString mark = MarkFile(request.path);
+    if (mark.isEmpty())
+        return {};
+    return QStringList{mark,
                        QString::number(request.pixels.width()),
                        QString::number(request.pixels.height()),
                        QString::number(request.scale),
                        QString::number(request.page),
                        request.ink.name()}
         .join(QLatin1Char('\n'));
-}
-
-} // namespace
-
-void PreviewService::SetProgram(const QString& path) {
-    Program() = path;
 }
 
 PreviewService::PreviewService(QObject* parent)
@@ -64,8 +79,7 @@ void PreviewService::Show(const QString& absolutePath, QSize pixels, int page) {
     m_key = MakeKey(m_request);
     if (const PreviewAnswer* const known = m_known.object(m_key)) {
         // A receiver may ask for another one, which may drop this one.
-        const PreviewAnswer answer = *known;
-        emit Ready(answer.image, answer.page, answer.pageCount);
+        Tell(PreviewAnswer(*known));
         return;
     }
     m_start.start();
@@ -84,21 +98,26 @@ void PreviewService::Start() {
         emit Failed(tr("No previews here"));
         return;
     }
-    m_process = new PreviewProcess(Program(), m_request, m_limit, this);
+    m_process = new PreviewProcess(Program(), this);
     connect(m_process, &PreviewProcess::Answered, this, &PreviewService::Take);
+    m_process->Ask(m_request, m_limit);
 }
 
 void PreviewService::Take(const PreviewAnswer& answer) {
-    m_process = nullptr;
-    if (!answer.error.isEmpty()) {
-        emit Failed(answer.error);
-        return;
-    }
+    // A new one for each file: what one has done to it must not harm the next.
+    std::exchange(m_process, nullptr)->Abandon();
     // A file that was changed meanwhile may be in the picture or not.
-    if (!m_key.isEmpty() && m_key == MakeKey(m_request))
+    if (answer.isLasting && !m_key.isEmpty() && m_key == MakeKey(m_request))
         m_known.insert(m_key, new PreviewAnswer(answer),
                        static_cast<int>(answer.image.sizeInBytes() / 1024 + 1));
-    emit Ready(answer.image, answer.page, answer.pageCount);
+    Tell(answer);
+}
+
+void PreviewService::Tell(const PreviewAnswer& answer) {
+    if (answer.error.isEmpty())
+        emit Ready(answer.image, answer.page, answer.pageCount);
+    else
+        emit Failed(answer.error);
 }
 
 } // namespace desktop

@@ -20,13 +20,18 @@ class PreviewService final : public QObject {
 public:
     /// Where this program is, which works previews out. Before that is known all previews fail.
     static void SetProgram(const QString& path);
+    static QString GetProgram();
+    /// What a file is now: another text as soon as it is touched; empty for none.
+    static QString MarkFile(const QString& path);
+    /// By which an answer is known, as long as the file is as it is now; empty where there is none.
+    static QString MakeKey(const PreviewRequest& request);
 
     explicit PreviewService(QObject* parent = nullptr);
     ~PreviewService() override;
 
     /// The usual limit is 30 s.
     void SetTimeLimit(std::chrono::milliseconds limit) { m_limit = limit; }
-    /// Drops what is under way. Answers by one of the signals, at once where the picture is known.
+    /// Drops what is under way. Answers by one of the signals, at once where the answer is known.
     /// The picture is no larger than `pixels`, which are those of the screen; `page` counts from 0.
     /// What has no colours of its own is drawn in the palette's text colour on nothing.
     void Show(const QString& absolutePath, QSize pixels, int page);
@@ -43,10 +48,11 @@ signals:
 private:
     void Start();
     void Take(const PreviewAnswer& answer);
+    void Tell(const PreviewAnswer& answer);
 
     std::chrono::milliseconds m_limit;
     PreviewRequest m_request;
-    /// What the cache knows the request by; empty for a file that can't be looked at.
+    /// What the cache knows the request by.
     QString m_key;
     /// Someone who goes through a list does not start a process a row.
     QTimer m_start;

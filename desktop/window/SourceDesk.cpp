@@ -4,9 +4,6 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QUrl>
-#ifdef PRODUCT_TREE_HAS_PDF
-#include <QPdfDocument>
-#endif
 
 namespace desktop {
 
@@ -14,19 +11,9 @@ bool SourceDesk::OpenFile(const std::filesystem::path& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
 }
 
-std::optional<platform::SheetSize>
-SourceDesk::FindSheetSize([[maybe_unused]] const std::filesystem::path& path) {
-#ifdef PRODUCT_TREE_HAS_PDF
-    QPdfDocument document;
-    if (document.load(QFile::decodeName(path.c_str())) != QPdfDocument::Error::None)
-        return std::nullopt;
-    constexpr double c_millimetresInPoint = 25.4 / 72;
-    const QSizeF points = document.pagePointSize(0);
-    return platform::SheetSize{points.width() * c_millimetresInPoint,
-                               points.height() * c_millimetresInPoint};
-#else
-    return std::nullopt;
-#endif
+std::optional<platform::SheetSize> SourceDesk::FindSheetSize(const std::filesystem::path& path) {
+    const std::optional<QSizeF> size = m_sheets.Find(QFile::decodeName(path.c_str()));
+    return size ? std::optional(platform::SheetSize{size->width(), size->height()}) : std::nullopt;
 }
 
 void SourceDesk::SetBusy(bool isBusy) {

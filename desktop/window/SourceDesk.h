@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desktop/StepSource.h"
+#include "desktop/preview/SheetSizes.h"
 
 #include <functional>
 
@@ -23,6 +24,7 @@ public:
     void OnUpdated(const platform::SourceUpdate& update) override { m_updated(update); }
 
 private:
+    SheetSizes m_sheets;
     Stop m_stop;
     Updated m_updated;
 };

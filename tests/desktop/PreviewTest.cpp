@@ -2,6 +2,7 @@
 #include "desktop/preview/PreviewPane.h"
 #include "desktop/preview/PreviewProcess.h"
 #include "desktop/preview/PreviewService.h"
+#include "desktop/preview/SheetSizes.h"
 #include "tests/support/TestFolder.h"
 
 #include <QDir>
@@ -91,7 +92,13 @@ protected:
         request.pixels = c_room;
         request.page = page;
         request.ink = Qt::red;
-        return PreviewProcess(QStringLiteral(PRODUCT_TREE_PROGRAM), request, limit).Wait();
+        return Ask(request, limit);
+    }
+    static PreviewAnswer Ask(const PreviewRequest& request,
+                             std::chrono::milliseconds limit = std::chrono::milliseconds(c_patience)) {
+        PreviewProcess process(QStringLiteral(PRODUCT_TREE_PROGRAM));
+        process.Ask(request, limit);
+        return process.Wait();
     }
 
     std::filesystem::path m_folder = support::GetTestFolder();
@@ -164,12 +171,38 @@ TEST_F(Previews, WhatCannotBeShownIsOneLine) {
     }
 }
 
+TEST_F(Previews, OneProcessAnswersOneQuestionAfterTheOther) {
+    PreviewProcess process(QStringLiteral(PRODUCT_TREE_PROGRAM));
+    PreviewRequest request;
+    request.pixels = c_room;
+    QList<QString> errors;
+    QObject::connect(&process, &PreviewProcess::Answered, &process, [&](const PreviewAnswer& answer) {
+        errors += answer.error;
+        request.path = Path("missing");
+        if (errors.size() < 3)
+            process.Ask(request, std::chrono::milliseconds(c_patience));
+    });
+    request.path = Write("notes.txt", "text");
+    process.Ask(request, std::chrono::milliseconds(c_patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return process.IsRunning(); }, c_patience));
+    process.SetAsleep(true);
+    QTest::qWait(500);
+    EXPECT_TRUE(errors.isEmpty());
+    process.SetAsleep(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return errors.size() == 3; }, c_patience));
+    EXPECT_EQ(errors.mid(1), QList<QString>(2, "No such file"));
+}
+
 #ifdef PRODUCT_TREE_HAS_STEP
-TEST_F(Previews, ARealPartIsDrawnInTheInkOnNothing) {
+std::filesystem::path FindAssembly(const char* name) {
     const char* const folder = std::getenv("PRODUCT_TREE_ASSEMBLIES");
-    const auto file = (folder ? std::filesystem::path(folder)
-                              : std::filesystem::path(PRODUCT_TREE_SOURCES) / "../shared/assemblies") /
-                      "as1-oc-214.stp";
+    return (folder ? std::filesystem::path(folder)
+                   : std::filesystem::path(PRODUCT_TREE_SOURCES) / "../shared/assemblies") /
+           name;
+}
+
+TEST_F(Previews, ARealPartIsDrawnInTheInkOnNothing) {
+    const auto file = FindAssembly("as1-oc-214.stp");
     if (!std::filesystem::exists(file))
         GTEST_SKIP() << "no assembly " << file;
     const PreviewAnswer answer = Ask(QFile::decodeName(file.c_str()));
@@ -191,6 +224,27 @@ TEST_F(Previews, ARealPartIsDrawnInTheInkOnNothing) {
 TEST_F(Previews, AFileThatTakesTooLongIsGivenUp) {
     const PreviewAnswer answer = Ask(Write("notes.txt", "text"), 0, std::chrono::milliseconds(1));
     EXPECT_TRUE(answer.error.startsWith("Takes longer")) << qPrintable(answer.error);
+}
+
+TEST_F(Previews, WhatFailsIsNotTriedAgainBeforeTheFileIsAnother) {
+    PreviewService service;
+    service.SetTimeLimit(std::chrono::milliseconds(1));
+    QSignalSpy failed(&service, &PreviewService::Failed);
+    const QString cut = Write("cut", std::string("\x7F\0", 2));
+    service.Show(cut, c_room, 0);
+    ASSERT_TRUE(failed.wait(c_patience));
+    // The next attempt may be in time.
+    service.SetTimeLimit(std::chrono::milliseconds(c_patience));
+    service.Show(cut, c_room, 0);
+    EXPECT_EQ(failed.size(), 1);
+    ASSERT_TRUE(failed.wait(c_patience));
+    service.Show(cut, c_room, 0);
+    ASSERT_EQ(failed.size(), 3);
+    EXPECT_FALSE(service.IsBusy());
+    EXPECT_EQ(failed[2], failed[1]);
+    Write("cut", std::string("\x7F\0\1", 3));
+    service.Show(cut, c_room, 0);
+    EXPECT_TRUE(service.IsBusy());
 }
 
 TEST_F(Previews, TheLastOfManyQuickSelectionsIsShownAndACancelledOneNever) {
@@ -220,6 +274,16 @@ TEST_F(Previews, TheLastOfManyQuickSelectionsIsShownAndACancelledOneNever) {
 }
 
 #ifdef PRODUCT_TREE_HAS_PDF
+TEST_F(Previews, SheetsAreMeasuredOfWhatIsAPdfByItsContents) {
+    desktop::SheetSizes sizes;
+    EXPECT_FALSE(sizes.Find(Write("cut.pdf", "%PDF-1.7\n1 0 obj")));
+    EXPECT_FALSE(sizes.Find(Write("notes.pdf", "text")));
+    EXPECT_FALSE(sizes.Find(Path("none.pdf")));
+    const std::optional<QSizeF> size = sizes.Find(WritePdf("paper.txt", 2));
+    ASSERT_TRUE(size);
+    EXPECT_EQ(size->toSize(), QSize(210, 297));
+}
+
 TEST_F(Previews, APaneLeafsThroughPagesAndForgetsThemWithTheFile) {
     PreviewPane pane;
     pane.resize(c_room);
