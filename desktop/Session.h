@@ -5,6 +5,7 @@
 
 #include "desktop/AttachedFiles.h"
 #include "desktop/Document.h"
+#include "desktop/StepPart.h"
 #include "desktop/StepSource.h"
 #include "platform/product/answers/MemoryProduct.h"
 
@@ -86,6 +87,8 @@ public:
     // Of that row, by what its list calls the document.
     /// By which it is opened; empty for one that is not there.
     std::wstring FindDocumentPath(const std::wstring& file) const;
+    /// The row's object in that document, if it is the file that the object came from; else empty.
+    StepPart FindDocumentPart(const std::wstring& file) const;
     bool CanEditDocument(const std::wstring& file) const;
     void EditDocument(const std::wstring& file);
     void AddDocuments(const std::vector<std::filesystem::path>& paths);
@@ -98,6 +101,9 @@ public:
     step::StepDocument* GetStep() const { return m_file->source.GetDocument(); }
     /// Of the file that the product was imported from; empty for none.
     std::filesystem::path GetSourcePath() const;
+    /// What the row stands for in that file; empty for what did not come from it, and for different
+    /// objects in one row.
+    StepPart FindStepPart(const platform::TreeTableRow& row) const;
     /// Who opens that file and hears that the product has followed it; null, as at first: nobody.
     void SetSourceDesk(ISourceDesk* desk);
     /// What has become of that file, each time once for all views. Rows show whether they agree
@@ -230,6 +236,7 @@ private:
     /// Those below the part, or the part by itself where its mass is no sum.
     platform::MassesBelow FindMassesOf(const UniqueMetaObjectKey& part) const;
     UniqueMetaObjectKey FindListedObject() const;
+    StepPart FindStepPart(const UniqueMetaObjectKey& part) const;
     UniqueMetaObjectKey FindAssembly(const platform::TreeTableRow& row) const;
     SharedText NameOf(const UniqueMetaObjectKey& assembly) const;
 

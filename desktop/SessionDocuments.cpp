@@ -1,9 +1,11 @@
 // What a view does about the documents of its selected row beside what the panel itself does.
 #include "desktop/Session.h"
 #include "items/ProductTreeItemData.h"
+#include "platform/values/Utf8.h"
 #include "platform/view/HostFrame.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -23,6 +25,38 @@ std::wstring Session::FindDocumentPath(const std::wstring& file) const {
     const std::vector<PartDocument> documents = m_product->GetPartDocuments(FindListedObject());
     const auto found = std::ranges::find(documents, file, &PartDocument::file);
     return found == documents.end() ? std::wstring() : found->path;
+}
+
+StepPart Session::FindDocumentPart(const std::wstring& file) const {
+    const std::filesystem::path source = GetSourcePath();
+    return !source.empty() && FindDocumentPath(file) == platform::FromUtf8(source.native())
+               ? FindStepPart(FindListedObject())
+               : StepPart();
+}
+
+StepPart Session::FindStepPart(const platform::TreeTableRow& row) const {
+    const productTree::ProductTreeItemData* const data = row.GetData();
+    if (!data)
+        return {};
+    if (!data->IsGroup())
+        return FindStepPart(data->GetObjectKey());
+    StepPart part;
+    for (const UniqueMetaObjectKey& member : data->GetAllKeys()) {
+        StepPart other = FindStepPart(member);
+        if (other.IsEmpty() || (!part.IsEmpty() && other != part))
+            return {};
+        part = std::move(other);
+    }
+    return part;
+}
+
+StepPart Session::FindStepPart(const UniqueMetaObjectKey& part) const {
+    const std::optional<platform::SourcePart> found = m_product->FindSourcePart(part);
+    if (!found)
+        return {};
+    const platform::ProductModel& model = m_product->GetModel();
+    return {found->product.id.Str(), found->product.name.Str(),
+            m_file->source.FindKeyInFile(model, found->object).String(), model.source->encoding};
 }
 
 bool Session::CanEditDocument(const std::wstring& file) const {

@@ -68,6 +68,12 @@ std::optional<step::Measures> StepSource::Translate(const platform::ProductModel
     return std::nullopt;
 }
 
+UniqueMetaObjectKey StepSource::FindKeyInFile(const platform::ProductModel& product,
+                                              const UniqueMetaObjectKey& object) const {
+    const auto found = Fits(product) ? m_keysInFile.find(object) : m_keysInFile.end();
+    return found == m_keysInFile.end() ? object : found->second;
+}
+
 std::optional<step::Measures> StepSource::TakeKept(const platform::ProductModel& product) {
     return m_kept && Fits(product) ? std::exchange(m_kept, std::nullopt) : std::nullopt;
 }
@@ -96,6 +102,9 @@ void StepSource::OnUpdated(const platform::SourceUpdate& update) {
         desk->OnUpdated(update);
     m_last = std::exchange(m_read, {});
     m_keys = update.keys;
+    m_keysInFile.clear();
+    for (const auto& [inFile, own] : m_keys)
+        m_keysInFile.emplace(own, inFile);
     m_kept.reset();
 }
 

@@ -49,6 +49,9 @@ public:
     /// another reading. It is kept then for the day on which the product comes back to this one.
     std::optional<step::Measures> Translate(const platform::ProductModel& product,
                                             const step::Measures& measures);
+    /// What the last reading calls that object of the product.
+    UniqueMetaObjectKey FindKeyInFile(const platform::ProductModel& product,
+                                      const UniqueMetaObjectKey& object) const;
     /// What was kept, once, if the product agrees with it now.
     std::optional<step::Measures> TakeKept(const platform::ProductModel& product);
 
@@ -71,6 +74,8 @@ private:
     Reading m_read;
     /// The product's keys by those of the last reading, where they differ.
     platform::SourceMatch::Keys m_keys;
+    /// The other way round.
+    platform::SourceMatch::Keys m_keysInFile;
     std::optional<step::Measures> m_kept;
     std::vector<ISourceDesk*> m_desks;
 };

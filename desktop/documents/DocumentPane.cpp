@@ -217,7 +217,8 @@ void DocumentPane::ShowPreview() {
     if (path.isEmpty())
         m_preview->Clear();
     else if (m_previewTurn != preview.turn)
-        m_preview->ShowFile(path);
+        m_preview->ShowFile(path,
+                            m_questions.findPart ? m_questions.findPart(preview.file) : StepPart());
     m_previewTurn = path.isEmpty() ? 0 : preview.turn;
 }
 

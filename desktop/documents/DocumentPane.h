@@ -27,6 +27,7 @@ class TreeTableView;
 namespace desktop {
 
 class DocumentList;
+struct StepPart;
 class PreviewPane;
 
 class DocumentPane final : public QWidget, private platform::DocumentBoxObserver {
@@ -38,6 +39,8 @@ public:
         /// By which the file is opened; empty for none.
         std::function<QString(const std::wstring& file)> findPath;
         std::function<bool(const std::wstring& file)> canEdit;
+        /// What of the file is shown; empty for all of it.
+        std::function<StepPart(const std::wstring& file)> findPart;
     };
     /// As the user has left the box.
     struct State {

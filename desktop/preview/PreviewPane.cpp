@@ -68,10 +68,11 @@ PreviewPane::PreviewPane(QWidget* parent)
     connect(m_service, &PreviewService::Busy, this, [this] { m_view->SetBusy(true); });
 }
 
-void PreviewPane::ShowFile(const QString& absolutePath) {
-    // The picture of another file must not be taken for this one's.
-    if (absolutePath != m_path)
+void PreviewPane::ShowFile(const QString& absolutePath, const StepPart& part) {
+    // The picture of something else must not be taken for this.
+    if (absolutePath != m_path || part != m_part)
         Clear();
+    m_part = part;
     m_path = absolutePath;
     setToolTip(ToTip(absolutePath));
     Ask();
@@ -82,6 +83,7 @@ void PreviewPane::Clear() {
     m_growth.stop();
     m_view->Clear();
     m_path.clear();
+    m_part = {};
     m_isOwed = false;
     setToolTip({});
     ShowPages(0, 0);
@@ -97,7 +99,7 @@ void PreviewPane::Ask() {
     if (m_path.isEmpty() || m_isOwed)
         return;
     m_asked = FindPixels();
-    m_service->Show(m_path, m_asked, m_page);
+    m_service->Show(m_path, m_asked, m_page, m_part);
 }
 
 void PreviewPane::GoToPage(int page) {

@@ -3,6 +3,8 @@
 // when it has grown or its colours have changed.
 #pragma once
 
+#include "desktop/StepPart.h"
+
 #include <QSize>
 #include <QString>
 #include <QTimer>
@@ -22,8 +24,9 @@ class PreviewPane final : public QWidget {
 public:
     explicit PreviewPane(QWidget* parent = nullptr);
 
-    /// From its first page on. A pane that is hidden waits until it is shown.
-    void ShowFile(const QString& absolutePath);
+    /// From its first page on; of the file that a part came from, the part. A pane that is hidden
+    /// waits until it is shown.
+    void ShowFile(const QString& absolutePath, const StepPart& part = {});
     /// Shows nothing then.
     void Clear();
 
@@ -52,6 +55,7 @@ private:
     QTimer m_growth;
     /// Empty: nothing is shown.
     QString m_path;
+    StepPart m_part;
     int m_page = 0;
     int m_pageCount = 0;
     /// For which size the picture was asked for last.

@@ -24,6 +24,22 @@ QByteArray TakePixels(const QImage& image) {
             static_cast<qsizetype>(plain.sizeInBytes())};
 }
 
+QDataStream& operator<<(QDataStream& stream, const StepPart& part) {
+    return stream << QString::fromStdWString(part.id) << QString::fromStdWString(part.name)
+                  << QByteArray::fromStdString(part.key)
+                  << QByteArray::fromStdString(part.encoding);
+}
+
+QDataStream& operator>>(QDataStream& stream, StepPart& part) {
+    QString id;
+    QString name;
+    QByteArray key;
+    QByteArray encoding;
+    stream >> id >> name >> key >> encoding;
+    part = {id.toStdWString(), name.toStdWString(), key.toStdString(), encoding.toStdString()};
+    return stream;
+}
+
 QImage MakeImage(QSize size, const QByteArray& pixels) {
     QImage image(size, c_format);
     if (image.isNull() || image.sizeInBytes() != pixels.size())
@@ -40,11 +56,19 @@ PreviewAnswer MakeFailure(const QString& oneLine) {
     return answer;
 }
 
+QByteArray ToBytes(const StepPart& part) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << part;
+    return bytes;
+}
+
 QByteArray ToBytes(const PreviewRequest& request) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream << request.task << request.path << request.pixels << request.scale << request.page
-           << request.ink << request.assembly << request.encoding;
+           << request.ink << request.assembly << request.encoding << request.part
+           << request.isPartAlone;
     return bytes;
 }
 
@@ -60,7 +84,7 @@ std::optional<PreviewRequest> ReadRequest(const QByteArray& bytes) {
     PreviewRequest request;
     QDataStream stream(bytes);
     stream >> request.task >> request.path >> request.pixels >> request.scale >> request.page >>
-        request.ink >> request.assembly >> request.encoding;
+        request.ink >> request.assembly >> request.encoding >> request.part >> request.isPartAlone;
     if (stream.status() != QDataStream::Ok)
         return std::nullopt;
     return request;

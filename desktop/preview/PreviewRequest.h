@@ -2,6 +2,8 @@
 // a pipe, on one machine and between runs of one program.
 #pragma once
 
+#include "desktop/StepPart.h"
+
 #include <QByteArray>
 #include <QColor>
 #include <QImage>
@@ -38,6 +40,10 @@ struct PreviewRequest {
     /// texts are read as.
     QString assembly;
     QString encoding;
+    /// Of the file that a part came from: the part, which is drawn if it is there still.
+    StepPart part;
+    /// Else nothing is drawn, and not the whole file.
+    bool isPartAlone = false;
 };
 
 struct PreviewAnswer {
@@ -54,6 +60,7 @@ struct PreviewAnswer {
 
 PreviewAnswer MakeFailure(const QString& oneLine);
 
+QByteArray ToBytes(const StepPart& part);
 QByteArray ToBytes(const PreviewRequest& request);
 QByteArray ToBytes(const PreviewAnswer& answer);
 /// No value for bytes that are not whole.

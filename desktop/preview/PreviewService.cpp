@@ -55,7 +55,8 @@ QString PreviewService::MakeKey(const PreviewRequest& request) {
                        QString::number(request.pixels.height()),
                        QString::number(request.scale),
                        QString::number(request.page),
-                       request.ink.name()}
+                       request.ink.name(),
+                       QString::fromLatin1(ToBytes(request.part).toHex())}
         .join(QLatin1Char('\n'));
 }
 
@@ -68,13 +69,15 @@ PreviewService::PreviewService(QObject* parent)
 
 PreviewService::~PreviewService() = default;
 
-void PreviewService::Show(const QString& absolutePath, QSize pixels, int page) {
+void PreviewService::Show(const QString& absolutePath, QSize pixels, int page,
+                          const StepPart& part) {
     Cancel();
     m_request = {};
     m_request.path = absolutePath;
     m_request.pixels = pixels.expandedTo(QSize(1, 1)).boundedTo(QSize(c_mostPixels, c_mostPixels));
     m_request.scale = qGuiApp->devicePixelRatio();
     m_request.page = page;
+    m_request.part = part;
     m_request.ink = QGuiApplication::palette().color(QPalette::Text);
     m_key = MakeKey(m_request);
     if (const PreviewAnswer* const known = m_known.object(m_key)) {

@@ -34,7 +34,7 @@ public:
     /// Drops what is under way. Answers by one of the signals, at once where the answer is known.
     /// The picture is no larger than `pixels`, which are those of the screen; `page` counts from 0.
     /// What has no colours of its own is drawn in the palette's text colour on nothing.
-    void Show(const QString& absolutePath, QSize pixels, int page);
+    void Show(const QString& absolutePath, QSize pixels, int page, const StepPart& part = {});
     /// What is under way does not answer any more.
     void Cancel();
     bool IsBusy() const { return m_start.isActive() || m_process != nullptr; }

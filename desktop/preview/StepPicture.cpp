@@ -1,4 +1,5 @@
 #include "desktop/LevelChoice.h"
+#include "desktop/StepPart.h"
 #include "desktop/import/StepImport.h"
 #include "desktop/preview/LineSheet.h"
 #include "desktop/preview/Pictures.h"
@@ -61,6 +62,36 @@ QImage Paint(const step::LineDrawing& drawing, const PreviewRequest& request) {
     return sheet.Take();
 }
 
+using Read = decltype(step::StepDocument::Read({}, {}));
+
+/// What was read last is kept: who wants many parts of a file asks for one after the other.
+Read& ReadOnce(const QString& path, const std::string& encoding) {
+    static QString lastPath;
+    static std::string lastEncoding;
+    static Read last;
+    if (path != lastPath || encoding != lastEncoding) {
+        lastPath.clear();
+        last = FileError{};
+        step::StepOptions options;
+        options.encoding = encoding;
+        last = step::StepDocument::Read(QFile::encodeName(path).toStdString(), options);
+        lastPath = path;
+        lastEncoding = encoding;
+    }
+    return last;
+}
+
+std::variant<UniqueMetaObjectKey, FileError> FindDrawn(const platform::ProductModel& model,
+                                                       const PreviewRequest& request) {
+    if (!request.part.IsEmpty()) {
+        if (const auto part = FindObject(model, request.part))
+            return *part;
+        if (request.isPartAlone)
+            return FileError{"the part is not in the file any more"};
+    }
+    return FindObject(model, request.assembly.toStdString());
+}
+
 PreviewAnswer Fail(const FileError& error) {
     QString line = QString::fromStdString(error.reason);
     line.front() = line.front().toUpper();
@@ -70,19 +101,20 @@ PreviewAnswer Fail(const FileError& error) {
 } // namespace
 
 PreviewAnswer MakeStepPicture(const PreviewRequest& request, const FileHead&) {
-    step::StepOptions options;
-    options.encoding = request.encoding.toStdString();
-    auto read = step::StepDocument::Read(QFile::encodeName(request.path).toStdString(), options);
+    auto& read = ReadOnce(request.path, request.part.IsEmpty() ? request.encoding.toStdString()
+                                                               : request.part.encoding);
     if (const auto* const error = std::get_if<FileError>(&read))
         return Fail(*error);
     step::StepDocument& document = *std::get<0>(read);
-    auto object = FindObject(document.GetModel(), request.assembly.toStdString());
+    const auto object = FindDrawn(document.GetModel(), request);
     if (const auto* const error = std::get_if<FileError>(&object))
         return Fail(*error);
     const auto drawing = document.Draw(std::get<UniqueMetaObjectKey>(object));
     if (const auto* const error = std::get_if<FileError>(&drawing))
         return Fail(*error);
-    return {Paint(std::get<step::LineDrawing>(drawing), request), 0, 1, {}};
+    PreviewAnswer answer;
+    answer.image = Paint(std::get<step::LineDrawing>(drawing), request);
+    return answer;
 }
 
 } // namespace desktop

@@ -25,7 +25,8 @@ QWidget* MainWindow::MakeDocuments() {
         {[this](const std::wstring& file) {
              return QString::fromStdWString(m_session->FindDocumentPath(file));
          },
-         [this](const std::wstring& file) { return m_session->CanEditDocument(file); }});
+         [this](const std::wstring& file) { return m_session->CanEditDocument(file); },
+         [this](const std::wstring& file) { return m_session->FindDocumentPart(file); }});
     connect(m_documents, &DocumentPane::Wanted, this,
             [this](unsigned command, const std::function<void()>& run) {
                 if (m_tree->CommitEditor())

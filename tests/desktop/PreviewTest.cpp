@@ -201,6 +201,26 @@ std::filesystem::path FindAssembly(const char* name) {
            name;
 }
 
+TEST_F(Previews, OfAFileThePartIsDrawnThatCameFromIt) {
+    const auto file = FindAssembly("as1-oc-214.stp");
+    if (!std::filesystem::exists(file))
+        GTEST_SKIP() << "no assembly " << file;
+    PreviewRequest request;
+    request.path = QFile::decodeName(file.c_str());
+    request.pixels = c_room;
+    const QImage whole = Ask(request).image;
+    request.part = {L"nut", L"nut", "another export's", {}};
+    const QImage nut = Ask(request).image;
+    EXPECT_NE(nut, whole);
+    request.part = {L"nut", L"rod", "product744", {}};
+    EXPECT_EQ(Ask(request).image, whole);
+    request.isPartAlone = true;
+    EXPECT_EQ(Ask(request).error, "The part is not in the file any more");
+    request.part = {};
+    request.assembly = "nut";
+    EXPECT_EQ(Ask(request).image, nut);
+}
+
 TEST_F(Previews, ARealPartIsDrawnInTheInkOnNothing) {
     const auto file = FindAssembly("as1-oc-214.stp");
     if (!std::filesystem::exists(file))

@@ -121,6 +121,45 @@ TEST_F(SessionTest, AnEditedAssemblyIsSavedAsAProductFileWithEverythingInIt) {
     EXPECT_TRUE(session->IsModified());
 }
 
+TEST_F(SessionTest, AnImportedPartIsNamedAsItsFileKnowsIt) {
+    desktop::Document document;
+    document.path = m_folder / "gear.json";
+    document.model = Gearbox();
+    const std::string step = (m_folder / "gear.step").string();
+    const auto import = [&](const char* key, const wchar_t* id, const wchar_t* name) {
+        auto& object = document.model.objects[key == std::string("pin") ? 1 : 0];
+        object.source = platform::SourceProduct{SharedText(id), SharedText(name), {}, {}};
+        object.documents = {{.file = (m_folder / "note.step").string()}};
+    };
+    document.model.source = platform::SourceFile{step, {}, "GBK", {}};
+    import("case", L"C-1", L"case");
+    import("pin", L"P-1", L"pin");
+    const platform::ProductModel file = document.model;
+    Session session(std::move(document));
+    Rename(session, L"Housing");
+    platform::TreeTableRow& housing = Part(session, 0);
+    const desktop::StepPart part{L"C-1", L"case", "case", "GBK"};
+    EXPECT_EQ(session.FindStepPart(housing), part);
+    EXPECT_EQ(session.FindStepPart(Part(session, 1)).name, L"pin") << "all members are uses of one object";
+    EXPECT_TRUE(session.FindStepPart(*housing.GetParentRow()).IsEmpty());
+    session.GetView().SelectByUser({&housing}, &housing);
+    EXPECT_EQ(session.FindDocumentPart(L"gear.step"), part);
+    EXPECT_TRUE(session.FindDocumentPart(L"note.step").IsEmpty()) << "it was attached by hand";
+
+    platform::ProductModel twins = file;
+    twins.objects[1].source = twins.objects[0].source;
+    EXPECT_EQ(desktop::FindObject(twins, part), support::Key("case"));
+    EXPECT_EQ(desktop::FindObject(twins, {L"C-1", L"case", "pin", {}}), support::Key("pin"));
+    EXPECT_EQ(desktop::FindObject(twins, {L"P-1", L"pin", "pin", {}}), std::nullopt);
+
+    desktop::StepSource source;
+    platform::SourceUpdate update;
+    update.keys = {{support::Key("product7"), support::Key("case")}};
+    source.OnUpdated(update);
+    EXPECT_EQ(source.FindKeyInFile(file, support::Key("case")), support::Key("product7"));
+    EXPECT_EQ(source.FindKeyInFile(file, support::Key("pin")), support::Key("pin"));
+}
+
 TEST_F(SessionTest, MeasuresThatComeAfterSavingAreStillToBeSaved) {
     const auto session = Open("gear.step", true);
     EXPECT_FALSE(session->SaveAs(m_folder / "gear.json"));

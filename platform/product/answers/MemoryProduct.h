@@ -40,6 +40,12 @@ public:
     virtual void OnHighlightChanged() = 0;
 };
 
+/// An object as the file had it that the document was imported from.
+struct SourcePart {
+    UniqueMetaObjectKey object;
+    SourceProduct product;
+};
+
 struct Highlighting {
     /// The part that was chosen, and the object that it is or is a use of: another look may know
     /// the object alone.
@@ -93,6 +99,8 @@ public:
     /// where that is not known. The change stamp moves when it makes a difference.
     void NoteSource(const std::optional<ContentsMark>& onDisk);
     bool IsSourceChanged() const;
+    /// The part's object, or it by itself; no value for one that did not come from the file.
+    std::optional<SourcePart> FindSourcePart(const UniqueMetaObjectKey& part) const;
 
     /// Who gets at the files of documents; null, as at first: nobody, and none can be opened. Must
     /// outlive the document.

@@ -119,6 +119,14 @@ std::optional<GoneParts> MemoryProduct::State::AskAboutGone(const SourceFile& so
     return answer && *answer < std::size(answers) ? std::optional(answers[*answer]) : std::nullopt;
 }
 
+std::optional<SourcePart> MemoryProduct::FindSourcePart(const UniqueMetaObjectKey& part) const {
+    const PartEntry* const found = m_state->index.Find(part);
+    if (!found || !m_state->model.source)
+        return std::nullopt;
+    const ObjectRecord& object = *found->owner->object->record;
+    return object.source ? std::optional(SourcePart{object.key, *object.source}) : std::nullopt;
+}
+
 bool MemoryProduct::CanEditSource(const UniqueMetaObjectKey& key) const {
     if (!FindAssembly(key).IsEmpty())
         return true;
