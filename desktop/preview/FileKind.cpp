@@ -111,7 +111,7 @@ std::variant<FileHead, QString> LoadHead(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Tr("Can't be read: %1").arg(file.errorString());
-    FileHead head{file.read(c_headSize), file.atEnd()};
+    FileHead head{file.read(c_headSize)};
     if (file.error() != QFileDevice::NoError)
         return Tr("Can't be read: %1").arg(file.errorString());
     if (head.bytes.isEmpty())

@@ -13,8 +13,6 @@ enum class FileKind { Unknown, Pdf, Step, Dxf, BinaryDxf, Svg, Image, Text };
 /// The first 64 KB, or one line of why they can't be had: nothing else than a plain file is opened.
 struct FileHead {
     QByteArray bytes;
-    /// There is nothing behind them.
-    bool isWhole = true;
 };
 
 std::variant<FileHead, QString> LoadHead(const QString& path);

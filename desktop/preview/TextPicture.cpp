@@ -1,4 +1,3 @@
-#include "desktop/messages/MessageTexts.h"
 #include "desktop/preview/Pictures.h"
 #include "desktop/preview/TextTable.h"
 
@@ -22,21 +21,17 @@ constexpr int c_tab = 8;
 constexpr double c_widestColumn = 40;
 constexpr double c_columnGap = 2;
 
-/// A character may be cut in two at the end of the head.
-QByteArray EndWithWholeLine(const FileHead& head) {
-    const qsizetype end = head.bytes.lastIndexOf('\n');
-    return head.isWhole || end < 0 ? head.bytes : head.bytes.left(end);
-}
-
-QString Decode(const FileHead& head) {
-    const bool isUtf16 = head.bytes.startsWith("\xFF\xFE") || head.bytes.startsWith("\xFE\xFF");
-    if (isUtf16)
-        return QStringDecoder(QStringDecoder::Utf16).decode(head.bytes);
-    QByteArray bytes = EndWithWholeLine(head);
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        bytes.remove(0, 3);
-    const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    return QString::fromStdWString(FromUtf8OrLatin1(view));
+/// A character that is cut in two at the end is left out.
+QString Decode(const QByteArray& bytes) {
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+        return QStringDecoder(QStringDecoder::Utf16).decode(bytes);
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString text = utf8.decode(bytes);
+    if (!utf8.hasError())
+        return text;
+    // What most programs wrote before, or the part of it that everybody knows.
+    QStringDecoder windows("windows-1252");
+    return windows.isValid() ? QString(windows.decode(bytes)) : QString::fromLatin1(bytes);
 }
 
 QString ExpandTabs(const QString& line) {
@@ -118,7 +113,7 @@ void WriteTable(TextSheet& sheet, const QList<QStringList>& rows) {
 } // namespace
 
 PreviewAnswer MakeTextPicture(const PreviewRequest& request, const FileHead& head) {
-    QStringList lines = SplitLines(Decode(head));
+    QStringList lines = SplitLines(Decode(head.bytes));
     TextSheet sheet(request);
     lines.resize(std::min(lines.size(), sheet.CountLines()));
     if (const QChar separator = FindSeparator(request.path, lines); !separator.isNull()) {

@@ -171,6 +171,16 @@ TEST_F(Previews, WhatCannotBeShownIsOneLine) {
     }
 }
 
+TEST_F(Previews, TextsAreReadAsTheirBytesSuggest) {
+    const QString plain = Write("plain.txt", "\xC3\xA9 5 \xE2\x82\xAC\n");
+    const std::string forms[] = {"\xEF\xBB\xBF\xC3\xA9 5 \xE2\x82\xAC\n", "\xE9 5 \x80\n",
+                                 std::string("\xFF\xFE\xE9\0 \0"
+                                             "5\0 \0\xAC \n\0",
+                                             14)};
+    for (const std::string& bytes : forms)
+        EXPECT_EQ(Ask(Write("other.txt", bytes)).image, Ask(plain).image) << bytes;
+}
+
 TEST_F(Previews, OneProcessAnswersOneQuestionAfterTheOther) {
     PreviewProcess process(QStringLiteral(PRODUCT_TREE_PROGRAM));
     PreviewRequest request;
