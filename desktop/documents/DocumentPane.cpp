@@ -144,6 +144,10 @@ void DocumentPane::Restore(const State& state) {
         SetOpen(state.isOpen);
 }
 
+bool DocumentPane::IsBusy() const {
+    return m_preview->IsBusy();
+}
+
 void DocumentPane::SetOpen(bool isOpen) {
     if (!isOpen && m_isOpen && m_parts->isVisible())
         m_height = height();

@@ -61,6 +61,8 @@ public:
     void SetQuestions(Questions questions) { m_questions = std::move(questions); }
     State GetState() const;
     void Restore(const State& state);
+    /// A preview is being worked out.
+    bool IsBusy() const;
     /// Unfolds the box and folds it, and goes to the list and back.
     QAction* GetFoldAction() const { return m_fold; }
     QAction* GetGoAction() const { return m_go; }

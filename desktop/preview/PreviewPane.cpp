@@ -89,6 +89,10 @@ void PreviewPane::Clear() {
     ShowPages(0, 0);
 }
 
+bool PreviewPane::IsBusy() const {
+    return m_service->IsBusy();
+}
+
 QSize PreviewPane::FindPixels() const {
     return (QSizeF(m_view->size()) * devicePixelRatioF()).toSize();
 }

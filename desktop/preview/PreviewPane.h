@@ -29,6 +29,7 @@ public:
     void ShowFile(const QString& absolutePath, const StepPart& part = {});
     /// Shows nothing then.
     void Clear();
+    bool IsBusy() const;
 
 protected:
     bool event(QEvent* event) override;

@@ -3,6 +3,7 @@
 #include "desktop/tree/AttributeBoxes.h"
 #include "desktop/tree/GroupValues.h"
 
+#include <QBuffer>
 #include <QTextDocument>
 
 namespace desktop {
@@ -13,6 +14,21 @@ constexpr std::wstring_view c_mass = L"mass";
 
 QString ToQString(const SharedText& text) {
     return QString::fromStdWString(text.Str());
+}
+
+/// The text as it is without a picture, with the picture below it.
+QString ToTip(const QString& tip, const QImage& picture) {
+    QByteArray png;
+    QBuffer buffer(&png);
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG"))
+        return tip;
+    const QSize size = (QSizeF(picture.size()) / picture.devicePixelRatio()).toSize();
+    return QStringLiteral("<div style='white-space:pre'>%1</div><div><img width='%2' height='%3' "
+                          "src='data:image/png;base64,%4'></div>")
+        .arg(tip.toHtmlEscaped())
+        .arg(size.width())
+        .arg(size.height())
+        .arg(QString::fromLatin1(png.toBase64()));
 }
 
 /// As a tip that the toolkit doesn't take for markup.
@@ -43,6 +59,9 @@ QString MakeCellTip(const QModelIndex& index, const TreeItemModel::Questions& qu
     if (head.kind == platform::HeadKind::Name) {
         const auto& model = static_cast<const TreeItemModel&>(*index.model());
         AddLines(tip, AttributeBoxes::MakeRowTip(model.GetView(), row));
+        const QImage picture = questions.picture ? questions.picture(row) : QImage();
+        if (!picture.isNull())
+            return ToTip(tip, picture);
     }
     return ToTip(tip);
 }

@@ -80,6 +80,10 @@ public:
     /// has picked there; no value for nothing. Without it no menu offers that.
     using ListEditor = std::function<std::optional<int>(const IMenuItems&)>;
     void SetListEditor(ListEditor editor) { m_listEditor = std::move(editor); }
+    /// Those that are in sight, from top to bottom.
+    std::vector<const platform::TreeTableRow*> FindRowsInSight() const;
+    /// Something that the tip of a cell shows may be another by now.
+    void RenewTip();
     HighlightedRows& GetHighlighted() const { return *m_highlighted; }
 
     using QTreeView::edit;
@@ -126,6 +130,7 @@ protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     /// Tab moves along the row and on to the next one.
     bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     /// Left and Right fold, also where the tree is scrolled aside.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void commitData(QWidget* editor) override;
@@ -219,6 +224,10 @@ private:
     /// Where the user was before the rows were replaced.
     int m_currentColumn = 0;
     std::optional<int> m_scrollPlace;
+    /// Of the tip that was shown last: the cell that it was all about, else none.
+    QPersistentModelIndex m_tipCell;
+    QPoint m_tipPlace;
+    QString m_tip;
     bool m_wasCurrentInSight = false;
 };
 

@@ -10,6 +10,7 @@
 #include "platform/view/TreeTableView.h"
 
 #include <QAbstractItemModel>
+#include <QImage>
 
 #include <functional>
 #include <vector>
@@ -65,6 +66,9 @@ public:
             countNote;
         /// What is to be known of a mass that is shown there; empty for nothing.
         std::function<QString(const platform::TreeTableRow&)> massNote;
+        /// What the row stands for as it looks, in the colours of tips; null for none, or for one
+        /// that is still to come.
+        std::function<QImage(const platform::TreeTableRow&)> picture;
     };
     void SetQuestions(Questions questions) { m_questions = std::move(questions); }
     static bool CanOpen(const QModelIndex& index);

@@ -4,6 +4,7 @@
 #include "desktop/dialogs/DialogDecisions.h"
 #include "desktop/documents/DocumentPane.h"
 #include "desktop/editors/LocaleNumbers.h"
+#include "desktop/preview/PartPictures.h"
 #include "desktop/tree/HighlightedRows.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
@@ -107,6 +108,7 @@ MainWindow::MainWindow(std::unique_ptr<platform::IUserDecisions> decisions)
                          : QString();
     });
     MakeStatusBar();
+    MakePictures();
     connect(&m_watch, &FileWatch::Touched, this, &MainWindow::OnFileTouched);
     connect(&m_sourceWatch, &FileWatch::Touched, this,
             [this] { WhenIdle([this] { TakeSourceNews(); }); });
@@ -258,6 +260,7 @@ void MainWindow::MakeStatusBar() {
 
 void MainWindow::Show(std::unique_ptr<Session> session) {
     m_masses->Stop();
+    m_pictures->Stop();
     m_waiting.clear();
     m_menus->Close();
     KeepView();
@@ -282,7 +285,8 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
          [this](const platform::TreeTableRow& row, const std::wstring& columnId) {
              return m_session->FindCountNote(row, columnId);
          },
-         [this](const platform::TreeTableRow& row) { return MassNote(row); }});
+         [this](const platform::TreeTableRow& row) { return MassNote(row); },
+         [this](const platform::TreeTableRow& row) { return PictureOf(row); }});
     m_tree->ShowModel(m_model.get());
     ShowDocuments();
 

@@ -38,6 +38,7 @@ class EmbodimentBar;
 class LevelBar;
 class MassIndicator;
 class PanelTree;
+class PartPictures;
 class ProductActions;
 class ToolStrips;
 class TreeItemModel;
@@ -150,6 +151,11 @@ private:
     void OnHighlightChanged() override;
     void ShowHighlight();
     void OnMeasured(const step::Measures& measures);
+    /// A part of a STEP file, as soon as it is drawn.
+    QImage PictureOf(const platform::TreeTableRow& row);
+    void MakePictures();
+    /// Some window works something out that the user waits for.
+    static bool IsAnyBusy();
     /// What a sum of masses lacks; empty where it lacks nothing.
     QString MassNote(const platform::TreeTableRow& row) const;
     void OfferMissingMasses();
@@ -203,6 +209,7 @@ private:
     ContextMenus* m_menus = nullptr;
     LevelBar* m_levels = nullptr;
     MassIndicator* m_masses = nullptr;
+    PartPictures* m_pictures = nullptr;
     QLabel* m_caption = nullptr;
     QLabel* m_file = nullptr;
     QLabel* m_counts = nullptr;

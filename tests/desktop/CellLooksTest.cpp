@@ -6,8 +6,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QImage>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 
@@ -96,6 +98,34 @@ TEST_F(CellLooksTest, AllCellsShowOneLineWhateverTheirTextIs) {
         EXPECT_EQ(Tree().visualRect(At({0, row})).height(), height) << row;
     EXPECT_EQ(TextAt({0, Lines}, Column("Note")), "first line second line");
     EXPECT_EQ(TextAt({0, Long}, Column("Note")).size(), 10'000);
+}
+
+TEST_F(CellLooksTest, APictureJoinsTheTipOfANameThatIsOpen) {
+    QImage picture;
+    TreeItemModel::Questions questions;
+    questions.picture = [&](const platform::TreeTableRow&) { return picture; };
+    auto& model = *static_cast<TreeItemModel*>(Tree().model());
+    model.SetQuestions(questions);
+    const auto hover = [&](const QModelIndex& cell) {
+        const QPoint place = Tree().visualRect(cell).center();
+        QHelpEvent help(QEvent::ToolTip, place, Tree().viewport()->mapToGlobal(place));
+        QApplication::sendEvent(Tree().viewport(), &help);
+    };
+    const QModelIndex name = At({0, Plain});
+    hover(name);
+    const QString text = name.data().toString();
+    ASSERT_TRUE(QToolTip::text().startsWith(text));
+    picture = QImage(160, 90, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::red);
+    Tree().RenewTip();
+    EXPECT_TRUE(QToolTip::text().contains(text) && QToolTip::text().contains("width='160' height='90'"));
+    hover(Cell(Plain, "Note"));
+    const QString note = QToolTip::text();
+    EXPECT_FALSE(note.contains("<img"));
+    picture.fill(Qt::blue);
+    Tree().RenewTip();
+    EXPECT_EQ(QToolTip::text(), note);
+    QToolTip::hideText();
 }
 
 TEST_F(CellLooksTest, LiveAndDeadLinksAreToldApart) {

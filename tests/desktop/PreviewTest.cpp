@@ -1,4 +1,5 @@
 // Previews are worked out by the program itself, in a process of its own, from files of every kind.
+#include "desktop/preview/PartPictures.h"
 #include "desktop/preview/PreviewPane.h"
 #include "desktop/preview/PreviewProcess.h"
 #include "desktop/preview/PreviewService.h"
@@ -229,6 +230,30 @@ TEST_F(Previews, OfAFileThePartIsDrawnThatCameFromIt) {
     request.part = {};
     request.assembly = "nut";
     EXPECT_EQ(Ask(request).image, nut);
+}
+
+TEST_F(Previews, PicturesOfPartsComeOneByOneAsSoonAsNothingElseIsWorkedOut) {
+    const QString file = QFile::decodeName(FindAssembly("as1-oc-214.stp").c_str());
+    if (!QFile::exists(file))
+        GTEST_SKIP() << "no assembly";
+    const desktop::StepPart nut{L"nut", L"nut", "product744", {}};
+    const desktop::StepPart bolt{L"bolt", L"bolt", "product1903", {}};
+    const desktop::StepPart gone{L"gone", L"", "product1", {}};
+    desktop::PartPictures pictures;
+    QSignalSpy drawn(&pictures, &desktop::PartPictures::Drawn);
+    bool isHeldUp = true;
+    pictures.SetObstacle([&] { return isHeldUp; });
+    pictures.Want(file, {nut, gone, bolt});
+    QTest::qWait(500);
+    EXPECT_EQ(drawn.size(), 0);
+    isHeldUp = false;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return drawn.size() == 2; }, c_patience));
+    EXPECT_TRUE(IsDrawn(pictures.Find(file, nut)));
+    EXPECT_NE(pictures.Find(file, nut), pictures.Find(file, bolt));
+    EXPECT_TRUE(pictures.Find(file, gone).isNull());
+    pictures.Want(Path("missing"), {nut});
+    QTest::qWait(300);
+    EXPECT_EQ(drawn.size(), 2);
 }
 
 TEST_F(Previews, ARealPartIsDrawnInTheInkOnNothing) {
