@@ -156,15 +156,15 @@ void DocumentPane::SetOpen(bool isOpen) {
     m_foldButton->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
     m_strip->setVisible(isOpen);
     m_parts->setVisible(isOpen);
-    setMaximumHeight(isOpen ? QWIDGETSIZE_MAX : sizeHint().height());
-    auto* const around = qobject_cast<QSplitter*>(parentWidget());
-    if (isOpen && around) {
-        const int all = around->height();
-        const int own = m_height > 0 ? m_height : c_usualHeight;
-        around->setSizes({std::max(all - own, 0), own});
-    }
-    if (around)
+    const int barHeight = m_foldButton->parentWidget()->sizeHint().height();
+    setMaximumHeight(isOpen ? QWIDGETSIZE_MAX : barHeight);
+    if (auto* const around = qobject_cast<QSplitter*>(parentWidget())) {
+        const int openHeight = m_height > 0 ? m_height : c_usualHeight;
+        // Folded as well: the splitter gives the tree no more room by itself.
+        const int own = isOpen ? openHeight : barHeight;
+        around->setSizes({std::max(around->height() - own, 0), own});
         around->handle(around->indexOf(this))->setEnabled(isOpen);
+    }
     if (m_box)
         m_box->SetVisibleByUser(isOpen);
     Update();
