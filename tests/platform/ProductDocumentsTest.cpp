@@ -180,7 +180,9 @@ TEST_F(DocumentsOfAProduct, BelongToTheObjectAndGoAndComeWithIt) {
     EXPECT_EQ(List("a#1"), List("a"));
     EXPECT_EQ(List("billet"), "");
     EXPECT_EQ(List(""), "");
-    EXPECT_EQ(product->AddDocumentFiles(Key("root"), {"/plant/all.pdf", "/plant/"}), 1U);
+    EXPECT_EQ(product->AddDocumentFiles(Key("root"), {"/plant/all.pdf", "/plant/", "/a\nb/", "/\xE9/"}), 1U);
+    EXPECT_EQ(decisions.GetMessages().at(0).Str(), L"These were not added:\nplant: it is no file\n"
+                                                   L"a b: it is no file\n\u00E9: its path can't be kept");
     EXPECT_EQ(List("root"), "all.pdf,,,");
     const auto look = product->MakeLook();
     EXPECT_EQ(look->GetPartDocuments(Key("root")).size(), 1U);

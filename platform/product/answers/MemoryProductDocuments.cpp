@@ -9,6 +9,8 @@
 #include "platform/values/Utf8.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace platform {
@@ -27,6 +29,19 @@ std::wstring ListLines(const std::vector<std::wstring>& lines) {
         text += L'\n' +
                 GetText(ProductText::DocumentsMore, {std::to_wstring(lines.size() - shown)}).Str();
     return text;
+}
+
+/// On one line, and in some way also where it can't be read.
+std::wstring NameOnLine(const std::string& path) {
+    const std::string_view whole = std::string_view(path).substr(0, path.find_last_not_of('/') + 1);
+    const std::string_view bytes = whole.substr(whole.rfind('/') + 1);
+    std::wstring name = FromUtf8(bytes).value_or(std::wstring());
+    if (name.empty())
+        std::ranges::transform(bytes, std::back_inserter(name),
+                               [](unsigned char c) { return static_cast<wchar_t>(c); });
+    std::ranges::replace_if(
+        name, [](wchar_t c) { return c < 0x20 || c == 0x7F; }, L' ');
+    return name.empty() ? L"/" : name;
 }
 
 DocumentTexts TextsOf(const DocumentRecord& document) {
@@ -127,9 +142,8 @@ MemoryProduct::State::MakeDocuments(const UniqueMetaObjectKey& key,
     for (const std::filesystem::path& path : paths) {
         const std::string file = path.lexically_normal().native();
         if (const std::optional<ProductText> reason = find(file)) {
-            const std::wstring name =
-                path.filename().empty() ? path.wstring() : FileNameOf(file).Str();
-            refused.push_back(GetText(ProductText::DocumentLine, {name, GetText(*reason)}).Str());
+            refused.push_back(
+                GetText(ProductText::DocumentLine, {NameOnLine(file), GetText(*reason)}).Str());
             continue;
         }
         DocumentRecord& document = documents.emplace_back(GuessDocument(file));
