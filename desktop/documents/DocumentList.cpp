@@ -88,8 +88,16 @@ int DocumentList::CountSelected() const {
 }
 
 std::wstring DocumentList::GetSelectedFile() const {
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.size() == 1 ? m_model->FileAt(rows.front().row()) : std::wstring();
+    const std::vector<int> rows = GetSelectedRows();
+    return rows.size() == 1 ? m_model->FileAt(rows.front()) : std::wstring();
+}
+
+std::vector<int> DocumentList::GetSelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& row : selectionModel()->selectedRows())
+        rows.push_back(row.row());
+    std::ranges::sort(rows);
+    return rows;
 }
 
 QPoint DocumentList::MenuPlace() const {

@@ -4,6 +4,9 @@
 
 #include <QTableView>
 
+#include <string>
+#include <vector>
+
 namespace platform {
 class DocumentTable;
 }
@@ -29,6 +32,8 @@ public:
     int CountSelected() const;
     /// The file of the only selected row; empty for none or several.
     std::wstring GetSelectedFile() const;
+    /// From top to bottom.
+    std::vector<int> GetSelectedRows() const;
     /// Where a menu of the selected rows stands when a key has asked for it, on the screen.
     QPoint MenuPlace() const;
 

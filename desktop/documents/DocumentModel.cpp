@@ -63,8 +63,12 @@ void DocumentModel::Update() {
 }
 
 std::wstring DocumentModel::FileAt(int row) const {
-    const auto head = std::ranges::find_if(
-        m_heads, [](const auto& each) { return each.column.key == c_fileColumn; });
+    return TextOf(row, c_fileColumn);
+}
+
+std::wstring DocumentModel::TextOf(int row, const std::wstring& column) const {
+    const auto head =
+        std::ranges::find_if(m_heads, [&](const auto& each) { return each.column.key == column; });
     if (row < 0 || row >= rowCount() || head == m_heads.end())
         return {};
     const auto* const text = std::get_if<SharedText>(

@@ -25,6 +25,8 @@ public:
     const std::vector<platform::DocumentTable::Head>& GetHeads() const { return m_heads; }
     /// What tells the document of the row apart; empty for no row.
     std::wstring FileAt(int row) const;
+    /// What stands in the column of that key; empty where there is no text.
+    std::wstring TextOf(int row, const std::wstring& column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -123,7 +123,6 @@ void DocumentPane::FillStrip() {
             continue;
         }
         auto* const action = new QAction(m_icons.Get(command), TextOfCommand(command), m_strip);
-        action->setToolTip(TipOfCommand(command));
         action->setCheckable(std::ranges::count(c_boxes, command) > 0);
         connect(action, &QAction::triggered, this, [this, command] { Run(command); });
         m_strip->addAction(action);
@@ -208,6 +207,8 @@ void DocumentPane::ShowCommands() {
     for (auto action = m_actions.begin(); action != m_actions.end(); ++action) {
         const bool canRun = CanRun(action.key());
         (*action)->setEnabled(canRun);
+        const QString tip = TipOfCommand(action.key());
+        (*action)->setToolTip(canRun ? tip : tip + QLatin1Char('\n') + WhyNot(action.key()));
         // What a box has said of another document is no news of this one.
         (*action)->setChecked(canRun && table.IsCommandChecked(action.key()));
     }

@@ -71,7 +71,7 @@ signals:
     /// A command that may change the product is to be run now.
     void Wanted(unsigned command, const std::function<void()>& run);
     void EditWanted(const std::wstring& file);
-    /// Files are to be added, by their paths.
+    /// Files are to be added, by their paths: they were dropped or pasted.
     void FilesDropped(const QStringList& paths);
     /// Nothing was done, for that reason.
     void Told(const QString& reason);
@@ -104,8 +104,12 @@ private:
     /// Runs the command or says why not.
     void Run(unsigned command);
     void EditSelected();
+    void CopySelected();
+    void Paste();
     void ShowMenu(QPoint place);
+    /// 0 is to edit the document.
     QString WhyNot(unsigned command) const;
+    QString WhyNotFor(unsigned command, int row) const;
     QString WhyEmpty() const;
 
     /// Held: a session may go before the pane is told of another one.

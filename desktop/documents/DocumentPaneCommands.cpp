@@ -1,14 +1,18 @@
 // What the user does with documents: by buttons, keys and the menu, and with files that he drops.
 #include "desktop/documents/DocumentList.h"
+#include "desktop/documents/DocumentModel.h"
 #include "desktop/documents/DocumentPane.h"
 #include "desktop/icons/CommandLook.h"
 #include "desktop/icons/MenuLetters.h"
 #include "platform/view/TreeTableView.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -22,12 +26,17 @@ namespace {
 
 constexpr unsigned c_open = 7749;
 constexpr unsigned c_useFormat = 7750;
+constexpr unsigned c_isSource = 7751;
 constexpr unsigned c_add = 7783;
 constexpr unsigned c_preview = 7784;
 constexpr unsigned c_remove = 7785;
+/// No command of the list.
+constexpr unsigned c_edit = 0;
 
 constexpr unsigned c_commandsWithKeys[] = {c_open, c_add, c_preview, c_remove};
 const QKeySequence c_editKey(Qt::Key_F2);
+const QKeySequence c_copyKey(Qt::CTRL | Qt::Key_C);
+const QKeySequence c_pasteKey(Qt::CTRL | Qt::Key_V);
 
 /// Keys of the window that are about rows of the tree, and have no meaning here.
 constexpr QKeyCombination c_keysOfRows[] = {Qt::Key_Backspace, Qt::SHIFT | Qt::Key_F2,
@@ -57,7 +66,8 @@ QStringList FilesIn(const QMimeData& data) {
 
 bool DocumentPane::IsKnownKey(const QKeyEvent& event) const {
     const QKeySequence key = KeyOf(event);
-    return key == c_editKey || key == QKeySequence(Qt::Key_Escape) || IsMenuKey(key) ||
+    return key == c_editKey || key == c_copyKey || key == c_pasteKey ||
+           key == QKeySequence(Qt::Key_Escape) || IsMenuKey(key) ||
            std::ranges::count(c_keysOfRows, key) > 0 ||
            std::ranges::any_of(c_commandsWithKeys,
                                [&](unsigned command) { return KeyOfCommand(command) == key; });
@@ -73,6 +83,10 @@ bool DocumentPane::RunKey(const QKeyEvent& event) {
     }
     if (key == c_editKey)
         EditSelected();
+    else if (key == c_copyKey)
+        CopySelected();
+    else if (key == c_pasteKey)
+        Paste();
     else if (key == QKeySequence(Qt::Key_Escape))
         emit Left();
     else if (IsMenuKey(key))
@@ -131,7 +145,37 @@ void DocumentPane::EditSelected() {
     if (!file.empty() && m_questions.canEdit && m_questions.canEdit(file))
         emit EditWanted(file);
     else
-        emit Told(tr("Edit document: %1").arg(WhyNot(c_useFormat)));
+        emit Told(tr("Edit document: %1").arg(WhyNot(c_edit)));
+}
+
+// As a file manager takes and gives files.
+void DocumentPane::CopySelected() {
+    QList<QUrl> urls;
+    for (const int row : m_list->GetSelectedRows()) {
+        const std::wstring file = m_list->GetModel().FileAt(row);
+        if (const QString path = m_questions.findPath ? m_questions.findPath(file) : QString();
+            !path.isEmpty())
+            urls += QUrl::fromLocalFile(path);
+    }
+    if (urls.isEmpty()) {
+        emit Told(tr("Copy: no document is selected"));
+        return;
+    }
+    auto* const copied = new QMimeData;
+    copied->setUrls(urls);
+    QApplication::clipboard()->setMimeData(copied);
+    emit Told(urls.size() == 1 ? tr("1 file copied") : tr("%1 files copied").arg(urls.size()));
+}
+
+void DocumentPane::Paste() {
+    const QMimeData* const copied = QApplication::clipboard()->mimeData();
+    const QStringList files = copied ? FilesIn(*copied) : QStringList();
+    if (!CanRun(c_add))
+        emit Told(TextOfCommand(c_add) + QStringLiteral(": ") + WhyNot(c_add));
+    else if (files.isEmpty())
+        emit Told(TextOfCommand(c_add) + QStringLiteral(": ") + tr("no file has been copied"));
+    else
+        emit FilesDropped(files);
 }
 
 void DocumentPane::ShowMenu(QPoint place) {
@@ -179,19 +223,45 @@ QString DocumentPane::WhyNot(unsigned command) const {
         return tr("the product is read-only");
     if (m_view->GetSelectedRows().size() != 1)
         return tr("one row is to be selected in the tree");
+    if (command == c_add)
+        return tr("this row can't have documents");
     const int selected = m_list->CountSelected();
-    if (command != c_add && selected == 0)
+    if (selected == 0)
         return tr("no document is selected");
-    const bool isOfOne = command != c_add && command != c_open && command != c_remove;
-    return isOfOne && selected > 1 ? tr("not possible for several documents at once")
-                                   : tr("not possible here");
+    const bool isOfOne = command != c_open && command != c_remove;
+    if (isOfOne && selected > 1)
+        return tr("not possible for several documents at once");
+    for (const int row : m_list->GetSelectedRows()) {
+        if (const QString reason = WhyNotFor(command, row); !reason.isEmpty())
+            return reason;
+    }
+    return tr("not possible here");
+}
+
+QString DocumentPane::WhyNotFor(unsigned command, int row) const {
+    const DocumentModel& model = m_list->GetModel();
+    const std::wstring file = model.FileAt(row);
+    if (command == c_open || command == c_preview) {
+        const QString path = m_questions.findPath ? m_questions.findPath(file) : QString();
+        return QFileInfo::exists(path) ? QString() : tr("the file is not there any more");
+    }
+    // In a product that can be edited all others can, too.
+    if (m_questions.canEdit && !m_questions.canEdit(file))
+        return tr("the part was made from this file");
+    if (command == c_useFormat && model.TextOf(row, L"format").empty())
+        return tr("the document has no sheet format");
+    if (command == c_useFormat || command == c_isSource)
+        return tr("the part can't take it over");
+    return {};
 }
 
 QString DocumentPane::WhyEmpty() const {
     if (m_view->GetSelectedRows().size() != 1)
         return tr("Select one row to see its documents");
-    return CanRun(c_add) ? tr("No documents. Press Insert or drop files here to add some.")
-                         : tr("No documents");
+    if (CanRun(c_add))
+        return tr("No documents. Press Insert or drop files here to add some.");
+    return m_box->GetDocuments().IsEnabled() ? tr("This row can't have documents")
+                                             : tr("No documents");
 }
 
 void DocumentPane::dragEnterEvent(QDragEnterEvent* event) {

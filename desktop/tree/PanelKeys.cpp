@@ -38,6 +38,8 @@ const KeyRow c_documentKeys[] = {
     {{Qt::Key_F2},                               "Edit designation, name, format and comment of the document"},
     {{Qt::Key_Insert},                           "Add documents to the part"},
     {{Qt::Key_Delete},                           "Take the selected documents off the part; the files stay"},
+    {{Qt::CTRL | Qt::Key_C},                     "Copy the files of the selected documents"},
+    {{Qt::CTRL | Qt::Key_V},                     "Add the files that were copied elsewhere"},
     {{Qt::Key_Space},                            "Show and hide the preview"},
     {{Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10},    "Menu of the selected documents"},
     {{Qt::Key_Escape},                           "Go back to the tree"},

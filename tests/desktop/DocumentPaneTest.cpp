@@ -8,6 +8,7 @@
 #include "tests/support/TestFolder.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -236,6 +237,27 @@ TEST_F(DocumentPaneTest, DroppedFilesAreAddedWhereTheyCanBe) {
     Press(Qt::Key_F6);
     Press(Qt::Key_Insert);
     EXPECT_EQ(Message(), "Add documents: the product is read-only");
+}
+
+TEST_F(DocumentPaneTest, FilesAreCopiedFromPartToPart) {
+    QApplication::clipboard()->clear();
+    Press(Qt::Key_F6);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Message(), "Add documents: no file has been copied");
+    List().selectAll();
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(Message(), "3 files copied");
+    Click(At({1}));
+    List().setFocus();
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Listed(), " >d.txt a.txt b.txt c.txt");
+    std::filesystem::remove(m_folder / "d.txt");
+    Click(At({0}));
+    Click(At({1}));
+    List().setFocus();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Message(), "Open document: the file is not there any more");
+    EXPECT_TRUE(m_decisions->GetMessages().empty());
 }
 
 TEST_F(DocumentPaneTest, ManyRowsThatAreGoneThroughQuicklyAreShownOnce) {
