@@ -129,7 +129,8 @@ TEST_F(SessionTest, AnImportedPartIsNamedAsItsFileKnowsIt) {
     const auto import = [&](const char* key, const wchar_t* id, const wchar_t* name) {
         auto& object = document.model.objects[key == std::string("pin") ? 1 : 0];
         object.source = platform::SourceProduct{SharedText(id), SharedText(name), {}, {}};
-        object.documents = {{.file = (m_folder / "note.step").string()}};
+        object.documents.resize(1);
+        object.documents[0].file = (m_folder / "note.step").string();
     };
     document.model.source = platform::SourceFile{step, {}, "GBK", {}};
     import("case", L"C-1", L"case");
