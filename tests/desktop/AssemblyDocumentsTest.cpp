@@ -7,6 +7,7 @@
 #include "desktop/preview/PreviewProcess.h"
 #include "desktop/preview/PreviewService.h"
 #include "tests/desktop/WindowFixture.h"
+#include "tests/support/ProductBuilder.h"
 #include "tests/support/TestFolder.h"
 
 #include <QApplication>
@@ -207,17 +208,27 @@ TEST_F(AssemblyDocumentsTest, AreAttachedSeenTakenOverSavedAndFoundInAFolderThat
 }
 
 TEST_F(AssemblyDocumentsTest, ManyPartsThatAreGoneThroughQuicklyLeaveOnePreview) {
-    Open(m_step);
-    Press(Qt::Key_D, Qt::ControlModifier);
-    Select(c_part);
-    Tree().setFocus();
-    for (int i = 0; i < 20; ++i) {
-        QTest::keyClick(&Tree(), i < 19 ? Qt::Key_Down : Qt::Key_Up);
-        ProcessAll();
-        EXPECT_LE(m_window->findChildren<desktop::PreviewProcess*>().size(), 1);
+    support::Product product;
+    product.Root(L"Unit").NoSectionRows();
+    for (int part = 10; part < 30; ++part) {
+        const std::string name = "p" + std::to_string(part);
+        product.Object(name, L"Part " + std::to_wstring(part))
+            .Document(Write(name + ".txt", "text").string(), L"", L"", L"")
+            .Uses();
     }
-    EXPECT_EQ(WaitForPreview(m_step.filename().string()), "");
-    EXPECT_TRUE(m_window->findChildren<desktop::PreviewProcess*>().isEmpty());
+    Show(product, nullptr, m_folder / "unit.json");
+    Tree().expandAll();
+    Press(Qt::Key_D, Qt::ControlModifier);
+    Select("Part 10");
+    Tree().setFocus();
+    const auto count = [&] { return m_window->findChildren<desktop::PreviewProcess*>().size(); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count() == 1; }, c_patience)) << "it is abandoned on its way";
+    for (int part = 11; part < 30; ++part) {
+        QTest::keyClick(&Tree(), Qt::Key_Down);
+        ProcessAll();
+    }
+    EXPECT_EQ(WaitForPreview("p29.txt"), "");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count() == 0; }, c_patience));
 }
 
 } // namespace
