@@ -1,0 +1,28 @@
+// A panel that reads only what has changed is the one that reads everything, whatever has happened.
+// The environment variable PRODUCT_TREE_SEEDS says how many runs are tried.
+#include "tests/support/PanelSteps.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace {
+
+using support::PanelRun;
+
+unsigned SeedCount() {
+    const char* const count = std::getenv("PRODUCT_TREE_SEEDS");
+    return count ? static_cast<unsigned>(std::strtoul(count, nullptr, 10)) : 40;
+}
+
+TEST(Differential, ThePanelAfterEachStepIsAFreshPanel) {
+    const auto fails = [](const PanelRun& run) { return FindDifference(run).has_value(); };
+    for (unsigned seed = 1; seed <= SeedCount(); ++seed) {
+        const PanelRun run = support::MakePanelRun(seed, 40);
+        if (!fails(run))
+            continue;
+        const PanelRun shrunk = Shrink(run, fails);
+        FAIL() << FindDifference(shrunk).value_or("") << "\n" << ToText(shrunk);
+    }
+}
+
+} // namespace
