@@ -129,7 +129,9 @@ void DumpControls(const TreeTableView& view, PanelDump& dump) {
     line.Add("allowed", controls.areAllowed).Add("enabled", controls.isEnabled).Add("on", controls.isOn);
     for (const auto& [text, checked] : controls.lines)
         line.Add("line", text + (checked ? *checked ? L"+" : L"-" : L"?"));
-    dump.rest.push_back(line.Add("filter", controls.filterText).Text());
+    // What is typed there stays in a read-only document, whether it is taken or not.
+    const bool isOwn = view.GetPanel().isReadOnly;
+    (isOwn ? dump.own : dump.rest).push_back(line.Add("filter", controls.filterText).Text());
     const platform::PanelState& panel = view.GetPanel();
     line =
         Line("panel").Add("visible", panel.isVisible).Add("fixed", panel.isReadOnly).Add("heads", panel.areHeadsShown);

@@ -6,6 +6,7 @@
 #include "host/frame/PopupMenus.h"
 #include "platform/product/answers/MemoryProduct.h"
 #include "platform/services/UserDecisions.h"
+#include "platform/services/UserPopupMenus.h"
 #include "platform/view/HostFrame.h"
 #include "tests/support/PanelDump.h"
 #include "tests/support/RandomProduct.h"
@@ -125,6 +126,14 @@ class FullWalkProduct final : public MemoryProduct {
 public:
     using MemoryProduct::MemoryProduct;
     ChangedObjects GetChangedObjects(std::uint64_t) const override { return {}; }
+};
+
+/// The library keeps its menus of texts as long as it is loaded, and has none where these are missing.
+class TwoNames final : public platform::IUserLists {
+public:
+    platform::UserListReading Read(TeeTypPopupIns) override { return {{L"Li", L"Wu"}, false, {}}; }
+    SharedText Write(TeeTypPopupIns, const std::vector<SharedText>&) override { return {}; }
+    void NoteUnreadable(const SharedText&) override {}
 };
 
 /// Without one nothing can be highlighted.
@@ -543,7 +552,7 @@ void World::ChangeModel(const PanelStep& step) {
             object.readOnlyProperties = {1 + step.c % 11};
             break;
         case 8:
-            object.volume = 0.001 * (step.c % 3);
+            object.volume = 0.001 * (1 + step.c % 3);
             break;
         case 9:
             object.isExcludedFromCount = !object.isExcludedFromCount;
@@ -623,6 +632,7 @@ std::string CompareWithFresh(const World& world, bool isSecond) {
     const platform::HostFrame frame(product);
     TreeTableView& fresh = frame.GetView();
     frame.GetDocumentBox()->SetVisibleByUser(true);
+    platform::DocumentTable& documents = frame.GetDocumentBox()->GetDocuments();
     fresh.SetEmbodimentsAllowed(view.GetEmbodiments().areAllowed);
     // Commands and documents are those of the selected rows.
     const std::vector<TreeTableRow*> rows = ListRows(view);
@@ -633,6 +643,7 @@ std::string CompareWithFresh(const World& world, bool isSecond) {
             selected.push_back(freshRows[i]);
     }
     fresh.SelectByUser(selected, nullptr);
+    documents.SelectByUser(world.GetFrame(isSecond).GetDocumentBox()->GetDocuments().GetSelection());
     const PanelDump shown = DumpPanel(world.GetFrame(isSecond));
     const PanelDump made = DumpPanel(frame);
     const std::string fault = Compare("other rows than a fresh panel", shown.rows, made.rows);
@@ -657,7 +668,7 @@ class Stage {
 public:
     explicit Stage(ProductModel model)
         : m_world(std::make_shared<MemoryProduct>(model), m_decisions, m_menus),
-          m_twin(std::make_shared<FullWalkProduct>(model), m_decisions, m_menus), m_slot(m_decisions) {
+          m_twin(std::make_shared<FullWalkProduct>(model), m_decisions, m_menus) {
         for (const bool isSecond : {false, true})
             m_before[isSecond] = TakeDump(isSecond);
     }
@@ -697,11 +708,13 @@ private:
         return fault == std::end(faults) ? std::string() : *fault;
     }
 
+    TwoNames m_names;
+    platform::UserListsSlot m_nameSlot{m_names};
     NumberedDecisions m_decisions;
+    platform::UserDecisionsSlot m_decisionSlot{m_decisions};
     Menus m_menus;
     World m_world;
     World m_twin;
-    platform::UserDecisionsSlot m_slot;
     PanelDump m_before[2];
 };
 

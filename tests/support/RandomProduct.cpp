@@ -17,6 +17,7 @@ using platform::PartRecord;
 using platform::ProductModel;
 
 constexpr unsigned long c_mass = 10;
+constexpr unsigned long c_material = 8;
 constexpr unsigned long c_power = 1001;
 constexpr unsigned long c_isPurchased = 1002;
 constexpr unsigned long c_finish = 1003;
@@ -46,15 +47,12 @@ private:
     std::mt19937 m_random;
 };
 
+constexpr const wchar_t* c_texts[] = {L"", L"a", L"b", L"See note"};
+
 /// What objects have, and uses in place of it.
 void FillValues(Dice& dice, platform::PropertyValues& values, unsigned times) {
-    constexpr const wchar_t* texts[] = {L"", L"a", L"b", L"See note"};
-    dice.Maybe(times, values, L"note", SharedText(dice.OneOf(texts)));
-    dice.Maybe(times, values, L"comment", SharedText(dice.OneOf(texts)));
-    dice.Maybe(times * 2, values, L"material", SharedText(dice.OneOf(texts)));
-    dice.Maybe(times * 2, values, L"material.density", 1000.0 + dice.Below(3));
-    dice.Maybe(times, values, L"mass", 0.5 * dice.Below(4));
-    dice.Maybe(times, values, L"position", static_cast<int>(dice.Below(9) + 1));
+    dice.Maybe(times, values, L"note", SharedText(dice.OneOf(c_texts)));
+    dice.Maybe(times, values, L"comment", SharedText(dice.OneOf(c_texts)));
     dice.Maybe(times, values, L"specRoughSign", static_cast<int>(dice.Below(3)));
     dice.Maybe(times, values, L"specRoughValue", SharedText(L"Ra 3"));
     dice.Maybe(times, values, L"notSected", static_cast<int>(dice.Below(2)));
@@ -62,6 +60,14 @@ void FillValues(Dice& dice, platform::PropertyValues& values, unsigned times) {
     dice.Maybe(times, values, L"user.1002", dice.OneIn(2));
     dice.Maybe(times, values, L"user.1003", SharedText(dice.OneOf({L"Blank", L"Painted"})));
     dice.Maybe(times, values, L"user.1004", static_cast<int>(dice.Below(4)));
+}
+
+/// What only objects have.
+void FillObjectValues(Dice& dice, platform::PropertyValues& values) {
+    dice.Maybe(4, values, L"material", SharedText(dice.OneOf(c_texts)));
+    dice.Maybe(4, values, L"material.density", 1000.0 + dice.Below(3));
+    dice.Maybe(2, values, L"mass", 0.5 * dice.Below(4));
+    dice.Maybe(2, values, L"position", static_cast<int>(dice.Below(9) + 1));
 }
 
 void FillPart(Dice& dice, PartRecord& part) {
@@ -76,12 +82,12 @@ void FillPart(Dice& dice, PartRecord& part) {
 }
 
 /// Links lead to objects before, so that none comes back.
-void FillLinks(Dice& dice, PartRecord& part, unsigned number) {
-    constexpr const wchar_t* paths[] = {L"note",      L"comment",   L"mass", L"material",
-                                        L"user.1001", L"user.1004", L"count"};
+void FillLinks(Dice& dice, PartRecord& part, unsigned number, bool isUse) {
+    constexpr const wchar_t* paths[] = {L"note", L"comment", L"user.1001", L"user.1004", L"mass", L"material"};
     for (const wchar_t* const path : paths) {
         const unsigned long property = ProductProperties::GetPropId(path);
-        if (number > 0 && dice.OneIn(12))
+        const bool isObjects = property == c_mass || property == c_material;
+        if (number > 0 && dice.OneIn(12) && !(isUse && isObjects))
             part.links.push_back({property, KeyOf("o", dice.Below(number)), property});
     }
 }
@@ -108,7 +114,7 @@ void FillUses(Dice& dice, const ProductModel& model, ObjectRecord& object, unsig
         if (dice.OneIn(3))
             FillValues(dice, use.properties, 6);
         if (dice.OneIn(4))
-            FillLinks(dice, use, number);
+            FillLinks(dice, use, number, true);
         if (dice.OneIn(4))
             FillCounts(dice, model, use);
         use.isShown = !dice.OneIn(12);
@@ -134,14 +140,15 @@ ObjectRecord MakeObject(const ProductModel& model, unsigned seed, unsigned numbe
     if (dice.OneIn(9))
         object.lockedMarkingParts = {1, 7};
     FillValues(dice, object.properties, 2);
-    FillLinks(dice, object, number);
+    FillObjectValues(dice, object.properties);
+    FillLinks(dice, object, number, false);
     FillCounts(dice, model, object);
     FillUses(dice, model, object, number);
     if (dice.OneIn(4))
         object.readOnlyProperties = {
             ProductProperties::GetPropId(dice.OneOf({L"note", L"mass", L"position", L"name"}))};
     if (dice.OneIn(4))
-        object.volume = 0.001 * dice.Below(3);
+        object.volume = 0.001 * (1 + dice.Below(3));
     object.keepsOwnPosition = dice.OneIn(9);
     object.isNameLinkedToSection = dice.OneIn(12);
     object.iconType = static_cast<int>(dice.Below(27));
@@ -203,6 +210,7 @@ void MakeStyle(Dice& dice, ProductModel& model) {
 /// The first object becomes an assembly of the second and of one that stands nowhere else.
 void MakeAssemblies(ProductModel& model) {
     model.assemblies.resize(2);
+    model.level.assembly = model.root.key;
     model.assemblies[0].object = model.root.key;
     model.assemblies[1].object = model.objects[0].key;
     ObjectRecord& tube = model.objectsBelow.emplace_back();
@@ -253,7 +261,7 @@ ProductModel MakeRandomProduct(unsigned seed, unsigned objectCount) {
         model.source = platform::SourceFile{"/plant/gearbox.stp", {1, 1}, {}, {}};
     for (unsigned i = 0; i < objectCount; ++i)
         model.objects.push_back(MakeObject(model, seed, i));
-    if (objectCount > 1 && seed % 4 == 0)
+    if (objectCount > 1 && model.embodiments.empty() && dice.OneIn(2))
         MakeAssemblies(model);
     return model;
 }
