@@ -156,7 +156,9 @@ public:
     void Run(const PanelStep& step);
     /// The panel knows all that has happened to the product.
     bool IsUpToDate(bool isSecond) const {
-        return !Get(isSecond).owesWord && Get(isSecond).frame.GetView().IsVisible();
+        // Of two looks at different levels one is turned to the other's while it is asked.
+        return !Get(isSecond).owesWord && Get(isSecond).frame.GetView().IsVisible() &&
+               m_first.product->GetLevel() == m_second.product->GetLevel();
     }
     const platform::HostFrame& GetFrame(bool isSecond) const { return Get(isSecond).frame; }
     MemoryProduct& GetProduct(bool isSecond) const { return *Get(isSecond).product; }
