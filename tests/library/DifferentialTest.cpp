@@ -13,7 +13,7 @@ using support::PanelRun;
 
 unsigned SeedCount() {
     const char* const count = std::getenv("PRODUCT_TREE_SEEDS");
-    return count ? static_cast<unsigned>(std::strtoul(count, nullptr, 10)) : 40;
+    return count ? static_cast<unsigned>(std::strtoul(count, nullptr, 10)) : 20;
 }
 
 TEST(Differential, RandomProductsAreValid) {

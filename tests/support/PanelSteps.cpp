@@ -69,6 +69,8 @@ public:
         return platform::SectionDecision{number % request.sections.size(), number % 5 == 0};
     }
     std::optional<platform::RoughnessDecision> ChooseRoughness(const platform::RoughnessRequest& request) override {
+        if (!request.refusal.IsEmpty())
+            return std::nullopt;
         return platform::RoughnessDecision{number % (request.signs.size() + 1), Pick(c_texts, number)};
     }
     std::optional<platform::MaterialDecision> ChooseMaterial(const platform::MaterialRequest&) override {
@@ -156,9 +158,7 @@ public:
     void Run(const PanelStep& step);
     /// The panel knows all that has happened to the product.
     bool IsUpToDate(bool isSecond) const {
-        // Of two looks at different levels one is turned to the other's while it is asked.
-        return !Get(isSecond).owesWord && Get(isSecond).frame.GetView().IsVisible() &&
-               m_first.product->GetLevel() == m_second.product->GetLevel();
+        return !Get(isSecond).owesWord && Get(isSecond).frame.GetView().IsVisible();
     }
     const platform::HostFrame& GetFrame(bool isSecond) const { return Get(isSecond).frame; }
     MemoryProduct& GetProduct(bool isSecond) const { return *Get(isSecond).product; }
@@ -586,6 +586,7 @@ void World::EnterLevel(const PanelStep& step) {
     const ProductModel& model = Data().GetModel();
     if (!model.assemblies.empty())
         Data().EnterLevel({Pick(model.assemblies, step.a).object, step.b % 3 == 0});
+    m_active->frame.GetTree().Synchronize();
 }
 
 void World::Undo(const PanelStep&) { Data().Undo(); }
@@ -681,8 +682,12 @@ public:
         m_twin.Run(step);
         if (!(m_world.GetProduct(false).GetModel() == m_twin.GetProduct(false).GetModel()))
             return "the products differ";
-        std::string fault = Check(false);
-        return fault.empty() ? Check(true) : "in the second panel " + fault;
+        for (const bool isSecond : {false, true}) {
+            const std::string fault = Check(isSecond);
+            if (!fault.empty())
+                return (isSecond ? "in the second panel " : "") + fault;
+        }
+        return {};
     }
 
 private:
