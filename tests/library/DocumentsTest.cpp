@@ -38,6 +38,7 @@ public:
     Documents() {
         data->Product().SetDecisions(&decisions);
         data->Product().SetDocumentFiles(&files);
+        data->canPreview = [](const PartDocument& document) { return document.file.ends_with(L".pdf"); };
         frame = std::make_unique<platform::HostFrame>(data);
     }
 

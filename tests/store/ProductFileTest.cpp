@@ -224,19 +224,26 @@ TEST(ProductFile, MayBeginWithAByteOrderMark) {
 }
 
 TEST(Sample, IsSoundAndInTheFormThatTheProgramWrites) {
+    const std::filesystem::path folder = support::GetTestFolder();
+    std::filesystem::copy(PRODUCT_TREE_SAMPLES, folder, std::filesystem::copy_options::recursive);
+    const auto load = [](const std::filesystem::path& path) {
+        std::ifstream file(path, std::ios::binary);
+        return std::string{std::istreambuf_iterator<char>(file), {}};
+    };
     std::size_t count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(PRODUCT_TREE_SAMPLES)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() != ".json")
             continue;
-        std::ifstream file(entry.path(), std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        const std::string text = load(entry.path());
         const ReadResult result = ReadProductFile(entry.path());
         const ProductModel* const model = std::get_if<ProductModel>(&result);
         ASSERT_TRUE(model) << entry.path() << ": " << std::get<FileError>(result).reason;
-        EXPECT_EQ(FormatProduct(*model), text) << entry.path();
+        EXPECT_FALSE(WriteProductFile(entry.path(), *model));
+        EXPECT_EQ(load(entry.path()), text) << entry.path();
         ++count;
     }
     EXPECT_GT(count, 0U);
+    std::filesystem::remove_all(folder);
 }
 
 } // namespace

@@ -44,6 +44,8 @@ public:
     /// Answer the two dialogs in place of the product, where they are given.
     std::function<bool(const std::vector<Key>& keys, MipSource source)> chooseMaterial;
     std::function<bool(const Key& key, Changes& changes)> chooseRoughness;
+    /// Null: as the product has it.
+    std::function<bool(const PartDocument& document)> canPreview;
 
     // clang-format off
     std::uint64_t GetChangeStamp() const override { return Note("GetChangeStamp"), m_product.GetChangeStamp(); }
@@ -178,7 +180,7 @@ public:
     Changes RemoveDocument(const Key& key, const PartDocument& document) override { return Note("RemoveDocument"), m_product.RemoveDocument(key, document); }
     bool CanOpenDocument(const Key& key, const PartDocument& document) const override { return Note("CanOpenDocument"), m_product.CanOpenDocument(key, document); }
     void OpenDocument(const PartDocument& document, const VariantMarking& marking, const MbPath& path) override { Note("OpenDocument"), m_product.OpenDocument(document, marking, path); }
-    bool CanPreviewDocument(const Key& key, const PartDocument& document) const override { return Note("CanPreviewDocument"), m_product.CanPreviewDocument(key, document); }
+    bool CanPreviewDocument(const Key& key, const PartDocument& document) const override { return Note("CanPreviewDocument"), canPreview ? canPreview(document) : m_product.CanPreviewDocument(key, document); }
     bool CanChangeDocumentSource(const Key& key, const PartDocument& document) const override { return Note("CanChangeDocumentSource"), m_product.CanChangeDocumentSource(key, document); }
     Changes SetDocumentSource(const Key& key, const PartDocument& document) override { return Note("SetDocumentSource"), m_product.SetDocumentSource(key, document); }
     Changes ClearDocumentSource(const Key& key, const PartDocument& document) override { return Note("ClearDocumentSource"), m_product.ClearDocumentSource(key, document); }
