@@ -5,6 +5,7 @@
 #include "host/frame/FeatureTrees.h"
 #include "host/frame/PopupMenus.h"
 #include "platform/product/answers/MemoryProduct.h"
+#include "platform/product/model/AssemblyLevels.h"
 #include "platform/services/UserDecisions.h"
 #include "platform/services/UserPopupMenus.h"
 #include "platform/view/HostFrame.h"
@@ -584,8 +585,12 @@ void World::NoteSource(const PanelStep& step) {
 
 void World::EnterLevel(const PanelStep& step) {
     const ProductModel& model = Data().GetModel();
-    if (!model.assemblies.empty())
-        Data().EnterLevel({Pick(model.assemblies, step.a).object, step.b % 3 == 0});
+    if (model.assemblies.empty())
+        return;
+    // One that has gone is kept for undo, and nobody gets there.
+    const UniqueMetaObjectKey assembly = Pick(model.assemblies, step.a).object;
+    if (IsInProduct(model, assembly))
+        Data().EnterLevel({assembly, step.b % 3 == 0});
     m_active->frame.GetTree().Synchronize();
 }
 
