@@ -9,6 +9,18 @@
 
 namespace desktop {
 
+namespace {
+
+/// The row of the product itself names no object.
+UniqueMetaObjectKey KeyOf(const platform::TreeTableRow& row, const Session& session) {
+    if (&row == session.GetView().GetRoot())
+        return session.GetProduct().GetRootKey();
+    const productTree::ProductTreeItemData* const data = row.GetData();
+    return data ? data->GetObjectKey() : UniqueMetaObjectKey();
+}
+
+} // namespace
+
 platform::DocumentBox* Session::GetDocumentBox() const {
     return m_frame->GetDocumentBox();
 }
@@ -16,9 +28,7 @@ platform::DocumentBox* Session::GetDocumentBox() const {
 // As the panel has it: the documents are those of the one selected row.
 UniqueMetaObjectKey Session::FindListedObject() const {
     const auto selected = GetView().GetSelectedRows();
-    const productTree::ProductTreeItemData* const data =
-        selected.size() == 1 ? selected.front()->GetData() : nullptr;
-    return data ? data->GetObjectKey() : UniqueMetaObjectKey();
+    return selected.size() == 1 ? KeyOf(*selected.front(), *this) : UniqueMetaObjectKey();
 }
 
 std::wstring Session::FindDocumentPath(const std::wstring& file) const {
@@ -36,10 +46,8 @@ StepPart Session::FindDocumentPart(const std::wstring& file) const {
 
 StepPart Session::FindStepPart(const platform::TreeTableRow& row) const {
     const productTree::ProductTreeItemData* const data = row.GetData();
-    if (!data)
-        return {};
-    if (!data->IsGroup())
-        return FindStepPart(data->GetObjectKey());
+    if (!data || !data->IsGroup())
+        return FindStepPart(KeyOf(row, *this));
     StepPart part;
     for (const UniqueMetaObjectKey& member : data->GetAllKeys()) {
         StepPart other = FindStepPart(member);

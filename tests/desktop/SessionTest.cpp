@@ -129,10 +129,10 @@ TEST_F(SessionTest, AnImportedPartIsNamedAsItsFileKnowsIt) {
     const auto import = [&](const char* key, const wchar_t* id, const wchar_t* name) {
         auto& object = document.model.objects[key == std::string("pin") ? 1 : 0];
         object.source = platform::SourceProduct{SharedText(id), SharedText(name), {}, {}};
-        object.documents.resize(1);
-        object.documents[0].file = (m_folder / "note.step").string();
+        object.documents.emplace_back().file = (m_folder / "note.step").string();
     };
     document.model.source = platform::SourceFile{step, {}, "GBK", {}};
+    document.model.root.source = platform::SourceProduct{SharedText(L"G-1"), {}, {}, {}};
     import("case", L"C-1", L"case");
     import("pin", L"P-1", L"pin");
     const platform::ProductModel file = document.model;
@@ -146,6 +146,13 @@ TEST_F(SessionTest, AnImportedPartIsNamedAsItsFileKnowsIt) {
     session.GetView().SelectByUser({&housing}, &housing);
     EXPECT_EQ(session.FindDocumentPart(L"gear.step"), part);
     EXPECT_TRUE(session.FindDocumentPart(L"note.step").IsEmpty()) << "it was attached by hand";
+    platform::TreeTableRow& root = *session.GetView().GetRoot();
+    EXPECT_EQ(session.FindStepPart(root).id, L"G-1");
+    session.GetView().SelectByUser({&root}, &root);
+    EXPECT_EQ(session.FindDocumentPath(L"gear.step"), std::wstring(step.begin(), step.end()));
+    std::ofstream(m_folder / "all.txt") << "all";
+    session.AddDocuments({m_folder / "all.txt"});
+    EXPECT_FALSE(session.FindDocumentPath(L"all.txt").empty());
 
     platform::ProductModel twins = file;
     twins.objects[1].source = twins.objects[0].source;
