@@ -263,9 +263,12 @@ void PanelTree::OnExpanded(const QModelIndex& index, bool expanded) {
 void PanelTree::OnSelectionChanged() {
     if (m_isFollowing)
         return;
+    // The selection model's own list of rows asks all ranges about each row.
     std::vector<TreeTableRow*> rows;
-    for (const QModelIndex& index : selectionModel()->selectedRows())
-        rows.push_back(&TreeItemModel::RowOf(index));
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(&TreeItemModel::RowOf(m_model->index(row, 0, range.parent())));
+    }
     const QModelIndex current = currentIndex();
     if (current.isValid())
         m_currentColumn = current.column();
