@@ -204,6 +204,9 @@ platform::ProductLevel Session::GetHome() const {
 }
 
 SharedText Session::NameOf(const UniqueMetaObjectKey& assembly) const {
+    // No object is looked for that can't be there: this is asked at each key.
+    if (assembly.IsEmpty())
+        return {};
     const platform::ProductModel& model = m_product->GetModel();
     if (model.root.key == assembly)
         return TitleOf(model.root);

@@ -275,6 +275,8 @@ void MainWindow::Show(std::unique_ptr<Session> session) {
     m_session->SetSourceDesk(&m_sourceDesk);
     m_watchedSource.clear();
     m_model = std::make_unique<TreeItemModel>(m_session->GetView());
+    m_rowCount.reset();
+    connect(m_model.get(), &TreeItemModel::modelReset, this, [this] { m_rowCount.reset(); });
     connect(m_model.get(), &TreeItemModel::PanelChanged, this, &MainWindow::ShowCaption);
     connect(m_model.get(), &TreeItemModel::RowStatesChanged, this, &MainWindow::ShowCounts);
     connect(m_model.get(), &TreeItemModel::Changed, this, &MainWindow::ShowState);
@@ -345,7 +347,10 @@ void MainWindow::ShowCaption() {
 
 void MainWindow::ShowCounts() {
     const platform::TreeTableRow* root = m_session->GetView().GetRoot();
-    QString text = CountText(root ? CountRows(*root) : 0, "row", "rows");
+    // The user waits for it at each key that moves along the rows.
+    if (!m_rowCount)
+        m_rowCount = root ? CountRows(*root) : 0;
+    QString text = CountText(*m_rowCount, "row", "rows");
     if (const std::size_t selected = m_session->GetView().GetSelectedRows().size())
         text += QStringLiteral(", %1 selected").arg(selected);
     m_counts->setText(text);

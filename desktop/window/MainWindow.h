@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -177,6 +178,8 @@ private:
     FileWatch m_watch;
     FileWatch m_sourceWatch;
     std::filesystem::path m_watchedSource;
+    /// No value when rows have come or gone since they were counted.
+    std::optional<std::size_t> m_rowCount;
     /// Why the last input, or some of it, was not taken.
     QString m_refusal;
     /// What the status line says of the highlight.
