@@ -49,7 +49,7 @@ double GetProcessorTime();
 template <class Work>
 void Measure(benchmark::State& state, const Work& work) {
     std::size_t allocations = 0;
-    std::size_t bytes = 0;
+    double bytes = 0;
     CoolCaches();
     for (auto _ : state) {
         const std::size_t before = GetAllocationCount();
@@ -58,14 +58,14 @@ void Measure(benchmark::State& state, const Work& work) {
         state.SetIterationTime(GetProcessorTime() - begin);
         allocations += GetAllocationCount() - before;
         benchmark::DoNotOptimize(result);
-        const std::size_t held = GetLiveBytes();
+        const auto held = static_cast<double>(GetLiveBytes());
         Drop(std::move(result));
-        bytes += held - GetLiveBytes();
+        bytes += held - static_cast<double>(GetLiveBytes());
         CoolCaches();
     }
     const auto runs = static_cast<double>(state.iterations() * state.range(0));
     state.counters["allocations"] = static_cast<double>(allocations) / runs;
-    state.counters["bytes"] = static_cast<double>(bytes) / runs;
+    state.counters["bytes"] = bytes / runs;
 }
 
 } // namespace bench

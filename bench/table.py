@@ -41,7 +41,14 @@ GROWTHS = {
     "Refresh": 12,
     "Store": 13,
     "Restore": 13,
+    "WindowKey": 1.5,
+    "WindowUndo": 1.5,
+    "WindowPageDown": 1.5,
+    "WindowCursorDown": 1.5,
 }
+
+# of 100,000 rows, what the user waits for: title, work, bar in milliseconds
+WAITS = (("key to repaint", "WindowKey", 16),)
 
 # by name: how many a row; a hundredth of one leaves room for a few a run
 ALLOCATIONS = {
@@ -124,6 +131,9 @@ def print_ratios(run):
         print("\nof a million rows, against 100,000")
         for title, work, bar in LARGE_RATIOS:
             print_ratio(title, run.get(work, HUGE, "ms") / run.get(work, LARGE, "ms"), bar)
+    print(f"\n{'in a window with 100,000 rows':48}{'ms':>6}")
+    for title, work, bar in WAITS:
+        print_ratio(title, run.get(work, LARGE, "ms"), bar)
     print("\nof a group of 10,000 members")
     for title, work, yardstick, bar in GROUP_RATIOS:
         print_ratio(title, run.ratio("ms", work, yardstick, 10_000), bar)
