@@ -3,6 +3,7 @@
 #include "items/ProductTreeItemData.h"
 #include "platform/values/Utf8.h"
 #include "platform/view/HostFrame.h"
+#include "platform/view/TreeTableView.h"
 
 #include <algorithm>
 #include <utility>
@@ -28,7 +29,9 @@ platform::DocumentBox* Session::GetDocumentBox() const {
 // As the panel has it: the documents are those of the one selected row.
 UniqueMetaObjectKey Session::FindListedObject() const {
     const auto selected = GetView().GetSelectedRows();
-    return selected.size() == 1 ? KeyOf(*selected.front(), *this) : UniqueMetaObjectKey();
+    return selected.size() == 1
+               ? KeyOf(static_cast<const platform::TreeTableRow&>(*selected.front()), *this)
+               : UniqueMetaObjectKey();
 }
 
 std::wstring Session::FindDocumentPath(const std::wstring& file) const {
