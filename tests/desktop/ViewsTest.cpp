@@ -3,14 +3,11 @@
 #include "desktop/Session.h"
 #include "desktop/store/ProductFile.h"
 #include "platform/services/UserDecisions.h"
-#include "platform/view/HostFrame.h"
+#include "platform/view/TreeTableView.h"
 #include "tests/support/ProductBuilder.h"
 #include "tests/support/ViewDump.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
-#include <random>
 
 namespace {
 
@@ -59,13 +56,6 @@ protected:
     }
     static void Select(const Session& session, std::vector<TreeTableRow*> rows) {
         session.GetView().SelectByUser(rows, rows.empty() ? nullptr : rows.front());
-    }
-
-    /// The product as it would be saved, at the level that the view shows.
-    static std::shared_ptr<platform::MemoryProduct> MakeFresh(const Session& session) {
-        auto fresh = std::make_shared<platform::MemoryProduct>(session.GetProduct().MakeSaved());
-        EXPECT_TRUE(!fresh->HasLevels() || fresh->EnterLevel(session.GetLevel()));
-        return fresh;
     }
 
     std::unique_ptr<Session> m_first;
@@ -120,40 +110,6 @@ TEST_F(ViewsTest, StandAtLevelsOfTheirOwn) {
     EXPECT_EQ(Second(), "Car [Seat | Wheel]") << "its assembly is gone";
     EXPECT_EQ(m_second->GetWay().size(), 1U);
     m_first->SetDecisions(nullptr);
-}
-
-TEST_F(ViewsTest, ShowWhatAFreshPanelShowsWhateverHasHappened) {
-    platform::ScriptedDecisions decisions;
-    for (Session* const view : {m_first.get(), m_second.get()})
-        view->SetDecisions(&decisions);
-    std::mt19937 random(5);
-    for (int step = 0; step < 600; ++step) {
-        Session& view = random() % 2 ? *m_first : *m_second;
-        TreeTableRow& root = *view.GetView().GetRoot();
-        const std::size_t count = root.GetChildCount();
-        TreeTableRow& row = count == 0 ? root : root.GetChildRow(random() % count);
-        const std::function<void()> actions[] = {
-            [&] { view.GetView().EditCellByUser(row, L"comment", SharedText(std::to_wstring(random() % 3))); },
-            [&] { view.GetView().EditNameByUser(row, SharedText(L"n" + std::to_wstring(random() % 4))); },
-            [&] { Select(view, {&row}); },
-            [&] { view.OpenAssembly(row); },
-            [&] { view.GoBack(0); },
-            [&] { view.ShowAllParts(random() % 2); },
-            [&] { view.GetView().RunCommandByUser(7745); },
-            [&] { view.GetView().RunCommandByUser(7766); },
-            [&] { decisions.AnswerNext(0), Select(view, {&row}), view.GetView().RunCommandByUser(7746); },
-            [&] { view.Undo(); },
-            [&] { view.Undo(); },
-            [&] { view.Redo(); },
-        };
-        actions[random() % std::size(actions)]();
-        for (const Session* const shown : {m_first.get(), m_second.get()}) {
-            const platform::HostFrame fresh(MakeFresh(*shown));
-            ASSERT_EQ(Dump(shown->GetView()), Dump(fresh.GetView())) << "step " << step;
-        }
-    }
-    m_first->SetDecisions(nullptr);
-    m_second->SetDecisions(nullptr);
 }
 
 } // namespace

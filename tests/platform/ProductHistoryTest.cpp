@@ -215,28 +215,6 @@ void DoSomething(MemoryProduct& product, platform::ScriptedDecisions& decisions)
     product.CommitChanges(changes);
 }
 
-/// What the panel reads, from a product that was changed and from one made of its model.
-void CheckAgainstFresh(const MemoryProduct& product) {
-    const MemoryProduct fresh(product.GetModel());
-    RC_ASSERT(fresh.GetModel() == product.GetModel());
-    const auto fault = platform::ValidateModel(product.GetModel());
-    RC_ASSERT(!fault);
-    for (const char* const key : {"root", "a", "a#1", "b#1", "c", "c#1", "raw", "bar", "d"}) {
-        for (const wchar_t* const path : {L"name", L"note", L"mass", L"comment", L"zone"}) {
-            const PropertyRef ref = Ref(key, path);
-            RC_ASSERT(fresh.GetValue(ref) == product.GetValue(ref));
-            RC_ASSERT(fresh.GetBySource(ref) == product.GetBySource(ref));
-            RC_ASSERT(fresh.IsHypertext(ref) == product.IsHypertext(ref));
-        }
-    }
-    const auto places = [](const MemoryProduct& shown) {
-        std::vector<UniqueMetaObjectKey> keys =
-            shown.GetAggregator().GetMetaData().GetOrderedPartsOfKinds({4, 5, 6, 7});
-        return keys;
-    };
-    RC_ASSERT(places(fresh) == places(product));
-}
-
 RC_GTEST_PROP(ProductHistory, LeadsBackAndForthThroughTheSameStates, ()) {
     const auto product = Tangle().Make();
     platform::ScriptedDecisions decisions;
@@ -250,20 +228,18 @@ RC_GTEST_PROP(ProductHistory, LeadsBackAndForthThroughTheSameStates, ()) {
             RC_ASSERT(product->GetModel() == states.back());
         else
             states.push_back(product->GetModel());
-        CheckAgainstFresh(*product);
+        RC_ASSERT(!platform::ValidateModel(product->GetModel()));
     }
     for (std::size_t i = states.size() - 1; i > 0; --i) {
         RC_ASSERT(product->IsModified());
         product->Undo();
         RC_ASSERT(product->GetModel() == states[i - 1]);
-        CheckAgainstFresh(*product);
     }
     RC_ASSERT(!product->CanUndo());
     RC_ASSERT(!product->IsModified());
     for (std::size_t i = 1; i < states.size(); ++i) {
         product->Redo();
         RC_ASSERT(product->GetModel() == states[i]);
-        CheckAgainstFresh(*product);
     }
     RC_ASSERT(!product->CanRedo());
 }

@@ -10,29 +10,6 @@
 
 namespace {
 
-class AppWithoutWindow final : public IGuiApp {
-public:
-    ITreeModelProvider* GetTreeModelProvider() override { return nullptr; }
-    IQuestionBox* GetQuestionBox() override { return nullptr; }
-    IGuiWindow* GetMainWindow() override { return nullptr; }
-};
-
-TEST(Services, AScriptAnswersInItsOrderAndThenNoMore) {
-    platform::ScriptedDecisions decisions;
-    decisions.AnswerNext(1);
-    decisions.AnswerNext(std::nullopt);
-    decisions.ChooseNext("gear.step");
-    EXPECT_EQ(decisions.Ask({L"Delete", L"All?", {L"Yes", L"No"}}), 1U);
-    EXPECT_EQ(decisions.Ask({}), std::nullopt);
-    EXPECT_EQ(decisions.Ask({}), std::nullopt);
-    EXPECT_EQ(decisions.ChooseFile({}), "gear.step");
-    EXPECT_EQ(decisions.ChooseFile({}), std::nullopt);
-    decisions.Tell(L"Title", L"Done");
-    EXPECT_EQ(decisions.GetQuestions().size(), 3U);
-    EXPECT_EQ(decisions.GetQuestions().front().buttons.back().Str(), L"No");
-    EXPECT_EQ(decisions.GetMessages().front().Str(), L"Done");
-}
-
 TEST(Services, AQuestionIsAgreedToByItsFirstButtonOnly) {
     platform::ScriptedDecisions decisions;
     platform::DecisionsQuestionBox box(decisions);
