@@ -1,6 +1,6 @@
 #include "bench/BenchProduct.h"
 
-#include "tests/support/GeneratedProduct.h"
+#include "bench/GeneratedProduct.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -13,7 +13,7 @@ std::shared_ptr<platform::MemoryProduct> GetProduct(std::size_t occurrences) {
     static std::map<std::size_t, std::shared_ptr<platform::MemoryProduct>> products;
     auto& product = products[occurrences];
     if (!product)
-        product = std::make_shared<platform::MemoryProduct>(support::GenerateProduct(occurrences));
+        product = std::make_shared<platform::MemoryProduct>(bench::GenerateProduct(occurrences));
     return product;
 }
 

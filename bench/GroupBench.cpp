@@ -2,10 +2,10 @@
 // group against a refresh.
 
 #include "bench/BenchProduct.h"
+#include "bench/GeneratedProduct.h"
 #include "host/frame/FeatureTrees.h"
 #include "items/ProductTreeItemImpl.h"
 #include "platform/view/HostFrame.h"
-#include "tests/support/GeneratedProduct.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ template <class Product = platform::MemoryProduct>
 struct Groups {
     explicit Groups(const benchmark::State& state)
         : members(static_cast<std::size_t>(state.range(0))),
-          product(std::make_shared<Product>(support::GenerateProduct(2 * members, members))),
+          product(std::make_shared<Product>(bench::GenerateProduct(2 * members, members))),
           frame(product), row(*FindRowWith(*frame.GetView().GetRoot(), members)) {}
 
     std::size_t members;

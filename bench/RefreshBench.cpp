@@ -2,10 +2,10 @@
 // nothing but what has.
 
 #include "bench/BenchProduct.h"
+#include "bench/GeneratedProduct.h"
 #include "host/data/ProductInfObjChangesResult.h"
 #include "host/frame/FeatureTrees.h"
 #include "platform/view/HostFrame.h"
-#include "tests/support/GeneratedProduct.h"
 
 #include <algorithm>
 #include <utility>
@@ -50,7 +50,7 @@ private:
 
 void Refresh(benchmark::State& state) {
     const HostFrame frame(
-        std::make_shared<bench::UntellingProduct>(support::GenerateProduct(GetSize(state))));
+        std::make_shared<bench::UntellingProduct>(bench::GenerateProduct(GetSize(state))));
     Listener listener(frame.GetView());
     Measure(state, [&] {
         frame.GetTree().Refresh();

@@ -2,11 +2,11 @@
 // to the picture that shows what has come of it. Drawn without a display.
 
 #include "bench/BenchProduct.h"
+#include "bench/GeneratedProduct.h"
 #include "desktop/Session.h"
 #include "desktop/tree/PanelTree.h"
 #include "desktop/tree/TreeItemModel.h"
 #include "desktop/window/MainWindow.h"
-#include "tests/support/GeneratedProduct.h"
 
 #include <QAction>
 #include <QApplication>
@@ -135,7 +135,7 @@ template <class Work, class IsDone, class Undo>
 void MeasureInWindow(benchmark::State& state, const Work& work, const IsDone& isDone,
                      const Undo& undo) {
     MakeApplication();
-    const Window window(support::GenerateProduct(GetSize(state)));
+    const Window window(bench::GenerateProduct(GetSize(state)));
     TreeTableRow& row = window.GoToMiddle();
     bool isAlwaysDone = true;
     Measure(state, [&] {
@@ -160,7 +160,7 @@ void Type(const Window& window, const QString& letter) {
 // Once a process: what is moved into the window is not there a second time.
 void WindowOpen(benchmark::State& state) {
     MakeApplication();
-    platform::ProductModel model = support::GenerateProduct(GetSize(state));
+    platform::ProductModel model = bench::GenerateProduct(GetSize(state));
     bool isPainted = true;
     Measure(state, [&] {
         auto window = std::make_unique<Window>(std::move(model));

@@ -1,6 +1,5 @@
 #include "platform/product/model/ValueFitting.h"
 #include "tests/platform/AllocationCounter.h"
-#include "tests/support/GeneratedProduct.h"
 #include "tests/support/ProductBuilder.h"
 
 #include <boost/property_tree/ptree.hpp>
@@ -244,8 +243,11 @@ TEST(ProductChanges, NeedOtherRowsOnlyWhenRowsDependOnThem) {
     }
 }
 
-std::size_t CountAllocations(std::size_t occurrences, const wchar_t* path) {
-    MemoryProduct product(support::GenerateProduct(occurrences));
+std::size_t CountAllocations(int objects, const wchar_t* path) {
+    Product builder;
+    for (int i = 0; i < objects; ++i)
+        builder.Object(std::to_string(i), L"part", L"AB." + std::to_wstring(i / 8)).Uses();
+    MemoryProduct product(builder);
     std::vector<UniqueMetaObjectKey> keys;
     for (std::size_t i = 0; i < 100; ++i)
         keys.push_back(product.GetModel().objects[i].key);

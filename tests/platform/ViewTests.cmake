@@ -5,7 +5,6 @@ add_executable(viewTests
     ViewChangesTest.cpp
     ViewColumnsTest.cpp
     ViewEditsTest.cpp
-    ViewFrameTest.cpp
     ViewPrintTest.cpp
     ViewRowsTest.cpp)
 target_link_libraries(viewTests PRIVATE

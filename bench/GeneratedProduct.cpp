@@ -1,4 +1,4 @@
-#include "tests/support/GeneratedProduct.h"
+#include "bench/GeneratedProduct.h"
 
 #include "host/ProductProperties.h"
 
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-namespace support {
+namespace bench {
 
 namespace {
 
@@ -24,14 +24,18 @@ constexpr unsigned long c_isPurchased = 1002;
 constexpr unsigned long c_finish = 1003;
 
 constexpr std::array c_names = std::to_array<const wchar_t*>(
-    {L"Cover plate", L"Bearing housing", L"Hexagon bolt M8x", L"Spacer ring", L"Drive shaft", L"Retaining plate",
-     L"Gear wheel z", L"Mounting bracket", L"Pressure spring", L"Sealing ring 120x"});
-constexpr std::array c_materials = std::to_array<const wchar_t*>(
-    {L"Steel C45 EN 10083-2", L"Aluminium EN AW-6082 T6", L"Cast iron EN-GJL-250", L"Polyamide PA 6-GF30"});
+    {L"Cover plate", L"Bearing housing", L"Hexagon bolt M8x", L"Spacer ring", L"Drive shaft",
+     L"Retaining plate", L"Gear wheel z", L"Mounting bracket", L"Pressure spring",
+     L"Sealing ring 120x"});
+constexpr std::array c_materials =
+    std::to_array<const wchar_t*>({L"Steel C45 EN 10083-2", L"Aluminium EN AW-6082 T6",
+                                   L"Cast iron EN-GJL-250", L"Polyamide PA 6-GF30"});
 constexpr std::array c_formats = std::to_array<const wchar_t*>({L"A4", L"A3", L"A2", L"A1"});
-constexpr std::array c_authors = std::to_array<const wchar_t*>({L"K. Lindqvist", L"M. Okafor", L"S. Haruki"});
+constexpr std::array c_authors =
+    std::to_array<const wchar_t*>({L"K. Lindqvist", L"M. Okafor", L"S. Haruki"});
 
-constexpr std::array c_finishes = std::to_array<const wchar_t*>({L"Blank", L"Painted", L"Hot-dip galvanised"});
+constexpr std::array c_finishes =
+    std::to_array<const wchar_t*>({L"Blank", L"Painted", L"Hot-dip galvanised"});
 
 /// A generator of our own, since those of the standard library differ between machines where their
 /// distributions do.
@@ -64,7 +68,9 @@ struct CommonTexts {
     std::vector<SharedText> finishes = Share(c_finishes);
 };
 
-int SectionNumber(std::size_t section) { return static_cast<int>(section + 1) * 5; }
+int SectionNumber(std::size_t section) {
+    return static_cast<int>(section + 1) * 5;
+}
 
 platform::StyleRecord MakeStyle() {
     platform::StyleRecord style;
@@ -91,8 +97,8 @@ public:
         : m_model(model), m_group(group) {
         const std::size_t kind = random.Next(c_names.size());
         m_name = c_names[kind] + std::to_wstring(10 + random.Next(190));
-        m_designation = L"AB." + std::to_wstring(100 + group / 1000) + L"." + std::to_wstring(10 + random.Next(90)) +
-                        L"." + std::to_wstring(group);
+        m_designation = L"AB." + std::to_wstring(100 + group / 1000) + L"." +
+                        std::to_wstring(10 + random.Next(90)) + L"." + std::to_wstring(group);
         m_section.numbers[0] = SectionNumber(group % c_sections);
         m_section.name = L"Section " + std::to_wstring(m_section.numbers[0]);
         MakeValues(random, texts);
@@ -135,7 +141,8 @@ private:
         m_values.emplace_back(c_coating, PropValue(SimplePropVal(texts.coating)));
         m_values.emplace_back(c_spareMass, PropValue(SimplePropVal(mass / 2)));
         m_values.emplace_back(c_isPurchased, PropValue(SimplePropVal(random.Next(2) == 0)));
-        m_values.emplace_back(c_finish, PropValue(SimplePropVal(texts.finishes[random.Next(texts.finishes.size())])));
+        m_values.emplace_back(
+            c_finish, PropValue(SimplePropVal(texts.finishes[random.Next(texts.finishes.size())])));
         Add(L"zoneCount", SimplePropVal(static_cast<int>(1 + random.Next(4))));
         Add(L"productCode", SimplePropVal(SharedText(L"PC-" + std::to_wstring(m_group))));
         Add(L"comment", SimplePropVal(texts.comment));
@@ -167,8 +174,9 @@ void SetColumns(ProductModel& model) {
         finish.list.emplace_back(item);
     model.properties.push_back(finish);
 
-    for (const wchar_t* const path : {L"format", L"zone", L"note", L"author", L"organization", L"sheetsNumber",
-                                      L"zoneCount", L"productCode", L"comment", L"location"})
+    for (const wchar_t* const path :
+         {L"format", L"zone", L"note", L"author", L"organization", L"sheetsNumber", L"zoneCount",
+          L"productCode", L"comment", L"location"})
         model.visibleProperties.push_back(ProductProperties::GetPropId(path));
     for (const unsigned long number : {c_coating, c_spareMass, c_isPurchased, c_finish})
         model.visibleProperties.push_back(number);
@@ -209,4 +217,4 @@ ProductModel GenerateProduct(std::size_t occurrences, std::size_t perGroup) {
     return model;
 }
 
-} // namespace support
+} // namespace bench

@@ -1,11 +1,11 @@
-// Large products for the benchmark and for tests of cost, the same at every run.
+// Large products, the same at every run.
 #pragma once
 
 #include "platform/product/model/ProductModel.h"
 
 #include <cstddef>
 
-namespace support {
+namespace bench {
 
 /// A product of that many occurrences, `perGroup` of them in each group: one half of the groups are
 /// objects with that many uses, the other half, the second among them, as many like objects with
@@ -14,4 +14,4 @@ namespace support {
 /// user's own, with a value in most rows.
 platform::ProductModel GenerateProduct(std::size_t occurrences, std::size_t perGroup = 8);
 
-} // namespace support
+} // namespace bench
